@@ -1,0 +1,135 @@
+#include "edit/ConstructionEntry.h"
+
+#include "calc/CavityTypes.h"
+#include "calc/LayerList.h"
+#include "edit/ConstructionSlots.h"
+#include "edit/LayerClipboard.h"
+#include "text/Numbers.h"
+#include "text/RuntimeError.h"
+
+#include <algorithm>
+
+namespace strativo {
+
+namespace {
+
+bool IsLikelyThickness(const Layer& layer, double value, Desktop& desktop) {
+    if (value < 1 && layer.conductivity != resistanceCavity) {
+        desktop.ShowMessage({"Thickness is set to less than 1", "Thickness error"});
+        return false;
+    }
+    return value <= 1000
+           || desktop.ShowMessage(
+                  YesNoQuestion("Thickness is Greater than 1m, do you want this value",
+                                "Thickness warning", Answer::no))
+                  == Answer::yes;
+}
+
+/// The number typed, as a 32-bit float. One that does not fit is reported, and refused.
+bool TypedNumber(std::string_view text, float& value, Desktop& desktop) {
+    try {
+        value = ToSingle(LeadingNumber(text));
+        return true;
+    } catch (const RuntimeError& error) {
+        desktop.ShowMessage({error.what(), ""});
+        return false;
+    }
+}
+
+/// The construction with a current layer to write to, its slots closed up; null without layers.
+Construction* WithCurrentLayer(Project& project, int number) {
+    if (!InUse(project, number))
+        return nullptr;
+    Construction& construction = project.constructions[number];
+    CloseUpLayers(construction);
+    const int lines = LayerCount(construction);
+    if (lines == 0)
+        return nullptr;
+    construction.currentLayer =
+        static_cast<std::int16_t>(std::clamp<int>(construction.currentLayer, 1, lines));
+    return &construction;
+}
+
+void AdvanceToNextLayer(Construction& construction) {
+    ClearMarks(construction);
+    if (construction.currentLayer >= LayerCount(construction))
+        return;
+    ++construction.currentLayer;
+    construction.layers.Edit(construction.currentLayer).selected = true;
+    RestoreThickness(construction);
+}
+
+} // namespace
+
+EntryResult EnterThickness(Project& project, int number, std::string_view text, Desktop& desktop) {
+    Construction* construction = WithCurrentLayer(project, number);
+    if (construction == nullptr)
+        return EntryResult::nothing;
+    float value = 0;
+    if (!TypedNumber(text, value, desktop))
+        return EntryResult::refused;
+    if (!IsLikelyThickness(construction->layers[construction->currentLayer], value, desktop))
+        return EntryResult::refused;
+    construction->layers.Edit(construction->currentLayer).thickness = value;
+    project.changed = true;
+    construction->window.edited = true;
+    RestoreThickness(*construction);
+    AdvanceToNextLayer(*construction);
+    RefreshLayerList(project, number, desktop);
+    return EntryResult::accepted;
+}
+
+EntryResult EnterAbsorption(Project& project, int number, std::string_view text, Desktop& desktop) {
+    Construction* construction = WithCurrentLayer(project, number);
+    if (construction == nullptr)
+        return EntryResult::nothing;
+    float value = 0;
+    if (!TypedNumber(text, value, desktop))
+        return EntryResult::refused;
+    construction->layers.Edit(construction->currentLayer).absorption = value;
+    return EntryResult::accepted;
+}
+
+void EnterName(Project& project, int number, std::string_view text) {
+    project.constructions[number].name = CleanEntry(text);
+}
+
+void ChangeType(Project& project, int number, int typeIndex) {
+    project.constructions[number].type = static_cast<std::int16_t>(typeIndex);
+}
+
+void SelectLine(Project& project, int number, int line, const std::vector<bool>& marks) {
+    Construction& construction = project.constructions[number];
+    CloseUpLayers(construction);
+    const int lines = LayerCount(construction);
+    construction.currentLayer = static_cast<std::int16_t>(std::clamp(line + 1, 0, lines));
+    for (int layer = 1; layer <= lines; ++layer) {
+        const auto index = static_cast<std::size_t>(layer) - 1;
+        construction.layers.Edit(layer).selected = index < marks.size() && marks[index];
+    }
+    RestoreThickness(construction);
+}
+
+void RestoreThickness(Construction& construction) {
+    const int current = construction.currentLayer;
+    const double thickness = current > 0 ? construction.layers[current].thickness : 0;
+    if (thickness >= 0)
+        construction.window.shownThickness = thickness;
+}
+
+std::string CleanEntry(std::string_view text) {
+    constexpr unsigned char deleteCharacter = 127;
+    std::string clean(text);
+    for (char& c : clean) {
+        const auto code = static_cast<unsigned char>(c);
+        if (code < 32 || code == deleteCharacter)
+            c = ' ';
+    }
+    return clean;
+}
+
+bool StartsThicknessEntry(std::string_view keyText) {
+    return keyText.size() == 1 && ((keyText[0] >= '0' && keyText[0] <= '9') || keyText[0] == '.');
+}
+
+} // namespace strativo

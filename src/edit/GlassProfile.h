@@ -1,0 +1,76 @@
+#pragma once
+
+#include "model/Project.h"
+#include "port/Desktop.h"
+
+#include <string>
+#include <string_view>
+
+namespace strativo {
+
+inline constexpr int profileColumns = 11;
+
+enum class GlassProperty { transmission = 1, absorption = 2 };
+
+/// The glass editor's working copy of a glass type; written back only when it is accepted. The
+/// selected column is the project's, since it outlives the editor.
+struct GlassProfile {
+    int glassType = 0; ///< number of the type being edited
+    std::string name;  ///< as it was when the editor opened
+    AngularValues transmission;
+    AngularValues absorption;
+    GlassProperty shown = GlassProperty::transmission;
+    double dragOffset = 0; ///< drawing units from the pointer to the dragged point
+
+    AngularValues& Shown() {
+        return shown == GlassProperty::transmission ? transmission : absorption;
+    }
+    const AngularValues& Shown() const {
+        return shown == GlassProperty::transmission ? transmission : absorption;
+    }
+};
+
+/// A working copy of the current glass type.
+GlassProfile OpenProfile(const Project& project);
+
+/// Where columns and values lie in a drawing area, in its drawing units from the top left corner.
+struct GraphGeometry {
+    double width = 0;
+    double height = 0;
+
+    double ColumnStep() const { return 0.8 * width / (profileColumns - 1); }
+    double ColumnX(int column) const { return column * ColumnStep(); }
+    double ValueY(double value) const { return height - value * height; }
+    /// The column whose point is nearest to x; may be 0 or beyond the last column.
+    int ColumnAt(double x) const;
+    double ValueAt(double y) const { return (height - y) / height; }
+};
+inline constexpr double markerRadius = 50; ///< drawing units (twips)
+
+/// Selects the column whose marker lies under the pointer and takes hold of it, or none.
+void PressGraph(Project& project, GlassProfile& profile, const GraphGeometry& graph, double x,
+                double y);
+/// Moves the value that was taken hold of.
+void DragGraph(Project& project, GlassProfile& profile, const GraphGeometry& graph, double y);
+
+enum class ProfileKey { pageUp, pageDown, up, down, home, end, left, right };
+/// Changes the selected value or selects another column; with none selected, only selects the
+/// diffuse column.
+void PressProfileKey(Project& project, GlassProfile& profile, ProfileKey key);
+
+/// Stores a typed value (limited to 0 to 1) in the selected column.
+void TypeValue(Project& project, GlassProfile& profile, std::string_view text);
+/// Selects the next column, as Enter does after a typed value.
+void SelectNextColumn(Project& project);
+
+/// The selected column in words; empty when none is selected.
+std::string ColumnText(const Project& project, const GlassProfile& profile);
+/// The selected column's value with three decimals; empty when none is selected.
+std::string LevelText(const Project& project, const GlassProfile& profile);
+
+/// Writes the profile back under the name given, unless that is empty or another type's: then a
+/// message says so and the editor stays open (false).
+bool AcceptProfile(Project& project, const GlassProfile& profile, std::string_view name,
+                   Desktop& desktop);
+
+} // namespace strativo

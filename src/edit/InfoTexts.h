@@ -1,0 +1,24 @@
+#pragma once
+
+#include "model/Project.h"
+
+#include <string>
+
+namespace strativo {
+
+/// The comment lines of a construction, each followed by a line feed and a carriage return.
+std::string CommentText(const Project& project, int number);
+
+inline constexpr char mainCaption[] = "Brevan Strativo V2.1";
+
+/// The windows whose source identification the About box can show, in its order.
+enum class ProgramWindow { selectMaterial, construction, mainWindow, glassTypes, glassProperties };
+
+/// Records the identification of a window's source, when the window is first loaded.
+void RecordSource(Project& project, ProgramWindow window);
+
+/// The six source identification lines, each followed by a carriage return; those of windows not
+/// loaded yet are empty.
+std::string SourceText(const Project& project);
+
+} // namespace strativo

@@ -1,0 +1,204 @@
+#include "edit/LayerClipboard.h"
+
+#include "calc/LayerList.h"
+#include "edit/ConstructionSlots.h"
+#include "text/Numbers.h"
+
+#include <algorithm>
+
+namespace strativo {
+
+namespace {
+
+/// The construction to act on, its slots closed up; null after a beep when there is none.
+Construction* EditedConstruction(Project& project, Desktop& desktop) {
+    if (!InUse(project, project.currentConstruction)) {
+        desktop.Beep();
+        return nullptr;
+    }
+    Construction& construction = project.constructions[project.currentConstruction];
+    CloseUpLayers(construction);
+    return &construction;
+}
+
+ClipEntry MaterialEntry(const Material& material, std::int16_t library) {
+    ClipEntry entry;
+    entry.name = material.name;
+    entry.materialCode = ToInteger(material.code);
+    entry.conductivity = ToSingle(material.conductivity);
+    entry.density = material.density;
+    entry.specificHeat = material.specificHeat;
+    entry.library = library;
+    return entry;
+}
+
+const Material* SelectedMaterial(const Project& project) {
+    const MaterialLibrary& library = Library(project, project.shownLibrary);
+    const int number = project.selectedMaterial;
+    return number >= 1 && number <= MaterialCount(library) ? &library[number] : nullptr;
+}
+
+/// Edit > Copy in the dialog: later entries and slot 1's absorption stay, and are pasted again.
+void CopyMaterial(Project& project) {
+    const Material* material = SelectedMaterial(project);
+    if (material == nullptr)
+        return;
+    ClipEntry entry = MaterialEntry(*material, project.shownLibrary);
+    entry.absorption = project.clipboard[1].absorption;
+    project.clipboard[1] = entry;
+    project.clipboard[2].name.clear();
+}
+
+void CopyMarkedLayers(const Construction& construction, LayerClipboard& clipboard) {
+    const int lines = LayerCount(construction);
+    if (construction.currentLayer == 0 || MarkedLayersUpTo(construction, lines) == 0)
+        return;
+    int slot = 1;
+    for (int layer = 1; layer <= lines; ++layer) {
+        if (!construction.layers[layer].selected)
+            continue;
+        clipboard[slot] = construction.layers[layer];
+        clipboard[slot++].selected = false;
+    }
+    for (; slot <= LayerClipboard::last; ++slot)
+        clipboard[slot].name.clear();
+}
+
+/// Marks exactly these layers.
+void MarkOnly(Construction& construction, int from, int to) {
+    ClearMarks(construction);
+    for (int layer = from; layer <= to; ++layer)
+        construction.layers.Edit(layer).selected = true;
+}
+
+void RemoveMarkedLayers(Construction& construction) {
+    LayerSlots& layers = construction.layers;
+    const int lines = LayerCount(construction);
+    int kept = 0;
+    for (int layer = 1; layer <= lines; ++layer) {
+        if (layers[layer].selected)
+            continue;
+        ++kept;
+        if (kept != layer)
+            layers.Edit(kept) = layers[layer];
+    }
+    if (kept < lines)
+        layers.ClearFrom(kept + 1);
+}
+
+void RefreshAndMarkChanged(Project& project, Desktop& desktop) {
+    RefreshLayerList(project, project.currentConstruction, desktop);
+    project.changed = true;
+}
+
+void DeleteMarked(Project& project, Construction& construction, Desktop& desktop) {
+    const std::int16_t focused = construction.currentLayer;
+    if (focused > 0) {
+        RemoveMarkedLayers(construction);
+        const auto left = static_cast<std::int16_t>(LayerCount(construction));
+        construction.currentLayer = std::min(focused, left);
+        MarkOnly(construction, construction.currentLayer, construction.currentLayer);
+    }
+    RefreshAndMarkChanged(project, desktop);
+}
+
+/// Opens a gap at the layer and puts the entry there.
+void InsertEntry(Project& project, Construction& construction, int lines, int at,
+                 const ClipEntry& entry) {
+    LayerSlots& layers = construction.layers;
+    for (int layer = lines + 1; layer > at; --layer)
+        layers.Edit(layer) = layers[layer - 1];
+    layers.Edit(at) = entry;
+    if (entry.library == userLibraryNumber)
+        project.userLibraryNeeded = true;
+}
+
+/// The construction to paste into; null after a beep when there is none or no room.
+Construction* PasteTarget(Project& project, Desktop& desktop) {
+    Construction* construction = EditedConstruction(project, desktop);
+    if (construction != nullptr && LayerCount(*construction) >= maxLayers) {
+        desktop.Beep();
+        return nullptr;
+    }
+    return construction;
+}
+
+} // namespace
+
+void CopyLayers(Project& project, Desktop& desktop) {
+    if (project.dialogActive)
+        CopyMaterial(project);
+    else if (const Construction* construction = EditedConstruction(project, desktop))
+        CopyMarkedLayers(*construction, project.clipboard);
+}
+
+void CutLayers(Project& project, Desktop& desktop) {
+    Construction* construction = EditedConstruction(project, desktop);
+    if (construction == nullptr || construction->currentLayer == 0)
+        return;
+    CopyMarkedLayers(*construction, project.clipboard);
+    DeleteMarked(project, *construction, desktop);
+}
+
+void DeleteLayers(Project& project, Desktop& desktop) {
+    if (Construction* construction = EditedConstruction(project, desktop))
+        DeleteMarked(project, *construction, desktop);
+}
+
+void PasteLayers(Project& project, Desktop& desktop) {
+    Construction* construction = PasteTarget(project, desktop);
+    if (construction == nullptr)
+        return;
+    int lines = LayerCount(*construction);
+    int current = std::min<int>(construction->currentLayer, lines);
+    const int before = current;
+    for (const ClipEntry& entry : project.clipboard)
+        if (!entry.name.empty() && lines < maxLayers)
+            InsertEntry(project, *construction, lines++, ++current, entry);
+    construction->currentLayer = static_cast<std::int16_t>(current);
+    MarkOnly(*construction, before + 1, current);
+    RefreshAndMarkChanged(project, desktop);
+}
+
+void PasteLayersBefore(Project& project, Desktop& desktop) {
+    Construction* construction = PasteTarget(project, desktop);
+    if (construction == nullptr)
+        return;
+    int lines = LayerCount(*construction);
+    const int before = lines;
+    const int at = std::clamp<int>(construction->currentLayer, 1, std::max(lines, 1));
+    for (int slot = LayerClipboard::last; slot >= LayerClipboard::first; --slot)
+        if (!project.clipboard[slot].name.empty() && lines < maxLayers)
+            InsertEntry(project, *construction, lines++, at, project.clipboard[slot]);
+    construction->currentLayer = static_cast<std::int16_t>(lines > 0 ? at : 0);
+    MarkOnly(*construction, at, at + lines - before - 1);
+    RefreshAndMarkChanged(project, desktop);
+}
+
+bool TakeMaterial(Project& project) {
+    const Material* material = SelectedMaterial(project);
+    if (material == nullptr)
+        return false;
+    const ClipEntry entry = MaterialEntry(*material, project.shownLibrary);
+    ClearClipboard(project.clipboard);
+    project.clipboard[1] = entry;
+    return true;
+}
+
+void ClearClipboard(LayerClipboard& clipboard) {
+    clipboard = LayerClipboard();
+}
+
+void ClearMarks(Construction& construction) {
+    for (int slot = 1; slot <= construction.layers.HighestUsed(); ++slot)
+        construction.layers.Edit(slot).selected = false;
+}
+
+int MarkedLayersUpTo(const Construction& construction, int layerNumber) {
+    int count = 0;
+    for (int layer = 1; layer <= layerNumber; ++layer)
+        count += construction.layers[layer].selected ? 1 : 0;
+    return count;
+}
+
+} // namespace strativo

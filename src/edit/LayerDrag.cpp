@@ -1,0 +1,81 @@
+#include "edit/LayerDrag.h"
+
+#include "calc/LayerList.h"
+#include "edit/ConstructionSlots.h"
+#include "edit/LayerClipboard.h"
+
+#include <algorithm>
+
+namespace strativo {
+
+namespace {
+
+/// Inserts the clipboard at the row and shows the target, without marks.
+void PasteAtRow(Project& project, int target, int row, Desktop& desktop) {
+    ActivateConstruction(project, target);
+    Construction& construction = project.constructions[target];
+    CloseUpLayers(construction);
+    const int lines = LayerCount(construction);
+    if (row >= lines) {
+        construction.currentLayer = static_cast<std::int16_t>(lines);
+        PasteLayers(project, desktop);
+    } else {
+        construction.currentLayer = static_cast<std::int16_t>(std::max(row, 0) + 1);
+        PasteLayersBefore(project, desktop);
+    }
+    ClearMarks(construction);
+    RefreshLayerList(project, target, desktop);
+    desktop.ActivateConstructionWindow(target);
+}
+
+bool HasRoomFor(const Construction& target, int layers) {
+    return LayerCount(target) + layers <= maxLayers;
+}
+
+} // namespace
+
+int VisibleRow(double y, double rowHeight, int visibleRows) {
+    return std::clamp(static_cast<int>(std::clamp(y / rowHeight, 0.0, 1000.0)), 0, visibleRows - 1);
+}
+
+bool StartLayerDrag(Project& project, int number, int line, bool copy) {
+    Construction& construction = project.constructions[number];
+    CloseUpLayers(construction);
+    if (line < 0 || line >= LayerCount(construction))
+        return false;
+    construction.layers.Edit(line + 1).selected = true;
+    construction.currentLayer = static_cast<std::int16_t>(line + 1);
+    project.drag = {number, copy};
+    return true;
+}
+
+void DropLayers(Project& project, int target, int row, Desktop& desktop) {
+    const LayerDrag drag = project.drag;
+    if (!InUse(project, drag.source) || !InUse(project, target))
+        return;
+    Construction& source = project.constructions[drag.source];
+    const int moved = MarkedLayersUpTo(source, LayerCount(source));
+    project.currentConstruction = drag.source;
+    if (moved == 0)
+        return;
+    const bool otherConstruction = target != drag.source;
+    if (drag.copy) {
+        CopyLayers(project, desktop);
+    } else if (otherConstruction && !HasRoomFor(project.constructions[target], moved)) {
+        CopyLayers(project, desktop);
+        desktop.Beep();
+        return;
+    } else {
+        const int above = MarkedLayersUpTo(source, std::min(row, LayerCount(source)));
+        CutLayers(project, desktop);
+        row -= otherConstruction ? 0 : above;
+    }
+    PasteAtRow(project, target, row, desktop);
+}
+
+void DropMaterial(Project& project, int target, int row, Desktop& desktop) {
+    if (InUse(project, target))
+        PasteAtRow(project, target, row, desktop);
+}
+
+} // namespace strativo

@@ -1,0 +1,282 @@
+#include "files/ConstructionParser.h"
+
+#include "calc/LayerList.h"
+#include "edit/GlassTypes.h"
+#include "files/GlassTables.h"
+#include "text/Lines.h"
+#include "text/Numbers.h"
+#include "text/RuntimeError.h"
+
+#include <cmath>
+#include <optional>
+
+namespace strativo {
+
+namespace {
+
+constexpr auto npos = std::string_view::npos;
+
+/// The text between the apostrophes; nothing when fewer than two characters follow the first one,
+/// so that an empty pair of them leaves what is stored as it is.
+std::optional<std::string> QuotedValue(std::string_view line) {
+    const auto open = line.find('\'');
+    if (open != npos && open + 2 >= line.size())
+        return std::nullopt;
+    return std::string(QuotedText(line));
+}
+
+enum class Section {
+    fileHead,
+    standardLibrary,
+    userLibrary,
+    construction,
+    glassType,
+    glassType2D,
+    none
+};
+
+class Parser {
+public:
+    Parser(std::string_view bytes, Project& target, Desktop& port, const CreateConstruction& create)
+        : total(bytes.size()), lines(bytes), project(target), desktop(port),
+          createConstruction(create) {}
+
+    ~Parser() { desktop.ShowProgress(total, total); }
+    Parser(const Parser&) = delete;
+    Parser& operator=(const Parser&) = delete;
+
+    ParsedFile Run() {
+        while (!lines.AtEnd() && !atEndMark) {
+            ReadLine();
+            ReportProgress();
+        }
+        return parsed;
+    }
+
+private:
+    void ReportProgress() {
+        constexpr unsigned linesBetweenReports = 4096;
+        if (++lineCount % linesBetweenReports == 0)
+            desktop.ShowProgress(lines.Position(), total);
+    }
+
+    void ReadLine() {
+        const std::string_view cleaned = CleanLine(lines.Next(), scratch);
+        const auto star = cleaned.find('*');
+        const std::string_view line = cleaned.substr(0, star);
+        if (line.empty())
+            return;
+        const bool keepsComment = Interpret(line);
+        if (star != npos && keepsComment)
+            KeepComment(std::string(cleaned.substr(star + 1)));
+    }
+
+    /// The first keyword found decides. False for a line whose comment is not kept.
+    bool Interpret(std::string_view line) {
+        const bool hasKeyword = Contains(line, "!");
+        if (hasKeyword && ReadKeyword(line))
+            return true;
+        if (constructionOpen && Contains(line, "_") && Contains(line, "=")) {
+            ParsePartLine(line, transparent, project, desktop);
+            return false;
+        }
+        if (hasKeyword && !Contains(line, "/") && !Contains(line, "}"))
+            ReadGlassKeyword(line);
+        return true;
+    }
+
+    bool ReadKeyword(std::string_view line) {
+        if (Contains(line, "!EOF"))
+            atEndMark = true;
+        else if (Contains(line, "!MATERIALS USER FILE"))
+            ReadUserLibraryLine(line);
+        else if (Contains(line, "!MATERIALS FILE"))
+            ReadStandardLibraryLine(line);
+        else if (Contains(line, "!CONSTRUCTION"))
+            ReadConstructionLine(line);
+        else if (Contains(line, "!TYPE"))
+            ReadTypeLine(line);
+        else if (Contains(line, "!END"))
+            ReadEndLine();
+        else
+            return false;
+        return true;
+    }
+
+    void ReadGlassKeyword(std::string_view line) {
+        if (Contains(line, "!WINDOW"))
+            ReadWindowLine(line);
+        else if (glassOpen)
+            ReadTable(AnnouncedTable(line));
+    }
+
+    void ReadUserLibraryLine(std::string_view line) {
+        if (auto path = QuotedValue(line))
+            project.userLibraryFile = *path;
+        parsed.userLineSeen = true;
+        section = Section::userLibrary;
+    }
+
+    void ReadStandardLibraryLine(std::string_view line) {
+        if (auto path = QuotedValue(line))
+            project.standardLibraryFile = *path;
+        parsed.standardLineSeen = true;
+        section = Section::standardLibrary;
+    }
+
+    void ReadConstructionLine(std::string_view line) {
+        const auto name = QuotedValue(line);
+        createConstruction();
+        project.constructions[project.currentConstruction].name = name.value_or("");
+        parsed.lastConstruction = project.currentConstruction;
+        constructionOpen = true;
+        section = Section::construction;
+    }
+
+    void ReadTypeLine(std::string_view line) {
+        transparent = Contains(line, "TRANSPARENT");
+        if (transparent && constructionOpen)
+            project.constructions[project.currentConstruction].type = transparentType;
+    }
+
+    void ReadEndLine() {
+        if (constructionOpen)
+            constructionOpen = false;
+        else if (glassOpen)
+            glassOpen = false;
+        else
+            return;
+        section = glassOpen ? GlassSection() : Section::none;
+    }
+
+    Section GlassSection() const { return glassIs2D ? Section::glassType2D : Section::glassType; }
+
+    void ReadWindowLine(std::string_view line) {
+        const std::string name = QuotedValue(line).value_or("");
+        glassIs2D = IsSection2D(line);
+        if (glassIs2D) {
+            AddGlassType2D(project, name);
+            ++project.glassSectionsRead2D;
+        } else {
+            AddGlassType(project, name);
+            ++project.glassSectionsRead;
+        }
+        glassOpen = true;
+        section = GlassSection();
+    }
+
+    void ReadTable(GlassTable table) {
+        if (table == GlassTable::none)
+            return;
+        if (glassIs2D)
+            ReadGlassTable(lines, table, project.glassTypes2D[project.currentGlassType2D]);
+        else
+            ReadGlassTable(lines, table, project.glassTypes[project.currentGlassType]);
+    }
+
+    void KeepComment(std::string text) {
+        Comments& comments = project.comments;
+        switch (section) {
+        case Section::fileHead:
+            comments.fileHead.push_back(std::move(text));
+            break;
+        case Section::standardLibrary:
+            comments.standardLibrary.push_back(std::move(text));
+            break;
+        case Section::userLibrary:
+            comments.userLibrary.push_back(std::move(text));
+            break;
+        case Section::construction:
+            comments.constructions.Add(project.currentConstruction, std::move(text));
+            break;
+        case Section::glassType:
+            comments.glassTypes.Add(project.currentGlassType, std::move(text));
+            break;
+        case Section::glassType2D:
+            comments.glassTypes2D.Add(project.currentGlassType2D, std::move(text));
+            break;
+        case Section::none:
+            comments.noSection.push_back(std::move(text));
+            break;
+        }
+    }
+
+    std::size_t total;
+    LineReader lines;
+    Project& project;
+    Desktop& desktop;
+    const CreateConstruction& createConstruction;
+    ParsedFile parsed;
+    std::string scratch;
+    unsigned lineCount = 0;
+    Section section = Section::fileHead;
+    bool atEndMark = false;
+    bool constructionOpen = false;
+    bool glassOpen = false;
+    bool glassIs2D = false;
+    bool transparent = false; ///< of the last type line, whatever construction it stood in
+};
+
+/// Where the material number of a part line starts, and the library that it belongs to.
+PieceReader MaterialNumber(std::string_view line, Layer& layer) {
+    const auto at = line.find('@');
+    layer.library =
+        static_cast<std::int16_t>(at == npos ? standardLibraryNumber : userLibraryNumber);
+    const auto equals = line.find('=');
+    if (at == npos && equals == npos)
+        throw RuntimeError(ErrorNumber::invalidArgument);
+    PieceReader reader(line, (at == npos ? equals : at) + 1);
+    if (at == npos)
+        reader.SkipBlanks();
+    return reader;
+}
+
+double Millimetres(double metres) {
+    const double millimetres = metres * 1000;
+    if (!std::isfinite(millimetres))
+        throw RuntimeError(ErrorNumber::overflow);
+    return millimetres;
+}
+
+Layer ReadPart(std::string_view line, bool transparent) {
+    Layer layer;
+    PieceReader reader = MaterialNumber(line, layer);
+    if (reader.AtLastCharacter())
+        return layer;
+    layer.materialCode = ToInteger(LeadingNumber(reader.PieceBeforeBlank()));
+    if (layer.materialCode < 0)
+        layer.conductivity = layer.materialCode;
+    reader.SkipBlanks();
+    layer.thickness = Millimetres(LeadingNumber(reader.Piece()));
+    if (transparent) {
+        reader.SkipBlanks();
+        reader.Piece(); // a constant column of the simulation program
+        reader.SkipBlanks();
+        layer.absorption = ToSingle(LeadingNumber(reader.Piece()));
+    }
+    return layer;
+}
+
+} // namespace
+
+ParsedFile ParseConstructionFile(std::string_view bytes, Project& project, Desktop& desktop,
+                                 const CreateConstruction& createConstruction) {
+    return Parser(bytes, project, desktop, createConstruction).Run();
+}
+
+void ParsePartLine(std::string_view line, bool transparent, Project& project, Desktop& desktop) {
+    Layer layer = ReadPart(line, transparent);
+    project.userLibraryNeeded = project.userLibraryNeeded || layer.library == userLibraryNumber;
+    Construction& construction = project.constructions[project.currentConstruction];
+    const int slot = construction.layers.HighestUsed() + 1;
+    if (slot > maxLayers) {
+        desktop.Beep();
+        return;
+    }
+    layer.name = std::to_string(slot); // until it is linked to its library
+    construction.layers.Edit(slot) = std::move(layer);
+    construction.currentLayer = static_cast<std::int16_t>(slot);
+    RefreshLayerList(project, project.currentConstruction, desktop);
+}
+
+} // namespace strativo

@@ -1,0 +1,24 @@
+#include "files/ConstructionPrompts.h"
+
+#include "model/Project.h"
+
+namespace strativo {
+
+namespace {
+
+constexpr char filter[] = "Construction Files (*.con)|*.con";
+constexpr char extension[] = "CON";
+
+} // namespace
+
+std::string PromptConstructionFile(Desktop& desktop) {
+    return desktop.AskOpenFile({"Open Construction file", filter, "", extension})
+        .value_or(singleBlank);
+}
+
+std::string PromptSaveConstructionFile(Desktop& desktop) {
+    return desktop.AskSaveFile({"Save Construction file as ", filter, "", extension})
+        .value_or(singleBlank);
+}
+
+} // namespace strativo

@@ -1,0 +1,138 @@
+#include "files/ConstructionWriter.h"
+
+#include "calc/CavityTypes.h"
+#include "text/Format.h"
+
+#include <string_view>
+
+namespace strativo {
+
+namespace {
+
+class Writer {
+public:
+    explicit Writer(const Project& source) : project(source) {}
+
+    std::string Run() {
+        WriteLibraries();
+        for (int number = 1; number <= project.constructions.Size(); ++number)
+            if (InUse(project, number))
+                WriteConstruction(number);
+        WriteGlassTypes(project.glassTypes, project.comments.glassTypes, "!WINDOW = '");
+        WriteGlassTypes(project.glassTypes2D, project.comments.glassTypes2D, "!WINDOW 2D = '");
+        WriteComments(project.comments.noSection);
+        return std::move(out);
+    }
+
+private:
+    void Line(std::string_view a, std::string_view b = "", std::string_view c = "") {
+        out.append(a).append(b).append(c).append("\r\n");
+    }
+
+    void WriteComments(const CommentLines& comments) {
+        for (const std::string& text : comments)
+            Line("*", text);
+    }
+
+    void WriteLibraries() {
+        WriteComments(project.comments.fileHead);
+        Line("!MATERIALS FILE = '", project.standardLibraryFile, "'");
+        WriteComments(project.comments.standardLibrary);
+        if (project.userLoaded) {
+            Line("!MATERIALS USER FILE = '", project.userLibraryFile, "'");
+            WriteComments(project.comments.userLibrary);
+        }
+        Line("");
+    }
+
+    void WriteConstruction(int number) {
+        const Construction& construction = project.constructions[number];
+        const bool transparent = construction.type == transparentType;
+        Line("!CONSTRUCTION '", construction.name, "'");
+        Line(transparent ? "!TYPE TRANSPARENT" : "!TYPE OPAQUE");
+        WriteComments(project.comments.constructions.Of(number));
+        Line("!PARTS");
+        for (int slot = 1; slot <= construction.layers.HighestUsed(); ++slot)
+            if (!construction.layers[slot].name.empty())
+                WritePart(construction.layers[slot], slot, transparent);
+        Line("!END");
+        Line("");
+    }
+
+    void WritePart(const Layer& layer, int slot, bool transparent) {
+        out += "_ ";
+        AppendNumber(out, slot, "#0");
+        out += layer.library == userLibraryNumber ? " =      @" : " =       ";
+        // A cavity is written by its conductivity, which holds its code.
+        AppendNumber(out, layer.materialCode > 0 ? layer.materialCode : layer.conductivity, "##0");
+        out += "      ";
+        WriteThickness(layer);
+        out += "   0      ";
+        if (transparent)
+            AppendNumber(out, layer.absorption, "0.00");
+        out += "      * ";
+        Line(layer.name);
+    }
+
+    void WriteThickness(const Layer& layer) {
+        const double metres = layer.thickness / 1000;
+        if (layer.materialCode == resistanceCavity) {
+            AppendNumber(out, metres, "#0.000000");
+            return;
+        }
+        AppendNumber(out, metres, "#0.000");
+        out += "   ";
+    }
+
+    template <class Glass>
+    void WriteGlassTypes(const NumberedList<Glass>& types, const OwnedComments& comments,
+                         std::string_view keyword) {
+        for (int number = 1; number <= types.Size(); ++number) {
+            const Glass& type = types[number];
+            if (type.name.empty())
+                continue;
+            Line(keyword, type.name, "'");
+            WriteComments(comments.Of(number));
+            Line("!TRANSMISSION =");
+            WriteTable(type.transmission);
+            Line("!ABSORPTION =");
+            WriteTable(type.absorption);
+            if (type.hasDiffusion) {
+                Line("!DIFFUSION =");
+                WriteTable(type.diffusion);
+            }
+            Line("!END");
+            Line("");
+        }
+    }
+
+    template <class Row>
+    void WriteRow(const Row& row) {
+        std::string_view separator;
+        for (const float value : row) {
+            out += separator;
+            AppendNumber(out, value, "0.0##");
+            separator = ", ";
+        }
+        Line("");
+    }
+
+    void WriteTable(const AngularValues& values) { WriteRow(values); }
+
+    void WriteTable(const AngularTable& table) {
+        for (const auto& row : table)
+            WriteRow(row);
+        Line(" }");
+    }
+
+    const Project& project;
+    std::string out;
+};
+
+} // namespace
+
+std::string FormatConstructionFile(const Project& project) {
+    return Writer(project).Run();
+}
+
+} // namespace strativo

@@ -1,0 +1,108 @@
+#include "files/FileAccess.h"
+
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace strativo {
+
+namespace {
+
+/// An open file descriptor, closed at the end of the scope.
+class OpenFile {
+public:
+    explicit OpenFile(const std::string& path)
+        : descriptor(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY)) {
+        if (descriptor < 0)
+            throw RuntimeError(OpenError(path));
+    }
+    ~OpenFile() { close(descriptor); }
+    OpenFile(const OpenFile&) = delete;
+    OpenFile& operator=(const OpenFile&) = delete;
+
+    int Descriptor() const { return descriptor; }
+
+private:
+    /// A missing file and a missing folder have the same errno.
+    static ErrorNumber OpenError(const std::string& path) {
+        const int systemError = errno;
+        const std::string folder = FolderOf(path);
+        struct stat status {};
+        if (systemError == ENOENT && !folder.empty() && stat(folder.c_str(), &status) != 0)
+            return ErrorNumber::pathNotFound;
+        return ErrorNumberOf(systemError);
+    }
+
+    int descriptor;
+};
+
+/// The size of a regular file; anything else (a folder, a FIFO, a device) is error 75.
+std::size_t RegularFileSize(int descriptor) {
+    struct stat status {};
+    if (fstat(descriptor, &status) != 0)
+        throw RuntimeError(ErrorNumber::deviceIo);
+    if (!S_ISREG(status.st_mode))
+        throw RuntimeError(ErrorNumber::pathFileAccess);
+    return static_cast<std::size_t>(status.st_size);
+}
+
+} // namespace
+
+ErrorNumber ErrorNumberOf(int systemError) {
+    switch (systemError) {
+    case ENOENT:
+        return ErrorNumber::fileNotFound;
+    case ENOTDIR:
+    case ENAMETOOLONG:
+        return ErrorNumber::pathNotFound;
+    case ENODEV:
+    case ENXIO:
+    case ENOMEDIUM:
+        return ErrorNumber::deviceUnavailable;
+    case EACCES:
+    case EPERM:
+    case EROFS:
+        return ErrorNumber::permissionDenied;
+    case EISDIR:
+        return ErrorNumber::pathFileAccess;
+    case ENOSPC:
+    case EDQUOT:
+        return ErrorNumber::diskFull;
+    case EMFILE:
+    case ENFILE:
+        return ErrorNumber::tooManyFiles;
+    default:
+        return ErrorNumber::deviceIo;
+    }
+}
+
+std::string ReadFileBytes(const std::string& path) {
+    const OpenFile file(path);
+    std::string bytes(RegularFileSize(file.Descriptor()), '\0');
+    std::size_t length = 0;
+    for (;;) {
+        // One byte more than is known shows whether the file grew since its size was asked.
+        if (length == bytes.size())
+            bytes.resize(length + 1);
+        const ssize_t count = read(file.Descriptor(), bytes.data() + length, bytes.size() - length);
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count < 0)
+            throw RuntimeError(ErrorNumberOf(errno));
+        if (count == 0)
+            break;
+        length += static_cast<std::size_t>(count);
+    }
+    bytes.resize(length);
+    return bytes;
+}
+
+std::string FolderOf(std::string_view path) {
+    const auto slash = path.rfind('/');
+    if (slash == std::string_view::npos)
+        return "";
+    return std::string(path.substr(0, slash == 0 ? 1 : slash));
+}
+
+} // namespace strativo

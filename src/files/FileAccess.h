@@ -1,0 +1,38 @@
+#pragma once
+
+#include "text/RuntimeError.h"
+
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+namespace strativo {
+
+/// The number under which messages report a failure of the operating system (an errno value).
+ErrorNumber ErrorNumberOf(int systemError);
+
+/// The whole content of a regular file. Run-time error 53, 57, 67, 68, 70, 75 or 76.
+std::string ReadFileBytes(const std::string& path);
+
+/// The folder of a path, "" when it names none.
+std::string FolderOf(std::string_view path);
+
+/// The path under which a file named inside another file is found: as it stands, from the working
+/// directory, else from the folder given, and where that leads nowhere with "\" as "/" and without
+/// regard to letter case. The name itself where nothing is found. Run-time error 76 for a name
+/// with a drive letter that leads nowhere.
+std::string FindFile(const std::string& name, const std::string& folder);
+
+/// A file could not be written; what() is the operating system's message or says why not.
+class WriteError : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+/// Replaces the file by these bytes, all of them or none: they are written to a new file beside
+/// it and brought to the disk before that takes its place. Symbolic links are followed and
+/// permissions kept. A read-only file, or one with further hard links, is refused. Throws
+/// WriteError, with the old file untouched.
+void ReplaceFile(const std::string& path, std::string_view bytes);
+
+} // namespace strativo

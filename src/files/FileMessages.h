@@ -1,0 +1,28 @@
+#pragma once
+
+#include "text/RuntimeError.h"
+
+#include <string>
+
+namespace strativo {
+
+/// The messages of one kind of file for its numbered failures.
+struct FileMessages {
+    const char* wrongVersion; ///< error 5
+    const char* missing;      ///< error 53
+    const char* noDrive;      ///< error 68
+    const char* noPath;       ///< error 76
+    const char* beforeNumber; ///< any other error: this, its number and " occurred."
+
+    std::string Text(ErrorNumber number) const;
+};
+
+// "(p)" and "(g)" are fixed marks that tell the two readers of construction files apart.
+extern const FileMessages standardLibraryMessages;
+extern const FileMessages userLibraryMessages;
+extern const FileMessages constructionFileMessages;
+extern const FileMessages glassImportMessages;
+
+inline constexpr char incorrectFormat[] = "Construction file is incorrect format";
+
+} // namespace strativo

@@ -1,0 +1,126 @@
+#include "files/GlassImport.h"
+
+#include "edit/GlassTypes.h"
+#include "files/ConstructionPrompts.h"
+#include "files/FileAccess.h"
+#include "files/FileMessages.h"
+#include "files/GlassTables.h"
+#include "text/Lines.h"
+
+#include <string>
+
+namespace strativo {
+
+namespace {
+
+constexpr auto npos = std::string_view::npos;
+
+class Importer {
+public:
+    Importer(std::string_view bytes, Project& target) : lines(bytes), project(target) {}
+
+    /// False for a file of another format, which no input is taken for.
+    bool Run() {
+        while (!lines.AtEnd() && !atEndMark && !formatBad)
+            ReadLine();
+        return !formatBad;
+    }
+
+private:
+    void ReadLine() {
+        const std::string_view cleaned = CleanLine(lines.Next(), scratch);
+        const auto star = cleaned.find('*');
+        const std::string_view line = cleaned.substr(0, star);
+        if (line.empty())
+            return;
+        const bool keepsComment = Interpret(line);
+        if (star != npos && keepsComment)
+            KeepComment(std::string(cleaned.substr(star + 1)));
+    }
+
+    /// False for a part line, whose comment is its layer's name.
+    bool Interpret(std::string_view line) {
+        if (Contains(line, "!EOF"))
+            atEndMark = true;
+        else if (Contains(line, "!WINDOW"))
+            ReadWindowLine(line);
+        else if (!Contains(line, "!") && Contains(line, "_") && Contains(line, "="))
+            return false;
+        else if (windowSeen)
+            ReadTable(AnnouncedTable(line));
+        return true;
+    }
+
+    void ReadWindowLine(std::string_view line) {
+        ReadName(line);
+        is2D = IsSection2D(line);
+        windowSeen = true;
+        if (is2D) {
+            ++project.glassSectionsRead2D;
+            AddGlassType2D(project, name);
+        } else {
+            ++project.glassSectionsRead;
+            AddGlassType(project, name);
+        }
+    }
+
+    /// A name too short to be one is that of the section before.
+    void ReadName(std::string_view line) {
+        const auto open = line.find('\'');
+        if (open == npos || open + 2 < line.size())
+            name = QuotedText(line);
+    }
+
+    void ReadTable(GlassTable table) {
+        if (table == GlassTable::none)
+            return;
+        if (is2D)
+            ReadGlassTable(lines, table, project.glassTypes2D[project.currentGlassType2D]);
+        else
+            ReadGlassTable(lines, table, project.glassTypes[project.currentGlassType]);
+    }
+
+    /// Comments go by the count of sections read, not by the slot the type was given.
+    void KeepComment(std::string text) {
+        Comments& comments = project.comments;
+        if (!windowSeen)
+            comments.fileHead.push_back(std::move(text));
+        else if (is2D)
+            comments.glassTypes2D.Add(project.glassSectionsRead2D, std::move(text));
+        else
+            comments.glassTypes.Add(project.glassSectionsRead, std::move(text));
+    }
+
+    LineReader lines;
+    Project& project;
+    std::string scratch;
+    std::string name;
+    bool windowSeen = false;
+    bool is2D = false;
+    bool atEndMark = false;
+    bool formatBad = false;
+};
+
+} // namespace
+
+bool ParseGlassDefinitions(std::string_view bytes, Project& project) {
+    return Importer(bytes, project).Run();
+}
+
+void ImportGlassDefinitions(Project& project, Desktop& desktop) {
+    const std::string path = PromptConstructionFile(desktop);
+    if (path == singleBlank)
+        return;
+    const int sectionsBefore = project.glassSectionsRead + project.glassSectionsRead2D;
+    try {
+        if (!ParseGlassDefinitions(ReadFileBytes(path), project))
+            desktop.ShowMessage({incorrectFormat, ""});
+        project.changed = true;
+    } catch (const RuntimeError& error) {
+        desktop.ShowMessage({glassImportMessages.Text(error.Number()), ""});
+        const bool added = project.glassSectionsRead + project.glassSectionsRead2D > sectionsBefore;
+        project.changed = project.changed || added;
+    }
+}
+
+} // namespace strativo

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "model/Project.h"
+#include "port/Desktop.h"
+
+#include <string_view>
+
+namespace strativo {
+
+/// Adds the glass types in the bytes of a construction file to the project's. Run-time error 5 or
+/// 6; types added before it stay. False for a file of another format, which no input is taken for.
+bool ParseGlassDefinitions(std::string_view bytes, Project& project);
+
+/// Asks for a construction file and imports its glass types. A failure is reported, and marks the
+/// project as changed only if a type was added before it; success always does.
+void ImportGlassDefinitions(Project& project, Desktop& desktop);
+
+} // namespace strativo

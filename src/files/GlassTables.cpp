@@ -1,0 +1,72 @@
+#include "files/GlassTables.h"
+
+#include "text/Numbers.h"
+
+#include <algorithm>
+
+namespace strativo {
+
+namespace {
+
+/// A number, perhaps followed by the comma that separates the values of a table.
+bool IsNumericPiece(std::string_view piece) {
+    return IsNumber(piece.ends_with(',') ? piece.substr(0, piece.size() - 1) : piece);
+}
+
+template <class Row>
+void ReadRow(LineReader& lines, Row& row) {
+    std::string scratch;
+    std::string_view line = CleanLine(lines.Next(), scratch);
+    int position = Row::first;
+    while (!line.empty() && position <= Row::last) {
+        const auto blank = std::min(line.find(' '), line.size());
+        const std::string_view piece = line.substr(0, blank);
+        if (IsNumericPiece(piece))
+            row[position++] = ToSingle(LeadingNumber(piece));
+        line.remove_prefix(std::min(blank + 1, line.size()));
+    }
+}
+
+void ReadRows(LineReader& lines, AngularValues& values) {
+    ReadRow(lines, values);
+}
+
+void ReadRows(LineReader& lines, AngularTable& table) {
+    for (auto& row : table)
+        ReadRow(lines, row);
+}
+
+template <class Glass>
+void ReadTable(LineReader& lines, GlassTable table, Glass& type) {
+    if (table == GlassTable::transmission)
+        ReadRows(lines, type.transmission);
+    else if (table == GlassTable::absorption)
+        ReadRows(lines, type.absorption);
+    else
+        ReadRows(lines, type.diffusion);
+    type.hasDiffusion = type.hasDiffusion || table == GlassTable::diffusion;
+}
+
+} // namespace
+
+GlassTable AnnouncedTable(std::string_view line) {
+    if (Contains(line, "!TRANS"))
+        return GlassTable::transmission;
+    if (Contains(line, "!ABSORP"))
+        return GlassTable::absorption;
+    return Contains(line, "!DIFFU") ? GlassTable::diffusion : GlassTable::none;
+}
+
+void ReadGlassTable(LineReader& lines, GlassTable table, GlassType& type) {
+    ReadTable(lines, table, type);
+}
+
+void ReadGlassTable(LineReader& lines, GlassTable table, GlassType2D& type) {
+    ReadTable(lines, table, type);
+}
+
+bool IsSection2D(std::string_view line) {
+    return Contains(line, "2D");
+}
+
+} // namespace strativo

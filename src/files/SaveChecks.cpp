@@ -1,0 +1,68 @@
+#include "files/SaveChecks.h"
+
+#include "calc/LayerList.h"
+
+#include <string>
+
+namespace strativo {
+
+namespace {
+
+template <class Test>
+std::vector<int> ConstructionsWithLayers(const Project& project, Test test) {
+    std::vector<int> found;
+    for (int number = 1; number <= project.constructions.Size(); ++number) {
+        const Construction& construction = project.constructions[number];
+        if (InUse(project, number) && !construction.layers[1].name.empty() && test(construction))
+            found.push_back(number);
+    }
+    return found;
+}
+
+bool HasZeroThickness(const Construction& construction) {
+    for (int slot = 1; slot <= construction.layers.HighestUsed(); ++slot) {
+        const Layer& layer = construction.layers[slot];
+        if (!layer.name.empty() && layer.thickness == 0)
+            return true;
+    }
+    return false;
+}
+
+bool HasZeroAbsorption(const Construction& construction) {
+    double sum = 0;
+    for (int slot = 1; slot <= construction.layers.HighestUsed(); ++slot)
+        sum += construction.layers[slot].absorption;
+    return construction.type == transparentType && sum == 0;
+}
+
+bool AskAbout(const Project& project, const std::vector<int>& found, const std::string& finding,
+              const std::string& title, Desktop& desktop) {
+    if (found.empty())
+        return true;
+    std::string text = finding + "\r\r";
+    for (const int number : found)
+        text += project.constructions[number].name + "\r";
+    text += "\rDo you wish to save anyway?\r";
+    return desktop.ShowMessage(YesNoQuestion(text, title)) == Answer::yes;
+}
+
+} // namespace
+
+std::vector<int> ZeroThicknessConstructions(const Project& project) {
+    return ConstructionsWithLayers(project, HasZeroThickness);
+}
+
+std::vector<int> ZeroAbsorptionConstructions(const Project& project) {
+    return ConstructionsWithLayers(project, HasZeroAbsorption);
+}
+
+bool CheckBeforeSave(const Project& project, Desktop& desktop) {
+    return AskAbout(project, ZeroThicknessConstructions(project),
+                    "The following construction(s) have at least one zero thickness",
+                    "Zero thickness error", desktop)
+           && AskAbout(project, ZeroAbsorptionConstructions(project),
+                       "The following construction(s) have a total absorption equal to zero",
+                       "Zero absorption error", desktop);
+}
+
+} // namespace strativo

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "model/Layer.h"
+
+#include <cstdint>
+#include <string>
+
+namespace strativo {
+
+inline constexpr std::int16_t opaqueType = 0;
+inline constexpr std::int16_t transparentType = 1;
+inline constexpr std::int16_t removedType = -999;
+
+/// What the project remembers of a construction's window; the window itself is the desktop's.
+struct WindowRecord {
+    bool open = false;         ///< the construction is in use
+    bool edited = false;       ///< a thickness was entered in the window
+    double shownThickness = 0; ///< mm, what the thickness field shows; 0: the field is empty
+    unsigned lastActive = 0;   ///< grows with each activation, so the largest is the latest
+};
+
+struct Construction {
+    std::string name;
+    LayerSlots layers;
+    WindowRecord window;
+    std::int16_t type = opaqueType; ///< 0 opaque, 1 transparent, -999 removed
+    std::int16_t currentLayer = 0;  ///< 0 none, else 1 to 15: shown for editing, insertion point
+};
+
+/// Number of layer slots that hold a layer: the lines of the layer list.
+int LayerCount(const Construction& construction);
+
+} // namespace strativo

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "model/NumberedTable.h"
+
+#include <string>
+
+namespace strativo {
+
+/// Value 1 is the diffuse value, values 2 to 11 those at 0, 10, ... 90 degrees of incidence.
+using AngularValues = NumberedTable<float, 1, 11>;
+using AngularTable = NumberedTable<NumberedTable<float, 1, 19>, 1, 19>;
+
+/// A glass type with the tables given; an empty name marks a free slot.
+template <class Values>
+struct BasicGlassType {
+    std::string name;
+    Values transmission; ///< fractions
+    Values absorption;   ///< fractions
+    Values diffusion;    ///< fractions; meaningful only with hasDiffusion
+    bool hasDiffusion = false;
+};
+
+using GlassType = BasicGlassType<AngularValues>;
+using GlassType2D = BasicGlassType<AngularTable>;
+
+/// The incidence angle of value 2 to 11, in degrees.
+constexpr int IncidenceAngle(int valueNumber) {
+    return (valueNumber - 2) * 10;
+}
+
+} // namespace strativo

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "model/NumberedTable.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace strativo {
+
+inline constexpr int maxLayers = 15;
+
+struct Layer {
+    std::string name;        ///< empty: the slot holds no layer
+    double density = 0;      ///< kg/m3; 0 until linked to a library
+    double specificHeat = 0; ///< J/kg C; 0 until linked to a library
+    double thickness = 0;    ///< mm; for cavity code -3 a resistance, m2 C/W
+    float conductivity = 0;  ///< W/m C; for a cavity its negative code
+    float absorption = 0;    ///< solar absorption, fraction; used by transparent constructions only
+    std::int16_t materialCode = 0; ///< 0 or negative: a cavity code
+    std::int16_t library = 0;      ///< 1 standard, 2 user, 0 none
+    bool selected = false;         ///< its line is marked in the layer list
+
+    bool operator==(const Layer&) const = default;
+};
+
+/// The layer slots 1 to 15 of a construction. Only the slots written to take memory, since a large
+/// project holds far more free slots than layers; a slot never written to reads as an empty layer.
+class LayerSlots {
+public:
+    static constexpr int first = 1;
+    static constexpr int last = maxLayers;
+
+    const Layer& operator[](int slot) const;
+    /// The slot, to be changed.
+    Layer& Edit(int slot);
+    /// Empties the slots from this one to the last.
+    void ClearFrom(int slot);
+    /// Number of the highest slot that was written to; all above are empty.
+    int HighestUsed() const { return static_cast<int>(slots.size()); }
+
+private:
+    std::vector<Layer> slots;
+};
+
+} // namespace strativo

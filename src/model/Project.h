@@ -1,0 +1,83 @@
+#pragma once
+
+#include "model/Comments.h"
+#include "model/Construction.h"
+#include "model/GlassType.h"
+#include "model/LayerClipboard.h"
+#include "model/Material.h"
+#include "model/NumberedTable.h"
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+namespace strativo {
+
+/// As a file name: the user cancelled a prompt (construction file), or the remembered default is
+/// to be used (standard library). The empty string asks the user.
+inline constexpr char singleBlank[] = " ";
+
+/// A layer drag in progress between construction windows.
+struct LayerDrag {
+    int source = 0;    ///< number of the construction that the layers come from
+    bool copy = false; ///< Ctrl was held when the drag started
+};
+
+/// Everything the program knows. There is one, from start to end; its content is replaced, never
+/// the object.
+struct Project {
+    MaterialLibrary standardLibrary;
+    MaterialLibrary userLibrary;
+    std::string standardLibraryFile; ///< "" none, a single blank: the remembered default
+    std::string userLibraryFile;     ///< "" none
+    bool standardLoaded = false;
+    bool userLoaded = false;
+    bool userLibraryNeeded = false;                    ///< a layer comes from the user library
+    std::int16_t shownLibrary = standardLibraryNumber; ///< library in the material list
+    int selectedMaterial = 0; ///< selected line of the material list + 1; 0 none
+
+    std::string constructionFile; ///< "" no file yet
+    NumberedList<Construction> constructions;
+    int constructionCount = 0; ///< constructions in use
+    int lowestFreeHint = 1;    ///< no slot below it is free
+    int currentConstruction = 1;
+    unsigned activations = 0; ///< counts activations of construction windows
+
+    NumberedList<GlassType> glassTypes;
+    NumberedList<GlassType2D> glassTypes2D;
+    int currentGlassType = 1;
+    int currentGlassType2D = 1;
+    int freeGlassHint = 1;       ///< no ordinary glass slot below it is free
+    int freeGlassHint2D = 1;     ///< no two-dimensional glass slot below it is free
+    int glassSectionsRead = 0;   ///< running count of ordinary glass sections read or imported
+    int glassSectionsRead2D = 0; ///< the same for two-dimensional ones
+
+    Comments comments;
+    bool changed = false; ///< the project has unsaved changes
+
+    LayerClipboard clipboard;
+    LayerDrag drag;
+    bool dialogActive = false;      ///< the Select Material dialog is the active window
+    bool closingInProgress = false; ///< the program itself is closing a construction window
+    int selectedProfileColumn = 0;  ///< glass editor: 0 none, else 1 to 11; outlives the editor
+    std::string helpFile;           ///< "." none
+    std::string rememberedLibrary;  ///< path for a standard library named by a single blank
+    std::string startDirectory;
+    /// Identification of the source of each window loaded so far, in the order of the About box.
+    std::array<std::string, 5> windowSources;
+};
+
+/// The library of that number: 2 is the user library, any other the standard library.
+inline MaterialLibrary& Library(Project& project, int number) {
+    return number == userLibraryNumber ? project.userLibrary : project.standardLibrary;
+}
+inline const MaterialLibrary& Library(const Project& project, int number) {
+    return number == userLibraryNumber ? project.userLibrary : project.standardLibrary;
+}
+
+/// The construction is open: from the opening of its window to its removal.
+inline bool InUse(const Project& project, int number) {
+    return project.constructions.Has(number) && project.constructions[number].window.open;
+}
+
+} // namespace strativo

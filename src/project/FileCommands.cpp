@@ -1,0 +1,101 @@
+#include "project/FileCommands.h"
+
+#include "edit/ConstructionSlots.h"
+#include "edit/MaterialList.h"
+#include "files/ConstructionPrompts.h"
+#include "files/ConstructionWriter.h"
+#include "files/FileAccess.h"
+#include "files/SaveChecks.h"
+#include "project/NewProject.h"
+#include "project/ReadConstructionFile.h"
+#include "text/Windows1252.h"
+
+namespace strativo {
+
+namespace {
+
+Message WriteFailure(const std::string& path, const WriteError& error) {
+    Message message{PathToUtf8(path) + "\nThe file was not saved: " + error.what(), ""};
+    message.encoding = Encoding::utf8;
+    return message;
+}
+
+Message CloseQuestion(const Project& project) {
+    const std::string name =
+        project.constructionFile.empty() ? "Untitled.con" : PathToUtf8(project.constructionFile);
+    return {"Save changes to " + name + " ?",
+            "Construction Have Changed",
+            Buttons::yesNoCancel,
+            Icon::question,
+            Answer::yes,
+            Encoding::utf8};
+}
+
+} // namespace
+
+void FinishStartUp(Project& project, const std::string& commandLine, Desktop& desktop) {
+    SortByName(project);
+    RefreshMaterialList(project, desktop);
+    if (!commandLine.empty())
+        ReadConstructionFile(project, commandLine, desktop);
+}
+
+void OpenProject(Project& project, Desktop& desktop) {
+    if (NewProject(project, desktop))
+        ReadConstructionFile(project, "", desktop);
+}
+
+void OpenDroppedFiles(Project& project, const std::vector<std::string>& paths, Desktop& desktop) {
+    if (paths.size() == 1 && !paths.front().empty())
+        ReadConstructionFile(project, paths.front(), desktop);
+}
+
+bool SaveProject(Project& project, Desktop& desktop) {
+    return CheckBeforeSave(project, desktop) && WriteConstructionFile(project, desktop);
+}
+
+bool SaveProjectAs(Project& project, Desktop& desktop) {
+    const std::string remembered = project.constructionFile;
+    project.constructionFile.clear();
+    const bool written = SaveProject(project, desktop);
+    if (project.constructionFile.empty())
+        project.constructionFile = remembered;
+    return written;
+}
+
+bool WriteConstructionFile(Project& project, Desktop& desktop) {
+    const std::string before = project.constructionFile;
+    if (project.constructionFile.empty())
+        project.constructionFile = PromptSaveConstructionFile(desktop);
+    if (project.constructionFile == singleBlank) {
+        project.constructionFile.clear();
+        return false;
+    }
+    try {
+        ReplaceFile(project.constructionFile, FormatConstructionFile(project));
+        project.changed = false;
+        return true;
+    } catch (const WriteError& error) {
+        desktop.ShowMessage(WriteFailure(project.constructionFile, error));
+        project.constructionFile = before;
+        return false;
+    }
+}
+
+void CloseConstruction(Project& project, std::string_view activeTag, Desktop& desktop) {
+    RemoveConstruction(project, TagNumber(activeTag), desktop);
+}
+
+bool QueryClose(Project& project, Desktop& desktop) {
+    if (project.changed) {
+        const Answer answer = desktop.ShowMessage(CloseQuestion(project));
+        const bool goesAhead =
+            answer == Answer::no || (answer == Answer::yes && SaveProject(project, desktop));
+        if (!goesAhead)
+            return true;
+    }
+    desktop.QuitHelp();
+    return false;
+}
+
+} // namespace strativo

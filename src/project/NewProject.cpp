@@ -1,0 +1,95 @@
+#include "project/NewProject.h"
+
+#include "calc/LayerList.h"
+#include "edit/ConstructionSlots.h"
+#include "edit/GlassTypes.h"
+#include "edit/LayerClipboard.h"
+#include "edit/MaterialList.h"
+#include "files/LibraryLoading.h"
+
+#include <filesystem>
+
+namespace strativo {
+
+namespace {
+
+/// One slot, not in use, without layers.
+void ResetConstructions(Project& project) {
+    project.constructions.Clear();
+    project.constructions.Append();
+    project.lowestFreeHint = 1;
+    project.currentConstruction = 1;
+}
+
+std::string WorkingDirectory() {
+    std::error_code error;
+    return std::filesystem::current_path(error).string();
+}
+
+} // namespace
+
+void StartUp(Project& project, const Settings& settings, Desktop& desktop) {
+    project.helpFile = settings.help;
+    project.rememberedLibrary = settings.stdMat;
+    project.startDirectory = WorkingDirectory();
+    EmptyLibrary(project.standardLibrary);
+    EmptyLibrary(project.userLibrary);
+    project.standardLibraryFile = singleBlank;
+    project.userLibraryFile.clear();
+    project.closingInProgress = false;
+    project.userLibraryNeeded = false;
+    project.userLoaded = false;
+    project.standardLoaded = false;
+    ClearClipboard(project.clipboard);
+    project.constructionCount = 0;
+    project.changed = false;
+    NewProject(project, desktop);
+    project.shownLibrary = standardLibraryNumber;
+}
+
+bool ConfirmDiscardChanges(const Project& project, Desktop& desktop) {
+    if (project.constructionCount == 0 || !project.changed)
+        return true;
+    const Message question = YesNoQuestion("Changes have not been saved.  Continue without saving?",
+                                           "Warning", Answer::no);
+    return desktop.ShowMessage(question) == Answer::yes;
+}
+
+bool NewProject(Project& project, Desktop& desktop) {
+    if (!ConfirmDiscardChanges(project, desktop))
+        return false;
+    project.comments = Comments();
+    RemoveConstructions(project, project.constructions.Size(), desktop);
+    ResetConstructions(project);
+    ResetGlassTypes(project);
+    project.userLibraryNeeded = false;
+    project.changed = false;
+    project.constructionFile.clear();
+    desktop.RefreshGlassTypeList();
+    return true;
+}
+
+void OpenConstructionWindow(Project& project, Desktop& desktop) {
+    const int number = FirstFreeConstructionSlot(project);
+    Construction& construction = project.constructions[number];
+    construction = Construction();
+    construction.name = ConstructionTitle(number);
+    construction.window.open = true;
+    ++project.constructionCount;
+    ActivateConstruction(project, number);
+    desktop.OpenConstructionWindow(number);
+}
+
+void NewConstruction(Project& project, Desktop& desktop) {
+    if (!project.standardLoaded) {
+        LoadStandardLibrary(project, desktop);
+        SortByName(project);
+        RefreshMaterialList(project, desktop);
+    }
+    desktop.ShowMaterialDialog();
+    OpenConstructionWindow(project, desktop);
+    RefreshLayerList(project, project.currentConstruction, desktop);
+    desktop.ActivateConstructionWindow(project.currentConstruction);
+}
+
+} // namespace strativo

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "model/Project.h"
+#include "port/Desktop.h"
+
+#include <string>
+
+namespace strativo {
+
+/// Replaces the project by the content of a construction file: reads it, loads the libraries that
+/// it names, links every layer and opens the windows. An empty path asks the user. A failure is
+/// reported (with the prefix "Command line error" for a path given); what was read before it stays,
+/// without a file name, so that it cannot be saved over the original by accident. Ends the program
+/// when a library that the file needs is refused.
+void ReadConstructionFile(Project& project, const std::string& path, Desktop& desktop);
+
+} // namespace strativo

@@ -1,0 +1,41 @@
+#include "project/Settings.h"
+
+#include <cstdlib>
+
+#define SI_NO_CONVERSION
+#include <SimpleIni.h>
+
+namespace strativo {
+
+namespace {
+
+constexpr char fileName[] = "Stratv.ini";
+constexpr char section[] = "Files";
+
+std::string Environment(const char* name) {
+    const char* value = std::getenv(name);
+    return value != nullptr ? value : "";
+}
+
+} // namespace
+
+std::vector<std::string> SettingsFiles() {
+    const std::string configured = Environment("XDG_CONFIG_HOME");
+    const std::string folder = configured.empty() ? Environment("HOME") + "/.config" : configured;
+    return {folder + "/" + fileName, std::string("/etc/xdg/") + fileName};
+}
+
+Settings ReadSettings(const std::vector<std::string>& files) {
+    Settings settings;
+    // The last file first, so that the earlier ones overrule it key by key.
+    for (auto file = files.rbegin(); file != files.rend(); ++file) {
+        CSimpleIniCaseA ini;
+        if (ini.LoadFile(file->c_str()) != SI_OK)
+            continue;
+        settings.help = ini.GetValue(section, "Help", settings.help.c_str());
+        settings.stdMat = ini.GetValue(section, "StdMat", settings.stdMat.c_str());
+    }
+    return settings;
+}
+
+} // namespace strativo

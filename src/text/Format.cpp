@@ -1,0 +1,178 @@
+#include "text/Format.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <cstdint>
+
+namespace strativo {
+
+namespace {
+
+/// The significant digits d of a number 0.ddd times ten to the power of point.
+struct Decimal {
+    std::array<char, 20> digits{};
+    int count = 0;
+    int point = 0;
+
+    char Digit(int index) const {
+        return index >= 0 && index < count ? digits[static_cast<std::size_t>(index)] : '0';
+    }
+};
+
+Decimal ShortestDecimal(double value) {
+    std::array<char, 32> text{};
+    const auto end =
+        std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::scientific);
+    Decimal decimal;
+    const char* c = text.data();
+    for (; c != end.ptr && *c != 'e'; ++c)
+        if (*c != '.')
+            decimal.digits[static_cast<std::size_t>(decimal.count++)] = *c;
+    const char* exponent = c + (c[1] == '+' ? 2 : 1);
+    std::from_chars(exponent, end.ptr, decimal.point);
+    ++decimal.point;
+    if (decimal.digits[0] == '0')
+        decimal = Decimal();
+    return decimal;
+}
+
+/// Keeps so many leading digits (which may be none or negative), rounding half up.
+void RoundTo(Decimal& decimal, int keep) {
+    if (keep >= decimal.count)
+        return;
+    const bool up = decimal.Digit(keep) >= '5';
+    decimal.count = std::max(keep, 0);
+    int last = decimal.count - 1;
+    while (up && last >= 0 && decimal.digits[static_cast<std::size_t>(last)] == '9')
+        --last;
+    if (up && last >= 0) {
+        ++decimal.digits[static_cast<std::size_t>(last)];
+        decimal.count = last + 1;
+    } else if (up) {
+        // Every kept digit was a nine: the number becomes a one before them.
+        decimal.digits[0] = '1';
+        decimal.point += 1;
+        decimal.count = 1;
+    }
+    while (decimal.count > 0 && decimal.Digit(decimal.count - 1) == '0')
+        --decimal.count;
+}
+
+void AppendPlain(std::string& out, const Decimal& decimal, const NumberPattern& pattern) {
+    const int whole = std::max(decimal.point, pattern.minWhole);
+    for (int place = whole; place > 0; --place)
+        out += decimal.Digit(decimal.point - place);
+    const int needed = decimal.count - decimal.point;
+    const int decimals = std::clamp(needed, pattern.minDecimals, pattern.maxDecimals);
+    if (pattern.maxDecimals > 0)
+        out += '.';
+    for (int place = 0; place < decimals; ++place)
+        out += decimal.Digit(decimal.point + place);
+}
+
+void AppendExponent(std::string& out, Decimal decimal) {
+    RoundTo(decimal, 1);
+    const int exponent = decimal.point - 1;
+    const std::string digits = std::to_string(std::abs(exponent));
+    out += decimal.Digit(0);
+    out += exponent < 0 ? "E-" : "E+";
+    out += digits.size() < 2 ? "0" + digits : digits;
+}
+
+void AppendWhole(std::string& out, std::uint64_t whole, int minDigits) {
+    std::array<char, 24> text{};
+    const auto end = std::to_chars(text.data(), text.data() + text.size(), whole).ptr;
+    const int count = whole == 0 ? 0 : static_cast<int>(end - text.data());
+    out.append(static_cast<std::size_t>(std::max(0, minDigits - count)), '0');
+    out.append(text.data(), static_cast<std::size_t>(count));
+}
+
+constexpr std::array<double, 7> powersOfTen = {1, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6};
+
+void AppendDecimals(std::string& out, std::uint64_t fraction, const NumberPattern& pattern) {
+    std::array<char, 8> digits{};
+    for (int place = pattern.maxDecimals - 1; place >= 0; --place, fraction /= 10)
+        digits[static_cast<std::size_t>(place)] = static_cast<char>('0' + fraction % 10);
+    int count = pattern.maxDecimals;
+    while (count > pattern.minDecimals && digits[static_cast<std::size_t>(count) - 1] == '0')
+        --count;
+    out += '.';
+    out.append(digits.data(), static_cast<std::size_t>(count));
+}
+
+/// Writing spends most of its time here: where the scaled value lies clear of a rounding half,
+/// whole numbers give the same digits as the shortest decimal. False where it does not.
+bool AppendScaled(std::string& out, double magnitude, const NumberPattern& pattern) {
+    constexpr double largest = 1e9;
+    constexpr double clearOfHalf = 1e-6;
+    const auto places = static_cast<std::size_t>(pattern.maxDecimals);
+    if (pattern.exponent || places >= powersOfTen.size())
+        return false;
+    const double scaled = magnitude * powersOfTen[places];
+    if (!(scaled < largest))
+        return false;
+    const auto below = static_cast<std::uint64_t>(scaled);
+    const double rest = scaled - static_cast<double>(below);
+    if (std::abs(rest - 0.5) < clearOfHalf)
+        return false;
+    const std::uint64_t rounded = below + (rest > 0.5 ? 1 : 0);
+    const auto unit = static_cast<std::uint64_t>(powersOfTen[places]);
+    AppendWhole(out, rounded / unit, pattern.minWhole);
+    if (pattern.maxDecimals > 0)
+        AppendDecimals(out, rounded % unit, pattern);
+    return true;
+}
+
+} // namespace
+
+void AppendNumber(std::string& out, double value, NumberPattern pattern) {
+    if (value < 0)
+        out += '-';
+    const double magnitude = std::abs(value);
+    if (AppendScaled(out, magnitude, pattern))
+        return;
+    Decimal decimal = ShortestDecimal(magnitude);
+    if (pattern.exponent) {
+        AppendExponent(out, decimal);
+        return;
+    }
+    RoundTo(decimal, decimal.point + pattern.maxDecimals);
+    AppendPlain(out, decimal, pattern);
+}
+
+std::string FormatNumber(double value, NumberPattern pattern) {
+    std::string out;
+    AppendNumber(out, value, pattern);
+    return out;
+}
+
+std::string FormatGeneral(double value) {
+    std::array<char, 32> text{};
+    constexpr double plainLimit = 1e15;
+    const auto format = std::abs(value) < plainLimit && value == std::floor(value)
+                            ? std::chars_format::fixed
+                            : std::chars_format::general;
+    const auto end = std::to_chars(text.data(), text.data() + text.size(), value, format).ptr;
+    return std::string(text.data(), end);
+}
+
+std::string LeftField(std::string_view text, std::size_t maxLength, std::size_t width) {
+    std::string field(text.substr(0, maxLength));
+    field.resize(std::max(width, field.size()), ' ');
+    return field;
+}
+
+std::string RightField(std::string_view text, std::size_t width) {
+    std::string field(text.size() < width ? width - text.size() : 0, ' ');
+    field += text;
+    return field;
+}
+
+std::string SignPositionNumber(int number) {
+    const std::string digits = std::to_string(number);
+    return number < 0 ? digits : " " + digits;
+}
+
+} // namespace strativo

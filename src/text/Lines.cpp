@@ -1,0 +1,76 @@
+#include "text/Lines.h"
+
+#include "text/RuntimeError.h"
+
+#include <algorithm>
+
+namespace strativo {
+
+namespace {
+
+constexpr char endOfFileMark = 26;
+
+/// A line that needs more than its ends trimmed.
+bool NeedsCopy(std::string_view line) {
+    return std::any_of(line.begin(), line.end(),
+                       [](char c) { return c == '\t' || c == '\r' || c == endOfFileMark; });
+}
+
+std::string_view WithoutLeadingBlanks(std::string_view line) {
+    return line.substr(std::min(line.find_first_not_of(' '), line.size()));
+}
+
+} // namespace
+
+std::string_view LineReader::Next() {
+    const auto end = rest.find('\n');
+    const std::string_view line = rest.substr(0, end);
+    rest.remove_prefix(end == std::string_view::npos ? rest.size() : end + 1);
+    return line;
+}
+
+std::string_view CleanLine(std::string_view line, std::string& scratch) {
+    line = line.substr(0, line.find('\n'));
+    if (line.ends_with('\r'))
+        line.remove_suffix(1);
+    if (!NeedsCopy(line))
+        return WithoutLeadingBlanks(line);
+    scratch.clear();
+    for (const char c : line)
+        if (c != '\r' && c != endOfFileMark)
+            scratch += c == '\t' ? ' ' : c;
+    return WithoutLeadingBlanks(scratch);
+}
+
+bool Contains(std::string_view text, std::string_view part) {
+    return text.find(part) != std::string_view::npos;
+}
+
+std::string_view QuotedText(std::string_view line) {
+    const auto open = line.find('\'');
+    const auto close = open == std::string_view::npos ? open : line.find('\'', open + 1);
+    if (close == std::string_view::npos)
+        throw RuntimeError(ErrorNumber::invalidArgument);
+    return line.substr(open + 1, close - open - 1);
+}
+
+void PieceReader::SkipBlanks() {
+    while (position < text.size() && static_cast<unsigned char>(text[position]) < 33)
+        ++position;
+}
+
+std::string_view PieceReader::PieceBeforeBlank() {
+    const auto blank = text.find(' ', position);
+    if (blank == std::string_view::npos)
+        throw RuntimeError(ErrorNumber::invalidArgument);
+    return Piece();
+}
+
+std::string_view PieceReader::Piece() {
+    const auto blank = std::min(text.find(' ', position), text.size());
+    const std::string_view piece = text.substr(position, blank - position);
+    position = blank;
+    return piece;
+}
+
+} // namespace strativo

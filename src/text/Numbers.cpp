@@ -1,0 +1,81 @@
+#include "text/Numbers.h"
+
+#include "text/RuntimeError.h"
+
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+namespace strativo {
+
+namespace {
+
+bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+std::string_view SkipBlanks(std::string_view text) {
+    const auto start = text.find_first_not_of(" \t");
+    return start == std::string_view::npos ? std::string_view() : text.substr(start);
+}
+
+std::string_view SkipSign(std::string_view text) {
+    return !text.empty() && (text[0] == '+' || text[0] == '-') ? text.substr(1) : text;
+}
+
+bool StartsWithDigits(std::string_view text) {
+    if (!text.empty() && text[0] == '.')
+        text.remove_prefix(1);
+    return !text.empty() && IsDigit(text[0]);
+}
+
+/// from_chars tells overflow and underflow apart by nothing but the text: a number that
+/// underflows has a negative exponent, or only zeros before its first digit.
+bool Underflows(std::string_view number) {
+    const auto exponent = number.find_first_of("eE");
+    if (exponent != std::string_view::npos)
+        return exponent + 1 < number.size() && number[exponent + 1] == '-';
+    return number[0] == '0' || number[0] == '.';
+}
+
+} // namespace
+
+bool IsNumber(std::string_view text) {
+    const std::string_view digits = SkipSign(text);
+    double value = 0;
+    return StartsWithDigits(digits)
+           && std::from_chars(digits.data(), digits.data() + digits.size(), value).ptr
+                  == digits.data() + digits.size();
+}
+
+double LeadingNumber(std::string_view text) {
+    const std::string_view number = SkipBlanks(text);
+    const std::string_view digits = SkipSign(number);
+    if (!StartsWithDigits(digits))
+        return 0;
+    double value = 0;
+    const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), value);
+    if (result.ec == std::errc::result_out_of_range) {
+        const auto length = static_cast<std::size_t>(result.ptr - digits.data());
+        if (!Underflows(digits.substr(0, length)))
+            throw RuntimeError(ErrorNumber::overflow);
+        value = 0;
+    }
+    return number[0] == '-' ? -value : value;
+}
+
+float ToSingle(double value) {
+    if (!(std::abs(value) <= std::numeric_limits<float>::max()))
+        throw RuntimeError(ErrorNumber::overflow);
+    return static_cast<float>(value);
+}
+
+std::int16_t ToInteger(double value) {
+    const double rounded = std::nearbyint(value);
+    if (!(rounded >= std::numeric_limits<std::int16_t>::min()
+          && rounded <= std::numeric_limits<std::int16_t>::max()))
+        throw RuntimeError(ErrorNumber::overflow);
+    return static_cast<std::int16_t>(rounded);
+}
+
+} // namespace strativo

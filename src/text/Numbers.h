@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+namespace strativo {
+
+/// The longest decimal number at the start of the text, after leading blanks: sign, digits, point
+/// and digits, exponent. 0 when there is none. A number beyond a double is run-time error 6.
+double LeadingNumber(std::string_view text);
+
+/// The whole text is one decimal number, without blanks around it.
+bool IsNumber(std::string_view text);
+
+/// The value as a 32-bit float; run-time error 6 when it does not fit.
+float ToSingle(double value);
+
+/// The value rounded to a 16-bit integer, halves to the even one; run-time error 6 when it does
+/// not fit.
+std::int16_t ToInteger(double value);
+
+} // namespace strativo

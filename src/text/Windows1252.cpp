@@ -1,0 +1,111 @@
+#include "text/Windows1252.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+
+namespace strativo {
+
+namespace {
+
+/// Code points of the bytes 0x80 to 0x9F; the five without a meaning keep their number.
+constexpr std::array<char32_t, 32> highTable = {
+    0x20AC, 0x81,   0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0x8D,   0x017D, 0x8F,   0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x9D,   0x017E, 0x0178};
+
+char32_t CodePoint(char byte) {
+    const auto code = static_cast<unsigned char>(byte);
+    return code >= 0x80 && code < 0xA0 ? highTable[code - 0x80U] : code;
+}
+
+char FromCodePoint(char32_t code) {
+    if (code < 0x80 || (code >= 0xA0 && code < 0x100))
+        return static_cast<char>(code);
+    const auto* const found = std::find(highTable.begin(), highTable.end(), code);
+    return found == highTable.end() ? '?' : static_cast<char>(0x80 + (found - highTable.begin()));
+}
+
+void AppendUtf8(std::string& out, char32_t code) {
+    if (code < 0x80) {
+        out += static_cast<char>(code);
+    } else if (code < 0x800) {
+        out += static_cast<char>(0xC0 | (code >> 6));
+        out += static_cast<char>(0x80 | (code & 0x3F));
+    } else {
+        out += static_cast<char>(0xE0 | (code >> 12));
+        out += static_cast<char>(0x80 | ((code >> 6) & 0x3F));
+        out += static_cast<char>(0x80 | (code & 0x3F));
+    }
+}
+
+std::size_t SequenceLength(unsigned char lead) {
+    if (lead < 0x80)
+        return 1;
+    if (lead < 0xC2)
+        return 0;
+    if (lead < 0xE0)
+        return 2;
+    if (lead < 0xF0)
+        return 3;
+    return lead < 0xF5 ? 4 : 0;
+}
+
+bool IsAllowed(char32_t code, std::size_t length) {
+    constexpr std::array<char32_t, 5> smallest = {0, 0, 0x80, 0x800, 0x10000};
+    const bool surrogate = code >= 0xD800 && code < 0xE000;
+    return code >= smallest[length] && code <= 0x10FFFF && !surrogate;
+}
+
+/// The code point at the front, which is taken off; nothing when the bytes are not UTF-8.
+std::optional<char32_t> TakeCodePoint(std::string_view& text) {
+    const auto lead = static_cast<unsigned char>(text[0]);
+    const std::size_t length = SequenceLength(lead);
+    if (length == 0 || length > text.size())
+        return std::nullopt;
+    char32_t code = length == 1 ? lead : lead & (0xFFU >> (length + 1));
+    for (std::size_t i = 1; i < length; ++i) {
+        const auto next = static_cast<unsigned char>(text[i]);
+        if ((next & 0xC0U) != 0x80)
+            return std::nullopt;
+        code = (code << 6) | (next & 0x3FU);
+    }
+    if (!IsAllowed(code, length))
+        return std::nullopt;
+    text.remove_prefix(length);
+    return code;
+}
+
+} // namespace
+
+std::string ToUtf8(std::string_view bytes) {
+    std::string out;
+    out.reserve(bytes.size());
+    for (const char byte : bytes)
+        AppendUtf8(out, CodePoint(byte));
+    return out;
+}
+
+std::string FromUtf8(std::string_view utf8) {
+    std::string out;
+    while (!utf8.empty()) {
+        const auto code = TakeCodePoint(utf8);
+        out += code ? FromCodePoint(*code) : '?';
+        if (!code)
+            utf8.remove_prefix(1);
+    }
+    return out;
+}
+
+bool IsValidUtf8(std::string_view bytes) {
+    while (!bytes.empty())
+        if (!TakeCodePoint(bytes))
+            return false;
+    return true;
+}
+
+std::string PathToUtf8(std::string_view path) {
+    return IsValidUtf8(path) ? std::string(path) : ToUtf8(path);
+}
+
+} // namespace strativo

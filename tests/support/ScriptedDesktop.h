@@ -1,0 +1,63 @@
+#pragma once
+
+#include "port/Desktop.h"
+
+#include <deque>
+#include <string>
+#include <vector>
+
+namespace strativo {
+
+/// A desktop for tests: it answers prompts and questions from a script, in order, and records every
+/// call. An unexpected prompt or question fails the test, and so does a scripted answer left over.
+class ScriptedDesktop : public Desktop {
+public:
+    ~ScriptedDesktop() override;
+
+    /// Scripts the answer to the next question (a message with Yes/No/Cancel buttons).
+    ScriptedDesktop& Answers(Answer answer);
+    /// Scripts the next chosen file; the single argument "" is a cancel.
+    ScriptedDesktop& OpensFile(const std::string& path);
+    ScriptedDesktop& SavesFile(const std::string& path);
+
+    Answer ShowMessage(const Message& message) override;
+    std::optional<std::string> AskOpenFile(const FilePrompt& prompt) override;
+    std::optional<std::string> AskSaveFile(const FilePrompt& prompt) override;
+    void Beep() override;
+    void OpenConstructionWindow(int number) override;
+    void CloseConstructionWindow(int number) override;
+    void RefreshConstructionWindow(int number) override;
+    void ActivateConstructionWindow(int number) override;
+    void RefreshMaterialList() override;
+    void ShowMaterialDialog() override;
+    void EnableMatOption(int index, bool enabled) override;
+    void SelectMatOption(int index) override;
+    void RefreshGlassTypeList() override;
+    void ShowProgress(std::size_t done, std::size_t total) override;
+    void ShowHelpContents() override;
+    void QuitHelp() override;
+
+    /// Number of recorded calls of that text.
+    int Count(const std::string& call) const;
+    /// Texts of the messages shown, in order.
+    std::vector<std::string> Texts() const;
+
+    /// Every call in order but progress reports: "Beep", "Message TEXT", "Open 1", "Close 1",
+    /// "Refresh 1", "Activate 1", "AskOpen TITLE", "EnableOption 1 0", "SelectOption 0" and so on.
+    std::vector<std::string> calls;
+    std::vector<Message> messages;
+    std::vector<FilePrompt> prompts;
+    bool ended = false;
+
+protected:
+    void OnProgramEnd() override;
+
+private:
+    std::optional<std::string> TakeFile(std::deque<std::string>& files, const FilePrompt& prompt);
+
+    std::deque<Answer> answers;
+    std::deque<std::string> filesToOpen;
+    std::deque<std::string> filesToSave;
+};
+
+} // namespace strativo
