@@ -64,10 +64,10 @@ void CopyMarkedLayers(const Construction& construction, LayerClipboard& clipboar
         clipboard[slot].name.clear();
 }
 
-/// Marks exactly these layers.
+/// Marks exactly these layers; layer 0 stands for none.
 void MarkOnly(Construction& construction, int from, int to) {
     ClearMarks(construction);
-    for (int layer = from; layer <= to; ++layer)
+    for (int layer = std::max(from, 1); layer <= to; ++layer)
         construction.layers.Edit(layer).selected = true;
 }
 
@@ -106,6 +106,7 @@ void DeleteMarked(Project& project, Construction& construction, Desktop& desktop
 void InsertEntry(Project& project, Construction& construction, int lines, int at,
                  const ClipEntry& entry) {
     LayerSlots& layers = construction.layers;
+    layers.Edit(lines + 1); // before any layer is referred to, since making a slot moves them
     for (int layer = lines + 1; layer > at; --layer)
         layers.Edit(layer) = layers[layer - 1];
     layers.Edit(at) = entry;
