@@ -55,9 +55,9 @@ void DropLayers(Project& project, int target, int row, Desktop& desktop) {
         return;
     Construction& source = project.constructions[drag.source];
     const int moved = MarkedLayersUpTo(source, LayerCount(source));
-    project.currentConstruction = drag.source;
     if (moved == 0)
         return;
+    project.currentConstruction = drag.source;
     const bool otherConstruction = target != drag.source;
     if (drag.copy) {
         CopyLayers(project, desktop);
