@@ -8,6 +8,7 @@
 #include "text/RuntimeError.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace strativo {
 
@@ -25,14 +26,15 @@ bool IsLikelyThickness(const Layer& layer, double value, Desktop& desktop) {
                   == Answer::yes;
 }
 
-/// The number typed, as a 32-bit float. One that does not fit is reported, and refused.
-bool TypedNumber(std::string_view text, float& value, Desktop& desktop) {
+/// The number typed. One that does not fit a 32-bit float is reported, and refused.
+std::optional<double> TypedNumber(std::string_view text, Desktop& desktop) {
     try {
-        value = ToSingle(LeadingNumber(text));
-        return true;
+        const double value = LeadingNumber(text);
+        ToSingle(value);
+        return value;
     } catch (const RuntimeError& error) {
         desktop.ShowMessage({error.what(), ""});
-        return false;
+        return std::nullopt;
     }
 }
 
@@ -65,12 +67,11 @@ EntryResult EnterThickness(Project& project, int number, std::string_view text, 
     Construction* construction = WithCurrentLayer(project, number);
     if (construction == nullptr)
         return EntryResult::nothing;
-    float value = 0;
-    if (!TypedNumber(text, value, desktop))
+    const std::optional<double> value = TypedNumber(text, desktop);
+    Layer& layer = construction->layers.Edit(construction->currentLayer);
+    if (!value || !IsLikelyThickness(layer, *value, desktop))
         return EntryResult::refused;
-    if (!IsLikelyThickness(construction->layers[construction->currentLayer], value, desktop))
-        return EntryResult::refused;
-    construction->layers.Edit(construction->currentLayer).thickness = value;
+    layer.thickness = ToSingle(*value);
     project.changed = true;
     construction->window.edited = true;
     RestoreThickness(*construction);
@@ -83,10 +84,10 @@ EntryResult EnterAbsorption(Project& project, int number, std::string_view text,
     Construction* construction = WithCurrentLayer(project, number);
     if (construction == nullptr)
         return EntryResult::nothing;
-    float value = 0;
-    if (!TypedNumber(text, value, desktop))
+    const std::optional<double> value = TypedNumber(text, desktop);
+    if (!value)
         return EntryResult::refused;
-    construction->layers.Edit(construction->currentLayer).absorption = value;
+    construction->layers.Edit(construction->currentLayer).absorption = ToSingle(*value);
     return EntryResult::accepted;
 }
 
