@@ -58,6 +58,8 @@ void RoundTo(Decimal& decimal, int keep) {
     }
     while (decimal.count > 0 && decimal.Digit(decimal.count - 1) == '0')
         --decimal.count;
+    if (decimal.count == 0)
+        decimal = Decimal();
 }
 
 void AppendPlain(std::string& out, const Decimal& decimal, const NumberPattern& pattern) {
@@ -74,7 +76,7 @@ void AppendPlain(std::string& out, const Decimal& decimal, const NumberPattern& 
 
 void AppendExponent(std::string& out, Decimal decimal) {
     RoundTo(decimal, 1);
-    const int exponent = decimal.point - 1;
+    const int exponent = decimal.count == 0 ? 0 : decimal.point - 1;
     const std::string digits = std::to_string(std::abs(exponent));
     out += decimal.Digit(0);
     out += exponent < 0 ? "E-" : "E+";

@@ -27,7 +27,7 @@ std::string_view CleanLine(std::string_view line, std::string& scratch);
 
 bool Contains(std::string_view text, std::string_view part);
 
-/// The text between the first apostrophe and the next one. run-time error 5 without both.
+/// The text between the first apostrophe and the next one. Run-time error 5 without both.
 std::string_view QuotedText(std::string_view line);
 
 /// A position in a line from which its pieces are taken one after the other.

@@ -2,6 +2,7 @@
 
 #include "text/RuntimeError.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -29,13 +30,27 @@ bool StartsWithDigits(std::string_view text) {
     return !text.empty() && IsDigit(text[0]);
 }
 
-/// from_chars tells overflow and underflow apart by nothing but the text: a number that
-/// underflows has a negative exponent, or only zeros before its first digit.
+/// The exponent of ten that a number is written with; a very large one is cut short.
+std::int64_t WrittenExponent(std::string_view exponent) {
+    constexpr std::int64_t farBeyond = 1'000'000'000'000;
+    const bool negative = exponent.starts_with('-');
+    const std::string_view digits = SkipSign(exponent);
+    std::int64_t value = 0;
+    const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), value);
+    if (result.ec == std::errc::result_out_of_range)
+        value = farBeyond;
+    return negative ? -value : value;
+}
+
+/// from_chars reports overflow and underflow alike; where the first digit that counts stands tells
+/// them apart.
 bool Underflows(std::string_view number) {
-    const auto exponent = number.find_first_of("eE");
-    if (exponent != std::string_view::npos)
-        return exponent + 1 < number.size() && number[exponent + 1] == '-';
-    return number[0] == '0' || number[0] == '.';
+    const auto mantissaEnd = std::min(number.find_first_of("eE"), number.size());
+    const std::string_view mantissa = number.substr(0, mantissaEnd);
+    const auto point = static_cast<std::int64_t>(std::min(mantissa.find('.'), mantissa.size()));
+    const auto first = static_cast<std::int64_t>(mantissa.find_first_of("123456789"));
+    const std::string_view exponent = number.substr(std::min(mantissaEnd + 1, number.size()));
+    return point - first + WrittenExponent(exponent) < 0;
 }
 
 } // namespace
