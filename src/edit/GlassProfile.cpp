@@ -111,8 +111,10 @@ void PressGraph(Project& project, GlassProfile& profile, const GraphGeometry& gr
 }
 
 void DragGraph(Project& project, GlassProfile& profile, const GraphGeometry& graph, double y) {
-    if (project.selectedProfileColumn > 0)
-        StoreValue(project, profile, graph.ValueAt(y + profile.dragOffset));
+    if (project.selectedProfileColumn == 0)
+        return;
+    StoreValue(project, profile, graph.ValueAt(y + profile.dragOffset));
+    project.changed = true;
 }
 
 void PressProfileKey(Project& project, GlassProfile& profile, ProfileKey key) {
@@ -165,6 +167,10 @@ bool AcceptProfile(Project& project, const GlassProfile& profile, std::string_vi
     type.absorption = profile.absorption;
     project.changed = project.changed || different;
     return true;
+}
+
+void CancelProfile(Project& project) {
+    project.changed = false;
 }
 
 } // namespace strativo

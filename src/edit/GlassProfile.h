@@ -50,7 +50,7 @@ inline constexpr double markerRadius = 50; ///< drawing units (twips)
 /// Selects the column whose marker lies under the pointer and takes hold of it, or none.
 void PressGraph(Project& project, GlassProfile& profile, const GraphGeometry& graph, double x,
                 double y);
-/// Moves the value that was taken hold of.
+/// Moves the value that was taken hold of; marks the project as changed at each move.
 void DragGraph(Project& project, GlassProfile& profile, const GraphGeometry& graph, double y);
 
 enum class ProfileKey { pageUp, pageDown, up, down, home, end, left, right };
@@ -72,5 +72,9 @@ std::string LevelText(const Project& project, const GlassProfile& profile);
 /// message says so and the editor stays open (false).
 bool AcceptProfile(Project& project, const GlassProfile& profile, std::string_view name,
                    Desktop& desktop);
+
+/// The editor's Cancel: nothing is written back, and the whole project counts as unchanged, edits
+/// of layers included.
+void CancelProfile(Project& project);
 
 } // namespace strativo
