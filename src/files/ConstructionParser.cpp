@@ -125,9 +125,9 @@ private:
     }
 
     void ReadConstructionLine(std::string_view line) {
-        const auto name = QuotedValue(line);
         createConstruction();
-        project.constructions[project.currentConstruction].name = name.value_or("");
+        if (auto name = QuotedValue(line))
+            project.constructions[project.currentConstruction].name = *name;
         parsed.lastConstruction = project.currentConstruction;
         constructionOpen = true;
         section = Section::construction;

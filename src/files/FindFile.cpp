@@ -34,8 +34,6 @@ std::optional<std::string> EntryIgnoringCase(const std::string& folder, const st
     std::error_code error;
     for (fs::directory_iterator entry(folder.empty() ? "." : folder, error), end; entry != end;
          entry.increment(error)) {
-        if (error)
-            break;
         const std::string entryName = entry->path().filename().string();
         if (LowerCase(entryName) == LowerCase(name))
             found.push_back(entryName);

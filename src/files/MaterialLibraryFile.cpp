@@ -14,11 +14,10 @@ namespace {
 
 constexpr auto npos = std::string_view::npos;
 
-/// The next slot to fill; the last slot of the table is the end marker's.
-int CheckedSlot(int slot) {
-    if (slot > MaterialLibrary::last - 1)
+Material& Slot(MaterialLibrary& library, int number) {
+    if (number > MaterialLibrary::last)
         throw RuntimeError(ErrorNumber::subscriptOutOfRange);
-    return slot;
+    return library[number];
 }
 
 /// A record of the standard layout; nothing when it is of another version.
@@ -26,13 +25,11 @@ std::optional<Material> StandardRecord(std::string_view line) {
     const auto open = line.find('\'');
     if (open == npos || open == 0 || open + 2 >= line.size())
         return std::nullopt;
-    const auto close = line.find('\'', open + 1);
-    if (close == npos)
-        throw RuntimeError(ErrorNumber::invalidArgument);
     Material material;
     material.code = LeadingNumber(line.substr(0, open));
-    material.name = NormaliseMaterialName(line.substr(open + 1, close - open - 1));
-    PieceReader reader(line, close + 1);
+    const std::string_view name = QuotedText(line);
+    material.name = NormaliseMaterialName(name);
+    PieceReader reader(line, open + name.size() + 2);
     reader.SkipBlanks();
     if (reader.AtLastCharacter())
         return std::nullopt;
@@ -82,14 +79,14 @@ std::optional<Material> UserRecord(std::string_view naming, std::string_view num
     const auto star = naming.find('*');
     if (star == npos || star == 0 || star + 2 >= naming.size())
         return std::nullopt;
+    Material material;
+    material.code = LeadingNumber(naming.substr(0, star));
     const auto blank = naming.find(' ', star);
     if (blank == npos)
         throw RuntimeError(ErrorNumber::invalidArgument);
     const auto nameStart = std::min(naming.find_first_not_of(' ', blank), naming.size());
     if (nameStart + 1 == naming.size())
         return std::nullopt;
-    Material material;
-    material.code = LeadingNumber(naming.substr(0, star));
     material.name = NormaliseMaterialName(naming.substr(nameStart));
     PieceReader reader(numbers, 0);
     material.conductivity = LeadingNumber(reader.PieceBeforeBlank());
@@ -124,7 +121,7 @@ LibraryContent ParseStandardLibrary(std::string_view bytes) {
         if (line.empty())
             continue;
         if (auto material = StandardRecord(line))
-            content.library[CheckedSlot(slot++)] = std::move(*material);
+            Slot(content.library, slot++) = std::move(*material);
         else
             content.wrongVersion = true;
     }
@@ -144,13 +141,13 @@ LibraryContent ParseUserLibrary(std::string_view bytes) {
         if (naming.empty())
             continue;
         if (auto material = UserRecord(naming, numbers))
-            content.library[CheckedSlot(slot++)] = std::move(*material);
+            Slot(content.library, slot++) = std::move(*material);
         else
             content.wrongVersion = true;
     }
     if (content.wrongVersion)
         EmptyLibrary(content.library);
-    content.library[slot].name = endOfLibrary;
+    Slot(content.library, slot).name = endOfLibrary;
     return content;
 }
 

@@ -54,6 +54,7 @@ OldFile CheckOldFile(const std::string& path) {
         throw WriteError("It is not a regular file");
     if ((old.status.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0)
         throw WriteError("The file is read-only");
+    Check(faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0);
     if (old.status.st_nlink > 1)
         throw WriteError(
             "The file has further hard links, which would go on naming the old content");
@@ -88,17 +89,19 @@ public:
     }
 
     void TakePermissions(const OldFile& old) {
-        constexpr mode_t permissionBits = 07777;
+        constexpr mode_t permissionBits = 0777;
+        constexpr uid_t anyOwner = static_cast<uid_t>(-1);
         if (!old.exists) {
             const mode_t mask = umask(0);
             umask(mask);
             Check(fchmod(descriptor, 0666 & ~mask) == 0);
             return;
         }
-        // The owner can be kept only by a privileged user; a file of the user's own is no loss.
-        const bool owned = fchown(descriptor, old.status.st_uid, old.status.st_gid) == 0;
+        // Only a privileged user can keep the owner; the group stays wherever that is allowed.
+        const bool groupKept = fchown(descriptor, old.status.st_uid, old.status.st_gid) == 0
+                               || fchown(descriptor, anyOwner, old.status.st_gid) == 0;
         const mode_t mode = old.status.st_mode & permissionBits;
-        Check(fchmod(descriptor, owned ? mode : mode & ~(S_ISUID | S_ISGID)) == 0);
+        Check(fchmod(descriptor, groupKept ? mode : mode & ~S_IRWXG) == 0);
     }
 
     void Replace(const std::string& target) {
@@ -115,15 +118,14 @@ private:
     int descriptor = -1;
 };
 
-/// Brings the folder's new entry to the disk.
+/// Brings the folder's new entry to the disk where the folder allows it. The file is in its place
+/// by then, so that a failure here is none of saving.
 void SyncFolder(const std::string& folder) {
     const int descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    Check(descriptor >= 0);
-    const bool synced = fsync(descriptor) == 0 || errno == EINVAL;
-    const int syncError = errno;
+    if (descriptor < 0)
+        return;
+    fsync(descriptor);
     close(descriptor);
-    errno = syncError;
-    Check(synced);
 }
 
 } // namespace

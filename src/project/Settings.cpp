@@ -1,8 +1,11 @@
 #include "project/Settings.h"
 
+#include "files/FileAccess.h"
+
 #include <cstdlib>
 
 #define SI_NO_CONVERSION
+#define SI_IMPLEMENTATION
 #include <SimpleIni.h>
 
 namespace strativo {
@@ -15,6 +18,15 @@ constexpr char section[] = "Files";
 std::string Environment(const char* name) {
     const char* value = std::getenv(name);
     return value != nullptr ? value : "";
+}
+
+/// Nothing for what is no readable file, be it missing, a folder or a FIFO.
+std::string BytesIfReadable(const std::string& path) {
+    try {
+        return ReadFileBytes(path);
+    } catch (const RuntimeError&) {
+        return "";
+    }
 }
 
 } // namespace
@@ -30,8 +42,7 @@ Settings ReadSettings(const std::vector<std::string>& files) {
     // The last file first, so that the earlier ones overrule it key by key.
     for (auto file = files.rbegin(); file != files.rend(); ++file) {
         CSimpleIniCaseA ini;
-        if (ini.LoadFile(file->c_str()) != SI_OK)
-            continue;
+        ini.LoadData(BytesIfReadable(*file));
         settings.help = ini.GetValue(section, "Help", settings.help.c_str());
         settings.stdMat = ini.GetValue(section, "StdMat", settings.stdMat.c_str());
     }
