@@ -118,14 +118,19 @@ private:
     int descriptor = -1;
 };
 
-/// Brings the folder's new entry to the disk where the folder allows it. The file is in its place
-/// by then, so that a failure here is none of saving.
+/// Brings the folder's new entry to the disk. A folder that may be written to but not read, and a
+/// file system without such a call, cannot be asked for it; any other failure is one of saving,
+/// since the old entry may come back after a loss of power.
 void SyncFolder(const std::string& folder) {
     const int descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (descriptor < 0)
+    if (descriptor < 0 && errno == EACCES)
         return;
-    fsync(descriptor);
+    Check(descriptor >= 0);
+    const bool synced = fsync(descriptor) == 0 || errno == EINVAL;
+    const int systemError = errno;
     close(descriptor);
+    errno = systemError;
+    Check(synced);
 }
 
 } // namespace
