@@ -19,7 +19,6 @@ public:
         return found == lines.end() ? none : found->second;
     }
     void Drop(int owner) { lines.erase(owner); }
-    void Clear() { lines.clear(); }
 
 private:
     std::unordered_map<int, CommentLines> lines;

@@ -1,0 +1,66 @@
+#include "model/Construction.h"
+
+#include <gtest/gtest.h>
+#include <stdexcept>
+
+namespace strativo {
+namespace {
+
+TEST(LayerSlots, ReadAsEmptyLayersUntilWrittenTo) {
+    const LayerSlots slots;
+    EXPECT_EQ(slots[1], Layer());
+    EXPECT_EQ(slots[15], Layer());
+    EXPECT_EQ(slots.HighestUsed(), 0);
+}
+
+TEST(LayerSlots, KeepWhatWasWritten) {
+    LayerSlots slots;
+    slots.Edit(3).name = "BRICK";
+    EXPECT_EQ(slots[3].name, "BRICK");
+    EXPECT_EQ(slots[2], Layer());
+    EXPECT_EQ(slots.HighestUsed(), 3);
+    slots.Edit(1).name = "PLASTER";
+    EXPECT_EQ(slots.HighestUsed(), 3);
+}
+
+TEST(LayerSlots, AreFifteen) {
+    LayerSlots slots;
+    slots.Edit(15).name = "LAST";
+    EXPECT_EQ(slots[15].name, "LAST");
+    for (const int slot : {-1, 0, 16}) {
+        EXPECT_THROW(static_cast<void>(slots[slot]), std::out_of_range) << slot;
+        EXPECT_THROW(slots.Edit(slot), std::out_of_range) << slot;
+        EXPECT_THROW(slots.ClearFrom(slot), std::out_of_range) << slot;
+    }
+}
+
+TEST(LayerSlots, AreEmptiedFromASlotOn) {
+    LayerSlots slots;
+    for (int slot = 1; slot <= 3; ++slot)
+        slots.Edit(slot).name = "BRICK";
+    slots.ClearFrom(4);
+    EXPECT_EQ(slots.HighestUsed(), 3);
+    slots.ClearFrom(2);
+    EXPECT_EQ(slots[1].name, "BRICK");
+    EXPECT_EQ(slots[2], Layer());
+    EXPECT_EQ(slots.HighestUsed(), 1);
+}
+
+TEST(LayerCount, LeavesOutSlotsWithoutAName) {
+    Construction construction;
+    EXPECT_EQ(LayerCount(construction), 0);
+    construction.layers.Edit(1).name = "BRICK";
+    construction.layers.Edit(3).name = "PLASTER";
+    EXPECT_EQ(LayerCount(construction), 2);
+}
+
+TEST(Construction, StartsOpaqueWithoutLayersAndNotInUse) {
+    const Construction construction;
+    EXPECT_EQ(construction.type, opaqueType);
+    EXPECT_EQ(construction.currentLayer, 0);
+    EXPECT_FALSE(construction.window.open);
+    EXPECT_EQ(removedType, -999);
+}
+
+} // namespace
+} // namespace strativo
