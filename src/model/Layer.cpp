@@ -16,20 +16,20 @@ void CheckSlot(int slot) {
 const Layer& LayerSlots::operator[](int slot) const {
     static const Layer empty;
     CheckSlot(slot);
-    return slot <= HighestUsed() ? slots[static_cast<std::size_t>(slot) - 1] : empty;
+    return slot <= HighestUsed() ? used[static_cast<std::size_t>(slot) - 1] : empty;
 }
 
 Layer& LayerSlots::Edit(int slot) {
     CheckSlot(slot);
     if (slot > HighestUsed())
-        slots.resize(static_cast<std::size_t>(slot));
-    return slots[static_cast<std::size_t>(slot) - 1];
+        used.resize(static_cast<std::size_t>(slot));
+    return used[static_cast<std::size_t>(slot) - 1];
 }
 
 void LayerSlots::ClearFrom(int slot) {
     CheckSlot(slot);
     if (slot <= HighestUsed())
-        slots.resize(static_cast<std::size_t>(slot) - 1);
+        used.resize(static_cast<std::size_t>(slot) - 1);
 }
 
 } // namespace strativo

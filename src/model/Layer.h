@@ -37,10 +37,10 @@ public:
     /// Empties the slots from this one to the last.
     void ClearFrom(int slot);
     /// Number of the highest slot that was written to; all above are empty.
-    int HighestUsed() const { return static_cast<int>(slots.size()); }
+    int HighestUsed() const { return static_cast<int>(used.size()); }
 
 private:
-    std::vector<Layer> slots;
+    std::vector<Layer> used;
 };
 
 } // namespace strativo

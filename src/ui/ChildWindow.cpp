@@ -1,0 +1,135 @@
+#include "ui/ChildWindow.h"
+
+#include <QLabel>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QStyle>
+#include <QToolButton>
+
+namespace strativo {
+
+namespace {
+
+constexpr int buttonSize = 19;
+constexpr int margin = 4;
+
+} // namespace
+
+ChildWindow::ChildWindow(int windowId, QWidget* parent)
+    : QWidget(parent), id(windowId), title(new QLabel(this)),
+      minimiseButton(AddButton(QStringLiteral("MinimiseButton"))),
+      closeButton(AddButton(QStringLiteral("CloseButton"))) {
+    setObjectName(QStringLiteral("ChildWindow"));
+    title->setTextFormat(Qt::PlainText);
+    title->setAttribute(Qt::WA_TransparentForMouseEvents);
+    closeButton->setAccessibleName(tr("Close"));
+    closeButton->setToolTip(tr("Close"));
+    connect(minimiseButton, &QToolButton::clicked, this, &ChildWindow::MinimiseToggled);
+    connect(closeButton, &QToolButton::clicked, this, &ChildWindow::CloseRequested);
+    ShowButtonPictures();
+    SetActive(false);
+}
+
+QToolButton* ChildWindow::AddButton(const QString& objectName) {
+    auto* button = new QToolButton(this);
+    button->setObjectName(objectName);
+    button->setAutoRaise(true);
+    button->setFocusPolicy(Qt::NoFocus);
+    button->setFixedSize(buttonSize, buttonSize);
+    button->setIconSize(QSize(10, 10));
+    return button;
+}
+
+void ChildWindow::ShowButtonPictures() {
+    const QString name = minimised ? tr("Restore") : tr("Minimise");
+    minimiseButton->setIcon(style()->standardIcon(minimised ? QStyle::SP_TitleBarNormalButton
+                                                            : QStyle::SP_TitleBarMinButton));
+    minimiseButton->setAccessibleName(name);
+    minimiseButton->setToolTip(name);
+    closeButton->setIcon(style()->standardIcon(QStyle::SP_TitleBarCloseButton));
+}
+
+QSize ChildWindow::SizeAround(QSize content) {
+    return content + QSize(2 * border, 2 * border + titleHeight);
+}
+
+void ChildWindow::SetContent(QWidget* widget) {
+    content = widget;
+    content->setParent(this);
+    content->move(border, border + titleHeight);
+    content->setVisible(!minimised);
+    setFocusProxy(content);
+}
+
+void ChildWindow::SetCaption(const QString& caption) {
+    title->setText(caption);
+    setWindowTitle(caption);
+    setAccessibleName(caption);
+}
+
+void ChildWindow::SetActive(bool nowActive) {
+    active = nowActive;
+    QPalette colours;
+    colours.setColor(QPalette::WindowText,
+                     colours.color(active ? QPalette::HighlightedText : QPalette::Text));
+    title->setPalette(colours);
+    update();
+}
+
+void ChildWindow::SetMinimised(bool nowMinimised) {
+    minimised = nowMinimised;
+    if (content != nullptr)
+        content->setVisible(!minimised);
+    ShowButtonPictures();
+}
+
+bool ChildWindow::IsOnTitle(const QPoint& position) const {
+    return position.y() < border + titleHeight;
+}
+
+void ChildWindow::mousePressEvent(QMouseEvent* event) {
+    emit Activated();
+    dragging = event->button() == Qt::LeftButton && IsOnTitle(event->position().toPoint());
+    grip = event->position().toPoint();
+}
+
+void ChildWindow::mouseMoveEvent(QMouseEvent* event) {
+    if (!dragging || parentWidget() == nullptr)
+        return;
+    // The title bar stays within reach: a window moved out of sight could not be moved back.
+    const QPoint wanted = mapToParent(event->position().toPoint() - grip);
+    const QSize area = parentWidget()->size();
+    move(qBound(40 - width(), wanted.x(), area.width() - 40),
+         qBound(0, wanted.y(), area.height() - titleHeight));
+    emit Moved();
+}
+
+void ChildWindow::mouseReleaseEvent(QMouseEvent*) {
+    dragging = false;
+}
+
+void ChildWindow::mouseDoubleClickEvent(QMouseEvent* event) {
+    // Only an icon answers: windows of fixed size have nothing to be enlarged to.
+    if (minimised && event->button() == Qt::LeftButton)
+        emit MinimiseToggled();
+}
+
+void ChildWindow::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    const QPalette colours = palette();
+    const QColor bar =
+        active ? colours.color(QPalette::Highlight) : colours.color(QPalette::Button);
+    painter.fillRect(rect(), colours.color(QPalette::Window));
+    painter.fillRect(QRect(0, 0, width(), titleHeight + border), bar);
+    painter.setPen(active ? bar.darker(140) : colours.color(QPalette::Mid));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+}
+
+void ChildWindow::resizeEvent(QResizeEvent*) {
+    const int top = border + (titleHeight - buttonSize) / 2;
+    closeButton->move(width() - border - margin - buttonSize, top);
+    minimiseButton->move(closeButton->x() - buttonSize - 2, top);
+    title->setGeometry(border + 2 * margin, border, minimiseButton->x() - 3 * margin, titleHeight);
+}
+
+} // namespace strativo

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <QWidget>
+
+class QLabel;
+class QToolButton;
+
+namespace strativo {
+
+/// The frame of a window inside the main window: a title bar with caption, minimise and close
+/// buttons, and the content below it. It asks for what its user wants by signals; the window area
+/// decides.
+class ChildWindow : public QWidget {
+    Q_OBJECT
+
+public:
+    ChildWindow(int windowId, QWidget* parent);
+
+    int Id() const { return id; }
+
+    static constexpr int titleHeight = 25;
+    static constexpr int border = 2;
+    /// The size of a frame around a content of that size.
+    static QSize SizeAround(QSize content);
+    static QSize IconSize() { return {176, titleHeight + 2 * border}; }
+
+    void SetContent(QWidget* widget);
+    QWidget* Content() const { return content; }
+    void SetCaption(const QString& caption);
+    /// Draws the title bar as that of the active window or not.
+    void SetActive(bool active);
+    void SetMinimised(bool minimised);
+    bool IsMinimised() const { return minimised; }
+
+signals:
+    void Activated();
+    void MinimiseToggled();
+    void CloseRequested();
+    void Moved();
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    QToolButton* AddButton(const QString& objectName);
+    void ShowButtonPictures();
+    bool IsOnTitle(const QPoint& position) const;
+
+    int id;
+    QLabel* title;
+    QToolButton* minimiseButton;
+    QToolButton* closeButton;
+    QWidget* content = nullptr;
+    QPoint grip;
+    bool dragging = false;
+    bool active = false;
+    bool minimised = false;
+};
+
+} // namespace strativo

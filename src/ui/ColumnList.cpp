@@ -1,0 +1,121 @@
+#include "ui/ColumnList.h"
+
+#include "edit/LayerDrag.h"
+#include "ui/Text.h"
+#include "ui/Twips.h"
+
+#include <QApplication>
+#include <QFontDatabase>
+#include <QMouseEvent>
+#include <QScrollBar>
+#include <QSignalBlocker>
+#include <QStyledItemDelegate>
+
+namespace strativo {
+
+namespace {
+
+/// Gives every row the height that the drag arithmetic reckons with.
+class RowDelegate : public QStyledItemDelegate {
+public:
+    RowDelegate(int rowPixels, QObject* parent) : QStyledItemDelegate(parent), height(rowPixels) {}
+
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        return {QStyledItemDelegate::sizeHint(option, index).width(), height};
+    }
+
+private:
+    int height;
+};
+
+} // namespace
+
+QFont ColumnFont() {
+    QFont font(QStringList{QStringLiteral("Courier New"), QStringLiteral("Liberation Mono")});
+    font.setStyleHint(QFont::TypeWriter);
+    font.setPointSizeF(8.25);
+    return font;
+}
+
+ColumnList::ColumnList(const QString& objectName, int rows, int heightInTwips, QWidget* parent)
+    : QListWidget(parent), visibleRows(rows) {
+    setObjectName(objectName);
+    setFont(ColumnFont());
+    setItemDelegate(new RowDelegate(RowHeightInPixels(), this));
+    setUniformItemSizes(true);
+    setFixedHeight(FromTwips(heightInTwips, *this));
+    setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setFrameStyle(QFrame::Panel | QFrame::Sunken);
+    setLineWidth(1);
+    setDragEnabled(false);
+    setTextElideMode(Qt::ElideNone);
+}
+
+void ColumnList::SetLines(const std::vector<std::string>& lines) {
+    const QSignalBlocker blocked(this);
+    const int top = TopLine();
+    clear();
+    for (const std::string& line : lines)
+        addItem(ToText(line));
+    verticalScrollBar()->setValue(top);
+}
+
+int ColumnList::LineAt(const QPoint& position) const {
+    return TopLine() + VisibleRow(position.y(), RowHeightInPixels(), visibleRows);
+}
+
+int ColumnList::RowHeightInPixels() const {
+    return FromTwips(rowHeight, *this);
+}
+
+int ColumnList::TopLine() const {
+    return verticalScrollBar()->value();
+}
+
+int ColumnList::WidthFor(int characters) const {
+    const int text = QFontMetrics(font()).horizontalAdvance(QLatin1Char('0')) * characters;
+    const int scrollBar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    return text + scrollBar + 2 * frameWidth() + 8;
+}
+
+void ColumnList::focusInEvent(QFocusEvent* event) {
+    const QModelIndex before = currentIndex();
+    QListWidget::focusInEvent(event);
+    // Merely getting the focus must not move the current line.
+    if (currentIndex() != before)
+        FocusLine(before.row());
+}
+
+void ColumnList::FocusLine(int line) {
+    selectionModel()->setCurrentIndex(line < 0 ? QModelIndex() : model()->index(line, 0),
+                                      QItemSelectionModel::NoUpdate);
+}
+
+void ColumnList::mousePressEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton)
+        return;
+    const int line = LineAt(event->position().toPoint());
+    pressed = true;
+    pressedLine = line < count() ? line : -1;
+    pressPosition = event->position().toPoint();
+    if (pressedLine >= 0)
+        PressLine(pressedLine, event->modifiers());
+}
+
+void ColumnList::mouseMoveEvent(QMouseEvent* event) {
+    const QPoint moved = event->position().toPoint() - pressPosition;
+    if (!pressed || !(event->buttons() & Qt::LeftButton)
+        || moved.manhattanLength() < QApplication::startDragDistance())
+        return;
+    pressed = false;
+    emit DragWanted(pressedLine, pressPosition, event->modifiers() & Qt::ControlModifier);
+}
+
+void ColumnList::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton && pressed && pressedLine >= 0)
+        ReleaseLine(pressedLine, event->modifiers());
+    pressed = false;
+}
+
+} // namespace strativo

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "ui/DragPayload.h"
+
+#include <QLabel>
+
+namespace strativo {
+
+/// A label beside the layer list that takes drops for its first or its last line.
+class DropLabel : public QLabel {
+    Q_OBJECT
+
+public:
+    using QLabel::QLabel;
+
+signals:
+    void DragOver();
+    void Dropped(DragKind kind);
+
+protected:
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+};
+
+} // namespace strativo

@@ -1,0 +1,85 @@
+#include "ui/EntryField.h"
+
+#include "edit/ConstructionEntry.h"
+#include "ui/Text.h"
+
+#include <QFocusEvent>
+#include <QValidator>
+
+namespace strativo {
+
+namespace {
+
+/// Never refuses a text; it corrects what the files could not carry, typed or pasted, at once.
+class EntryCorrector : public QValidator {
+public:
+    EntryCorrector(EntryField::Kind fieldKind, QObject* parent)
+        : QValidator(parent), kind(fieldKind) {}
+
+    State validate(QString& input, int&) const override {
+        input = ToText(CleanEntry(ToBytes(input)));
+        if (kind == EntryField::Kind::number)
+            input.replace(QLatin1Char(','), QLatin1Char('.'));
+        return Acceptable;
+    }
+
+private:
+    EntryField::Kind kind;
+};
+
+} // namespace
+
+EntryField::EntryField(Kind kind, const QString& objectName, QWidget* parent) : QLineEdit(parent) {
+    setObjectName(objectName);
+    setValidator(new EntryCorrector(kind, this));
+    setAcceptDrops(false);
+}
+
+void EntryField::keyPressEvent(QKeyEvent* event) {
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (enter && !event->isAutoRepeat())
+        emit Entered();
+    else if (event->key() == Qt::Key_Escape)
+        emit Escaped();
+    else if (!enter)
+        QLineEdit::keyPressEvent(event);
+}
+
+void EntryField::focusInEvent(QFocusEvent* event) {
+    QLineEdit::focusInEvent(event);
+    ShowFocus(true);
+    if (event->reason() == Qt::MouseFocusReason)
+        selectOnRelease = true;
+    else if (event->reason() == Qt::ShortcutFocusReason)
+        selectAll();
+}
+
+void EntryField::focusOutEvent(QFocusEvent* event) {
+    QLineEdit::focusOutEvent(event);
+    ShowFocus(false);
+    const Qt::FocusReason reason = event->reason();
+    if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason
+        && reason != Qt::MenuBarFocusReason)
+        emit Left();
+}
+
+void EntryField::mouseReleaseEvent(QMouseEvent* event) {
+    QLineEdit::mouseReleaseEvent(event);
+    if (selectOnRelease && !hasSelectedText())
+        selectAll();
+    selectOnRelease = false;
+}
+
+void EntryField::ShowFocus(bool focused) {
+    QPalette colours;
+    if (focused) {
+        const QColor highlight = colours.color(QPalette::Highlight);
+        colours.setColor(QPalette::Text, colours.color(QPalette::HighlightedText));
+        colours.setColor(QPalette::Base, highlight);
+        // Selected text must still be told apart within the selection colour.
+        colours.setColor(QPalette::Highlight, highlight.darker(160));
+    }
+    setPalette(colours);
+}
+
+} // namespace strativo

@@ -1,0 +1,145 @@
+#include "ui/LayerList.h"
+
+#include "edit/LayerDrag.h"
+
+#include <QDragEnterEvent>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QSignalBlocker>
+
+#include <algorithm>
+
+namespace strativo {
+
+LayerList::LayerList(QWidget* parent)
+    : ColumnList(QStringLiteral("Construction"), visibleLayerRows, listHeight, parent) {
+    setSelectionMode(QAbstractItemView::ExtendedSelection);
+    setAcceptDrops(true);
+    viewport()->setAcceptDrops(true);
+    setAutoScroll(true);
+}
+
+void LayerList::SetMarks(const std::vector<bool>& marks, int focusedLine) {
+    const QSignalBlocker blocked(this);
+    for (int line = 0; line < count(); ++line)
+        item(line)->setSelected(static_cast<std::size_t>(line) < marks.size()
+                                && marks[static_cast<std::size_t>(line)]);
+    FocusLine(focusedLine);
+}
+
+std::vector<bool> LayerList::Marks() const {
+    std::vector<bool> marks;
+    for (int line = 0; line < count(); ++line)
+        marks.push_back(item(line)->isSelected());
+    return marks;
+}
+
+void LayerList::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Delete) {
+        deletePressed = true;
+        return;
+    }
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!enter)
+        ColumnList::keyPressEvent(event);
+    rangeStart = currentRow();
+    if (count() > 0)
+        emit LineTouched(currentRow());
+}
+
+void LayerList::keyReleaseEvent(QKeyEvent* event) {
+    // A key held down repeats, and a press may have gone to a box that closed meanwhile: only the
+    // end of a press made here counts.
+    const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    if (event->key() == Qt::Key_Delete && !event->isAutoRepeat()) {
+        const bool wasPressed = deletePressed;
+        deletePressed = false;
+        if (wasPressed && plain)
+            emit DeleteReleased();
+        return;
+    }
+    ColumnList::keyReleaseEvent(event);
+}
+
+void LayerList::focusOutEvent(QFocusEvent* event) {
+    deletePressed = false;
+    ColumnList::focusOutEvent(event);
+}
+
+void LayerList::PressLine(int line, Qt::KeyboardModifiers modifiers) {
+    if (modifiers & Qt::ShiftModifier) {
+        clearSelection();
+        const auto [from, to] = std::minmax(std::clamp(rangeStart, 0, count() - 1), line);
+        for (int i = from; i <= to; ++i)
+            item(i)->setSelected(true);
+    } else {
+        rangeStart = line;
+        // A press on a marked line may begin a drag of all marked ones: they stay until release.
+        if (!(modifiers & Qt::ControlModifier) && !item(line)->isSelected()) {
+            clearSelection();
+            item(line)->setSelected(true);
+        }
+    }
+    FocusLine(line);
+    emit LineTouched(line);
+}
+
+void LayerList::ReleaseLine(int line, Qt::KeyboardModifiers modifiers) {
+    if (line >= count() || (modifiers & Qt::ShiftModifier))
+        return;
+    if (modifiers & Qt::ControlModifier) {
+        item(line)->setSelected(!item(line)->isSelected());
+    } else {
+        clearSelection();
+        item(line)->setSelected(true);
+    }
+    emit LineTouched(line);
+}
+
+void LayerList::mouseDoubleClickEvent(QMouseEvent* event) {
+    mousePressEvent(event);
+}
+
+void LayerList::dragEnterEvent(QDragEnterEvent* event) {
+    event->setAccepted(KindOfDrag(*event) != DragKind::none);
+}
+
+void LayerList::dragMoveEvent(QDragMoveEvent* event) {
+    ColumnList::dragMoveEvent(event); // scrolls at the edges
+    event->setAccepted(KindOfDrag(*event) != DragKind::none);
+    ShowDropRow(std::min(LineAt(event->position().toPoint()), count()));
+}
+
+void LayerList::dragLeaveEvent(QDragLeaveEvent* event) {
+    ColumnList::dragLeaveEvent(event);
+    ShowDropRow(-1);
+}
+
+void LayerList::dropEvent(QDropEvent* event) {
+    const DragKind kind = KindOfDrag(*event);
+    const int row = LineAt(event->position().toPoint());
+    stopAutoScroll();
+    setState(QAbstractItemView::NoState);
+    ShowDropRow(-1);
+    event->setAccepted(kind != DragKind::none);
+    if (kind != DragKind::none)
+        emit Dropped(kind, row);
+}
+
+void LayerList::ShowDropRow(int row) {
+    dropRow = row;
+    viewport()->update();
+}
+
+void LayerList::paintEvent(QPaintEvent* event) {
+    ColumnList::paintEvent(event);
+    if (dropRow < 0)
+        return;
+    QPainter painter(viewport());
+    const int y =
+        std::clamp((dropRow - TopLine()) * RowHeightInPixels(), 1, viewport()->height() - 1);
+    painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+    painter.drawLine(0, y, viewport()->width(), y);
+}
+
+} // namespace strativo

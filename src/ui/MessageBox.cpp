@@ -1,0 +1,137 @@
+#include "ui/MessageBox.h"
+
+#include "ui/Text.h"
+
+#include <QDialog>
+#include <QDialogButtonBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QStyle>
+
+namespace strativo {
+
+namespace {
+
+QDialogButtonBox::StandardButtons StandardButtons(Buttons buttons) {
+    switch (buttons) {
+    case Buttons::yesNo:
+        return QDialogButtonBox::Yes | QDialogButtonBox::No;
+    case Buttons::yesNoCancel:
+        return QDialogButtonBox::Yes | QDialogButtonBox::No | QDialogButtonBox::Cancel;
+    default:
+        return QDialogButtonBox::Ok;
+    }
+}
+
+/// What Esc and the close box mean.
+Answer AnswerOnClose(Buttons buttons) {
+    if (buttons == Buttons::yesNoCancel)
+        return Answer::cancel;
+    return buttons == Buttons::yesNo ? Answer::no : Answer::ok;
+}
+
+Answer AnswerOf(QDialogButtonBox::StandardButton button) {
+    switch (button) {
+    case QDialogButtonBox::Yes:
+        return Answer::yes;
+    case QDialogButtonBox::No:
+        return Answer::no;
+    case QDialogButtonBox::Cancel:
+        return Answer::cancel;
+    default:
+        return Answer::ok;
+    }
+}
+
+class Box : public QDialog {
+public:
+    Box(const Message& message, QWidget* parent) : QDialog(parent) {
+        setObjectName(QStringLiteral("MessageBox"));
+        setWindowTitle(message.title.empty() ? QLatin1String(programTitle) : ToText(message.title));
+        auto* rows = new QVBoxLayout(this);
+        auto* columns = new QHBoxLayout;
+        rows->addLayout(columns, 1);
+        if (message.icon != Icon::none)
+            columns->addWidget(IconLabel(message.icon), 0, Qt::AlignTop);
+        columns->addWidget(TextView(message), 1);
+        rows->addWidget(ButtonRow(message));
+    }
+
+    Answer Chosen() const { return chosen; }
+    void SetAnswerOnClose(Answer answer) { chosen = answer; }
+
+private:
+    QLabel* IconLabel(Icon icon) {
+        auto* label = new QLabel(this);
+        const int size = style()->pixelMetric(QStyle::PM_MessageBoxIconSize);
+        const QIcon picture = style()->standardIcon(
+            icon == Icon::question ? QStyle::SP_MessageBoxQuestion : QStyle::SP_MessageBoxWarning);
+        label->setPixmap(picture.pixmap(QSize(size, size), devicePixelRatio()));
+        return label;
+    }
+
+    QWidget* TextView(const Message& message) {
+        const QString text =
+            message.encoding == Encoding::utf8 ? PathText(message.text) : ToText(message.text);
+        auto* label = new QLabel(WithPlainLineBreaks(text), this);
+        label->setObjectName(QStringLiteral("MessageText"));
+        label->setTextFormat(Qt::PlainText);
+        label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+        label->setFocusPolicy(Qt::NoFocus);
+        label->setContentsMargins(8, 8, 8, 8);
+        const QSize limit = screen()->availableSize() * 2 / 3;
+        if (label->sizeHint().boundedTo(limit) == label->sizeHint())
+            return label;
+        auto* area = new QScrollArea(this);
+        area->setWidget(label);
+        area->setMinimumSize(label->sizeHint().boundedTo(limit) + QSize(24, 0));
+        return area;
+    }
+
+    QDialogButtonBox* ButtonRow(const Message& message) {
+        auto* buttons = new QDialogButtonBox(StandardButtons(message.buttons), this);
+        for (QAbstractButton* button : buttons->buttons()) {
+            const Answer answer = AnswerOf(buttons->standardButton(button));
+            const bool isDefault = message.buttons == Buttons::ok || answer == message.onEnter;
+            auto* pushButton = static_cast<QPushButton*>(button);
+            pushButton->setAutoDefault(true);
+            pushButton->setDefault(isDefault);
+            if (isDefault)
+                pushButton->setFocus();
+            connect(button, &QAbstractButton::clicked, this, [this, answer] {
+                chosen = answer;
+                accept();
+            });
+        }
+        return buttons;
+    }
+
+    Answer chosen = Answer::ok;
+};
+
+} // namespace
+
+QString WithPlainLineBreaks(const QString& text) {
+    QString plain;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const QChar c = text[i];
+        const bool isBreak = c == QLatin1Char('\r') || c == QLatin1Char('\n');
+        plain += isBreak ? QLatin1Char('\n') : c;
+        if (isBreak && i + 1 < text.size() && text[i + 1] != c
+            && (text[i + 1] == QLatin1Char('\r') || text[i + 1] == QLatin1Char('\n')))
+            ++i;
+    }
+    return plain;
+}
+
+Answer ShowMessageBox(const Message& message, QWidget* parent) {
+    Box box(message, parent);
+    box.SetAnswerOnClose(AnswerOnClose(message.buttons));
+    box.exec();
+    return box.Chosen();
+}
+
+} // namespace strativo

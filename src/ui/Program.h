@@ -1,0 +1,19 @@
+#pragma once
+
+#include "model/Project.h"
+#include "port/Desktop.h"
+
+#include <functional>
+
+namespace strativo {
+
+/// What every window is given of the program.
+struct Program {
+    Project& project;
+    Desktop& desktop;
+    /// Runs a user's action: a failure becomes a message, the program's end is carried out, and
+    /// the status bar is brought up to date afterwards.
+    std::function<void(const std::function<void()>&)> perform;
+};
+
+} // namespace strativo

@@ -1,0 +1,123 @@
+#include "ui/QtDesktop.h"
+
+#include "files/FileAccess.h"
+#include "ui/MessageBox.h"
+#include "ui/STRATVMD.h"
+#include "ui/Text.h"
+#include "ui/UvalsDialog.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+
+namespace strativo {
+
+namespace {
+
+/// "Material Files (*.lby)|*.lby" in the form of the toolkit's dialog, which matches names without
+/// regard to letter case.
+QString DialogFilter(const FilePrompt& prompt) {
+    return ToText(prompt.filter.substr(0, prompt.filter.find('|')));
+}
+
+/// The busy pointer of a long command would be misleading over a box that waits for the user.
+class NormalPointer {
+public:
+    NormalPointer() { QApplication::setOverrideCursor(Qt::ArrowCursor); }
+    ~NormalPointer() { QApplication::restoreOverrideCursor(); }
+    NormalPointer(const NormalPointer&) = delete;
+    NormalPointer& operator=(const NormalPointer&) = delete;
+};
+
+} // namespace
+
+Answer QtDesktop::ShowMessage(const Message& message) {
+    const NormalPointer pointer;
+    return ShowMessageBox(message, &window);
+}
+
+QString QtDesktop::StartFolder() const {
+    const std::string& file = window.TheProject().constructionFile;
+    if (!file.empty() && file != singleBlank)
+        return QFileInfo(PathText(file)).absolutePath();
+    return lastFolder.isEmpty() ? QDir::currentPath() : lastFolder;
+}
+
+std::optional<std::string> QtDesktop::AskFile(const FilePrompt& prompt, bool save) {
+    const NormalPointer pointer;
+    QFileDialog box(&window, ToText(prompt.title), StartFolder(), DialogFilter(prompt));
+    box.setOption(QFileDialog::DontUseNativeDialog);
+    box.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    box.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    box.setDefaultSuffix(ToText(prompt.defaultExtension).toLower());
+    if (!prompt.initialName.empty() && prompt.initialName != singleBlank)
+        box.selectFile(PathText(prompt.initialName));
+    if (box.exec() != QDialog::Accepted || box.selectedFiles().isEmpty())
+        return std::nullopt;
+    const QString path = box.selectedFiles().front();
+    lastFolder = QFileInfo(path).absolutePath();
+    return PathBytes(path);
+}
+
+std::optional<std::string> QtDesktop::AskOpenFile(const FilePrompt& prompt) {
+    return AskFile(prompt, false);
+}
+
+std::optional<std::string> QtDesktop::AskSaveFile(const FilePrompt& prompt) {
+    return AskFile(prompt, true);
+}
+
+void QtDesktop::Beep() {
+    QApplication::beep();
+}
+
+void QtDesktop::OpenConstructionWindow(int number) {
+    window.OpenConstruction(number);
+}
+
+void QtDesktop::CloseConstructionWindow(int number) {
+    window.CloseConstructionWindow(number);
+}
+
+void QtDesktop::RefreshConstructionWindow(int number) {
+    window.RefreshConstruction(number);
+}
+
+void QtDesktop::ActivateConstructionWindow(int number) {
+    window.ActivateConstruction(number);
+}
+
+void QtDesktop::RefreshMaterialList() {
+    window.RefreshDialog();
+}
+
+void QtDesktop::ShowMaterialDialog() {
+    window.ShowDialog();
+}
+
+void QtDesktop::EnableMatOption(int index, bool enabled) {
+    window.Dialog().EnableMatOption(index, enabled);
+}
+
+void QtDesktop::SelectMatOption(int index) {
+    window.Dialog().SelectMatOption(index);
+}
+
+void QtDesktop::RefreshGlassTypeList() {
+    window.RefreshGlassTypes();
+}
+
+void QtDesktop::ShowProgress(std::size_t done, std::size_t total) {
+    window.ShowProgress(done, total);
+}
+
+void QtDesktop::ShowHelpContents() {
+    window.ShowHelp();
+}
+
+void QtDesktop::QuitHelp() {
+    window.QuitHelp();
+}
+
+} // namespace strativo

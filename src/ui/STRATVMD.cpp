@@ -1,0 +1,278 @@
+#include "ui/STRATVMD.h"
+
+#include "edit/ConstructionSlots.h"
+#include "edit/InfoTexts.h"
+#include "edit/LayerClipboard.h"
+#include "edit/MaterialList.h"
+#include "edit/MenuStates.h"
+#include "project/FileCommands.h"
+#include "project/NewProject.h"
+#include "ui/About_Strativo.h"
+#include "ui/AccessKeys.h"
+#include "ui/ChildWindow.h"
+#include "ui/HelpViewer.h"
+#include "ui/MoreWindows.h"
+#include "ui/QtDesktop.h"
+#include "ui/Text.h"
+#include "ui/UValue.h"
+#include "ui/UvalsDialog.h"
+#include "ui/WINFORM.h"
+#include "ui/WindowArea.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDir>
+#include <QDragEnterEvent>
+#include <QFileInfo>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QUrl>
+
+namespace strativo {
+
+UValueMDI::UValueMDI(QWidget* parent)
+    : QMainWindow(parent), desktop(std::make_unique<QtDesktop>(*this)),
+      program{project, *desktop, [this](const std::function<void()>& action) { Perform(action); }},
+      area(new WindowArea([this](int id) { return MakeContent(id); },
+                          [this](int id) { return ContentSize(id); }, this)) {
+    setObjectName(QStringLiteral("UValueMDI"));
+    setWindowTitle(QLatin1String(mainCaption));
+    setAcceptDrops(true);
+    setCentralWidget(area);
+    resize(1080, 760);
+    RecordSource(project, ProgramWindow::mainWindow);
+    EmptyLibrary(project.standardLibrary);
+    EmptyLibrary(project.userLibrary);
+    dialog = new UvalsDialog(program, this);
+    BuildMenus();
+    BuildStatusBar();
+    BuildShortcuts();
+    connect(area, &WindowArea::ActiveChanged, this, &UValueMDI::ActiveChanged);
+    connect(area, &WindowArea::CloseRequested, this, &UValueMDI::ChildCloseRequested);
+}
+
+UValueMDI::~UValueMDI() {
+    // Children send focus changes while they go; nobody is to act on them any more.
+    area->disconnect(this);
+    delete area;
+}
+
+void UValueMDI::MDIForm_Load(const std::string& commandLine) {
+    Perform([&] {
+        StartUp(project, ReadSettings(SettingsFiles()), *desktop);
+        show();
+        PlaceDialog();
+        FinishStartUp(project, commandLine, *desktop);
+    });
+}
+
+void UValueMDI::PlaceDialog() {
+    const QSize size = ChildWindow::SizeAround(dialog->size());
+    area->Open(dialogId, dialog->Caption(),
+               QPoint(std::max(0, area->width() - size.width() - 8),
+                      std::max(0, area->height() - size.height() - 8)));
+    area->Activate(dialogId);
+}
+
+/// Every action of the user comes through here. An action may show boxes and so start others.
+void UValueMDI::Perform(const std::function<void()>& action) {
+    ++performing;
+    try {
+        action();
+    } catch (const ProgramEnd&) {
+        EndProgram();
+    } catch (const std::exception& error) {
+        desktop->ShowMessage({error.what(), ""});
+    }
+    --performing;
+    if (performing > 0 || ended)
+        return;
+    area->ShowVisible();
+    RefreshStatus();
+}
+
+void UValueMDI::EndProgram() {
+    ended = true;
+    QuitHelp();
+    QApplication::exit(0);
+}
+
+QWidget* UValueMDI::MakeContent(int id) {
+    if (id == dialogId)
+        return dialog;
+    if (id == glassId)
+        return glass;
+    auto* window = new UValue(id, program);
+    connect(window, &UValue::ContextMenuWanted, this, [this](QPoint position) {
+        Editmenu_Click();
+        ui.Editmenu->popup(position);
+    });
+    return window;
+}
+
+QSize UValueMDI::ContentSize(int id) const {
+    if (id == dialogId)
+        return dialog->size();
+    return id == glassId ? glass->size() : UValue::FixedSize(*this);
+}
+
+QString UValueMDI::CaptionOf(int id) const {
+    return InUse(project, id) ? ToText(ConstructionTitle(id)) : tr("Construction");
+}
+
+UValue* UValueMDI::ConstructionWindow(int number) const {
+    return qobject_cast<UValue*>(area->Content(number));
+}
+
+std::string UValueMDI::ActiveTag() const {
+    const int active = area->Active();
+    if (active == dialogId)
+        return dialogTag;
+    return InUse(project, active) ? WindowTag(active) : "";
+}
+
+void UValueMDI::ActiveChanged(int id) {
+    project.dialogActive = id == dialogId;
+    if (InUse(project, id))
+        strativo::ActivateConstruction(project, id);
+    if (id == glassId)
+        RefreshGlassTypes();
+}
+
+/// Constructions are closed only by the program's own command; an empty window may go.
+void UValueMDI::ChildCloseRequested(int id) {
+    if (InUse(project, id) && !project.closingInProgress)
+        return;
+    if (id == dialogId) {
+        area->SetHidden(id, true);
+        return;
+    }
+    const bool wasActive = area->Active() == id;
+    area->Close(id);
+    if (id == glassId)
+        glass = nullptr;
+    if (wasActive)
+        area->ActivateTop();
+    area->ShowVisible();
+}
+
+void UValueMDI::OpenGlassTypes() {
+    if (glass == nullptr) {
+        glass = new WinForm(program);
+        glass->resize(glass->sizeHint());
+        connect(glass, &WinForm::CloseRequested, this, [this] { ChildCloseRequested(glassId); });
+        area->Open(glassId, glass->windowTitle());
+    }
+    area->Activate(glassId);
+}
+
+void UValueMDI::OpenConstruction(int number) {
+    if (!area->Has(number)) {
+        area->Open(number, CaptionOf(number));
+        return;
+    }
+    // An empty window that stands in this slot becomes the construction's.
+    area->SetCaption(number, CaptionOf(number));
+    area->SetMinimised(number, false);
+    if (UValue* window = ConstructionWindow(number))
+        window->ShowConstruction();
+}
+
+void UValueMDI::CloseConstructionWindow(int number) {
+    area->Close(number);
+}
+
+void UValueMDI::RefreshConstruction(int number) {
+    if (UValue* window = ConstructionWindow(number))
+        window->ShowConstruction();
+}
+
+void UValueMDI::ActivateConstruction(int number) {
+    area->Activate(number);
+    if (UValue* window = ConstructionWindow(number)) {
+        window->ShowConstruction();
+        window->FocusList();
+    }
+}
+
+void UValueMDI::ActivateCurrent() {
+    if (InUse(project, project.currentConstruction))
+        area->Activate(project.currentConstruction);
+    else if (area->Active() == WindowArea::noWindow)
+        area->ActivateTop();
+}
+
+void UValueMDI::ShowDialog() {
+    area->SetHidden(dialogId, false);
+}
+
+void UValueMDI::RefreshDialog() {
+    dialog->RefreshMaterialList();
+    if (area->Has(dialogId))
+        area->SetCaption(dialogId, dialog->Caption());
+}
+
+void UValueMDI::RefreshGlassTypes() {
+    if (glass != nullptr)
+        glass->RefreshGlassTypeList();
+}
+
+void UValueMDI::ShowHelp() {
+    if (help == nullptr)
+        help = std::make_unique<HelpViewer>();
+    help->ShowContents(PathText(project.helpFile));
+}
+
+void UValueMDI::QuitHelp() {
+    help.reset();
+}
+
+bool UValueMDI::MDIForm_QueryUnload() {
+    bool cancelled = true;
+    Perform([&] { cancelled = QueryClose(project, *desktop); });
+    return cancelled;
+}
+
+void UValueMDI::closeEvent(QCloseEvent* event) {
+    event->setAccepted(ended || !MDIForm_QueryUnload());
+}
+
+/// The path dropped, as the file system's bytes; empty unless it is one local file.
+std::string UValueMDI::DroppedPath(const QDropEvent& event) const {
+    const bool busy = performing > 0 || QApplication::activeModalWidget() != nullptr;
+    const QList<QUrl> urls = event.mimeData()->urls();
+    if (busy || urls.size() != 1 || !urls.front().isLocalFile()
+        || QFileInfo(urls.front().toLocalFile()).isDir())
+        return "";
+    return QByteArray::fromPercentEncoding(urls.front().path(QUrl::FullyEncoded).toLatin1())
+        .toStdString();
+}
+
+void UValueMDI::dragEnterEvent(QDragEnterEvent* event) {
+    if (DroppedPath(*event).empty())
+        return;
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+}
+
+void UValueMDI::dropEvent(QDropEvent* event) {
+    const std::string path = DroppedPath(*event);
+    if (path.empty())
+        return;
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    activateWindow();
+    Perform([&] { OpenDroppedFiles(project, {path}, *desktop); });
+}
+
+void UValueMDI::keyPressEvent(QKeyEvent* event) {
+    const bool ctrl = event->modifiers() == Qt::ControlModifier;
+    if (event->key() == Qt::Key_F10)
+        menuBar()->setActiveAction(menuBar()->actions().front());
+    else if (ctrl && event->key() == Qt::Key_F4 && area->Active() != WindowArea::noWindow)
+        ChildCloseRequested(area->Active());
+    else
+        QMainWindow::keyPressEvent(event);
+}
+
+} // namespace strativo

@@ -1,0 +1,141 @@
+#pragma once
+
+#include "ui/Program.h"
+
+#include <QElapsedTimer>
+#include <QMainWindow>
+
+#include <memory>
+
+class QAction;
+class QLabel;
+class QMenu;
+class QProgressBar;
+
+namespace strativo {
+
+class HelpViewer;
+class QtDesktop;
+class UValue;
+class UvalsDialog;
+class WindowArea;
+class WinForm;
+
+/// The main window: menu bar, window area and status bar. It is the only place where windows,
+/// commands and the core's port are wired together.
+class UValueMDI : public QMainWindow {
+    Q_OBJECT
+
+public:
+    explicit UValueMDI(QWidget* parent = nullptr);
+    ~UValueMDI() override;
+
+    /// Starts the program's work, with the construction file that the command line names, if any.
+    void MDIForm_Load(const std::string& commandLine);
+    /// The core has ended the program: the event loop need not be entered.
+    bool HasEnded() const { return ended; }
+
+    Project& TheProject() { return project; }
+    WindowArea& Area() { return *area; }
+    UvalsDialog& Dialog() { return *dialog; }
+    /// The construction's window; null while no part of it has been seen.
+    UValue* ConstructionWindow(int number) const;
+    /// The tag of the active child window: a construction number, the dialog's name, or nothing.
+    std::string ActiveTag() const;
+
+    static constexpr int dialogId = 0;
+    static constexpr int glassId = -1;
+
+    // What the core asks of the windows.
+    void OpenConstruction(int number);
+    void CloseConstructionWindow(int number);
+    void RefreshConstruction(int number);
+    void ActivateConstruction(int number);
+    void ShowDialog();
+    void RefreshDialog();
+    void RefreshGlassTypes();
+    void ShowProgress(std::size_t done, std::size_t total);
+    void ShowHelp();
+    void QuitHelp();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    using Command = void (*)(Project&, Desktop&);
+
+    struct Ui {
+        QMenu* Filemenu;
+        QMenu* Editmenu;
+        QMenu* Sortmenu;
+        QMenu* Winmenu;
+        QMenu* HelpMenu;
+        QAction* SaveProject;
+        QAction* CloseUValue;
+        QAction* Edit_Cut;
+        QAction* Edit_Copy;
+        QAction* Edit_Paste;
+        QAction* Edit_PBefore;
+        QAction* Edit_delete;
+        QLabel* FileStatus;
+        QLabel* ChangedStatus;
+        QLabel* LibraryStatus;
+        QProgressBar* Progress;
+    };
+
+    void BuildMenus();
+    void BuildFileMenu();
+    void BuildEditMenu();
+    void BuildSortMenu();
+    void BuildWindowMenu();
+    void BuildHelpMenu();
+    void BuildStatusBar();
+    void BuildShortcuts();
+    QMenu* AddMenu(const char* objectName, const QString& caption);
+    QAction* AddItem(QMenu* menu, const char* objectName, const QString& caption,
+                     std::function<void()> handler);
+    void AddSeparator(QMenu* menu, const char* objectName);
+
+    void Filemenu_Click();
+    void Editmenu_Click();
+    void Winmenu_Click();
+    void CloseUValue_Click();
+    void Edit_Click(Command command);
+    void Edit_Paste_Click(Command command);
+    void EditWin_Click();
+    void Sort_Click(void (*sort)(Project&));
+    void MakeIcon_Click();
+    void MoreWindows_Click();
+    void HelpAbout_Click();
+    bool MDIForm_QueryUnload();
+
+    QWidget* MakeContent(int id);
+    QSize ContentSize(int id) const;
+    QString CaptionOf(int id) const;
+    void ActiveChanged(int id);
+    void ChildCloseRequested(int id);
+    void ActivateCurrent();
+    void OpenGlassTypes();
+    void PlaceDialog();
+    void RefreshStatus();
+    void Perform(const std::function<void()>& action);
+    void EndProgram();
+    std::string DroppedPath(const QDropEvent& event) const;
+
+    Project project;
+    std::unique_ptr<QtDesktop> desktop;
+    Program program;
+    WindowArea* area;
+    UvalsDialog* dialog;
+    WinForm* glass = nullptr; ///< belongs to its frame in the window area
+    std::unique_ptr<HelpViewer> help;
+    Ui ui{};
+    QElapsedTimer reading; ///< runs while a file is read
+    int performing = 0;
+    bool ended = false;
+};
+
+} // namespace strativo

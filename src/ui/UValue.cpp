@@ -1,0 +1,258 @@
+#include "ui/UValue.h"
+
+#include "calc/LayerList.h"
+#include "calc/UValue.h"
+#include "edit/ConstructionEntry.h"
+#include "edit/InfoTexts.h"
+#include "edit/LayerClipboard.h"
+#include "edit/LayerDrag.h"
+#include "text/Format.h"
+#include "ui/ChildWindow.h"
+#include "ui/ConCommentBox.h"
+#include "ui/DropLabel.h"
+#include "ui/EntryField.h"
+#include "ui/LayerList.h"
+#include "ui/Text.h"
+#include "ui/Twips.h"
+
+#include <QComboBox>
+#include <QDrag>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMimeData>
+#include <QPushButton>
+#include <QSignalBlocker>
+
+namespace strativo {
+
+UValue::UValue(int constructionNumber, Program& owner, QWidget* parent)
+    : QWidget(parent), number(constructionNumber), program(owner) {
+    setObjectName(QStringLiteral("UValue"));
+    RecordSource(program.project, ProgramWindow::construction);
+    setFixedSize(FixedSize(*this));
+    BuildNameRows();
+    BuildHeadings();
+    BuildList();
+    BuildEntryRows();
+    BuildDragImages();
+    Describe();
+    SetTabOrder();
+    setFocusProxy(ui.Construction);
+    ConnectSignals();
+    ShowConstruction();
+}
+
+bool UValue::IsEmpty() const {
+    return !InUse(program.project, number);
+}
+
+Construction& UValue::Record() {
+    return program.project.constructions[number];
+}
+
+void UValue::ShowConstruction() {
+    setEnabled(!IsEmpty());
+    if (IsEmpty())
+        return;
+    const QSignalBlocker blocked(ui.TypeCombo);
+    ui.NameText->setText(ToText(Record().name));
+    ui.IndexText->setText(ToText(FormatGeneral(number)));
+    ui.TypeCombo->setCurrentIndex(Record().type);
+    ShowAbsorption(Record().type == transparentType);
+    RefreshLayerList();
+}
+
+void UValue::RefreshLayerList() {
+    if (IsEmpty())
+        return;
+    const LayerListView view = ViewLayerList(Record());
+    ui.Construction->SetLines(view.lines);
+    ui.Construction->SetMarks(view.marks, Record().currentLayer - 1);
+    ui.EditThick->setText(ToText(view.editThick));
+    ui.AbsorpText->setText(ToText(view.absorpText));
+    ui.ConName->setText(ToText(view.conName));
+    ShowUValue();
+}
+
+void UValue::ShowUValue() {
+    ui.Result->setText(ToText(UValueText(Record())));
+}
+
+void UValue::FocusList() {
+    ui.Construction->setFocus();
+}
+
+void UValue::ShowAbsorption(bool shown) {
+    ui.AbsorptionLabel->setVisible(shown);
+    ui.AbsorpText->setVisible(shown);
+}
+
+void UValue::ShowLayerFields() {
+    const LayerListView view = ViewLayerList(Record());
+    ui.EditThick->setText(ToText(view.editThick));
+    ui.AbsorpText->setText(ToText(view.absorpText));
+    ui.ConName->setText(ToText(view.conName));
+}
+
+void UValue::ConnectSignals() {
+    connect(ui.NameText, &EntryField::Entered, this, &UValue::NameText_KeyPress);
+    connect(ui.NameText, &EntryField::Left, this, &UValue::NameText_LostFocus);
+    connect(ui.TypeCombo, &QComboBox::activated, this, &UValue::TypeCombo_Click);
+    connect(ui.EditThick, &EntryField::Entered, this, &UValue::EditThick_KeyPress);
+    connect(ui.EditThick, &EntryField::Left, this, &UValue::EditThick_LostFocus);
+    connect(ui.AbsorpText, &EntryField::Entered, this, &UValue::AbsorpText_KeyPress);
+    connect(ui.AbsorpText, &EntryField::Left, this, &UValue::AbsorpText_LostFocus);
+    for (EntryField* field : {ui.NameText, ui.EditThick, ui.AbsorpText})
+        connect(field, &EntryField::Escaped, this, &UValue::FocusList);
+    connect(ui.Construction, &LayerList::LineTouched, this, &UValue::Construction_Click);
+    connect(ui.Construction, &LayerList::DragWanted, this,
+            [this](int line, QPoint, bool ctrlHeld) { Construction_MouseMove(line, ctrlHeld); });
+    connect(ui.Construction, &LayerList::Dropped, this, &UValue::Construction_DragDrop);
+    connect(ui.Construction, &LayerList::DeleteReleased, this, [this] {
+        program.perform([this] { DeleteLayers(program.project, program.desktop); });
+    });
+    connect(ui.First, &DropLabel::DragOver, ui.Construction, &LayerList::scrollToTop);
+    connect(ui.Last, &DropLabel::DragOver, ui.Construction, &LayerList::scrollToBottom);
+    connect(ui.First, &DropLabel::Dropped, this,
+            [this](DragKind kind) { Construction_DragDrop(kind, 0); });
+    connect(ui.Last, &DropLabel::Dropped, this,
+            [this](DragKind kind) { Construction_DragDrop(kind, maxLayers); });
+    connect(ui.VWConComments, &QPushButton::clicked, this, &UValue::VWConComments_Click);
+    ui.Construction->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(ui.Construction, &QWidget::customContextMenuRequested, this, [this](QPoint position) {
+        emit ContextMenuWanted(ui.Construction->viewport()->mapToGlobal(position));
+    });
+}
+
+void UValue::NameText_KeyPress() {
+    program.perform([this] { EnterName(program.project, number, ToBytes(ui.NameText->text())); });
+    FocusList();
+}
+
+void UValue::NameText_LostFocus() {
+    if (IsEmpty())
+        return;
+    ui.NameText->setText(ToText(Record().name));
+    ui.IndexText->setText(ToText(FormatGeneral(number)));
+}
+
+void UValue::TypeCombo_Click(int index) {
+    program.perform([this, index] { ChangeType(program.project, number, index); });
+    ShowAbsorption(index == transparentType);
+}
+
+void UValue::EditThick_KeyPress() {
+    EntryResult result = EntryResult::refused;
+    program.perform([&] {
+        result =
+            EnterThickness(program.project, number, ToBytes(ui.EditThick->text()), program.desktop);
+    });
+    if (result == EntryResult::accepted)
+        FocusList();
+    else if (result == EntryResult::refused)
+        ui.EditThick->selectAll();
+}
+
+void UValue::EditThick_LostFocus() {
+    if (IsEmpty())
+        return;
+    RestoreThickness(Record());
+    ui.EditThick->setText(ToText(ThicknessText(Record().window.shownThickness)));
+}
+
+void UValue::AbsorpText_KeyPress() {
+    EntryResult result = EntryResult::refused;
+    program.perform([&] {
+        result = EnterAbsorption(program.project, number, ToBytes(ui.AbsorpText->text()),
+                                 program.desktop);
+    });
+    if (result == EntryResult::accepted)
+        FocusList();
+    else if (result == EntryResult::refused)
+        ui.AbsorpText->selectAll();
+}
+
+void UValue::AbsorpText_LostFocus() {
+    if (!IsEmpty())
+        ui.AbsorpText->setText(ToText(ViewLayerList(Record()).absorpText));
+}
+
+void UValue::Construction_Click(int line) {
+    SelectLine(program.project, number, line, ui.Construction->Marks());
+    ShowLayerFields();
+}
+
+void UValue::Construction_MouseMove(int line, bool ctrlHeld) {
+    if (!StartLayerDrag(program.project, number, line, ctrlHeld))
+        return;
+    RefreshLayerList();
+    QStringList dragged;
+    for (const QListWidgetItem* item : ui.Construction->selectedItems())
+        dragged.append(item->text());
+    ui.DragImage->setText(dragged.join(QLatin1Char('\n')));
+    ui.DragImage->adjustSize();
+    QDrag drag(ui.Construction);
+    drag.setMimeData(MakeDragPayload(DragKind::layers));
+    drag.setPixmap(ui.DragImage->grab());
+    // One action only, so that the pointer tells what will happen.
+    drag.exec(ctrlHeld ? Qt::CopyAction : Qt::MoveAction);
+}
+
+void UValue::Construction_DragDrop(DragKind kind, int row) {
+    program.perform([&] {
+        if (kind == DragKind::layers)
+            DropLayers(program.project, number, row, program.desktop);
+        else
+            DropMaterial(program.project, number, row, program.desktop);
+    });
+}
+
+void UValue::VWConComments_Click() {
+    ConCommentBox(program, nullptr).exec();
+}
+
+bool UValue::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Wheel && watched == ui.TypeCombo) {
+        // Turning the wheel over it would change the type unnoticed.
+        event->ignore();
+        return true;
+    }
+    if (event->type() == QEvent::KeyPress && watched != ui.NameText && watched != ui.EditThick
+        && watched != ui.AbsorpText && WindowKey(static_cast<QKeyEvent*>(event)))
+        return true;
+    return QWidget::eventFilter(watched, event);
+}
+
+bool UValue::WindowKey(QKeyEvent* event) {
+    const Qt::KeyboardModifiers modifiers = event->modifiers() & ~Qt::KeypadModifier;
+    if (modifiers == Qt::ControlModifier)
+        return CommandKey(event->key());
+    const bool plain = !(modifiers & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
+    if (!plain || !StartsThicknessEntry(ToBytes(event->text())))
+        return false;
+    ui.EditThick->setFocus();
+    ui.EditThick->setText(event->text());
+    return true;
+}
+
+bool UValue::CommandKey(int key) {
+    using Command = void (*)(Project&, Desktop&);
+    const Command command = key == Qt::Key_X   ? CutLayers
+                            : key == Qt::Key_C ? CopyLayers
+                            : key == Qt::Key_V ? PasteLayers
+                            : key == Qt::Key_B ? PasteLayersBefore
+                                               : nullptr;
+    if (command == nullptr)
+        return false;
+    program.perform([&] { command(program.project, program.desktop); });
+    return true;
+}
+
+void UValue::mousePressEvent(QMouseEvent* event) {
+    // A press on a label comes here too; only bare background beeps.
+    if (childAt(event->position().toPoint()) == nullptr)
+        program.desktop.Beep();
+    event->ignore();
+}
+
+} // namespace strativo

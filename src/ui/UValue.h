@@ -1,0 +1,98 @@
+#pragma once
+
+#include "ui/DragPayload.h"
+#include "ui/Program.h"
+
+#include <QWidget>
+
+class QComboBox;
+class QLabel;
+class QPushButton;
+
+namespace strativo {
+
+class DropLabel;
+class EntryField;
+class LayerList;
+
+/// The window of one construction. It keeps the construction's number and reads everything else
+/// from the project. For a number that is not in use it is an empty window without function.
+class UValue : public QWidget {
+    Q_OBJECT
+
+public:
+    UValue(int constructionNumber, Program& program, QWidget* parent = nullptr);
+
+    /// The size that the window always has, without its frame, in logical pixels.
+    static QSize FixedSize(const QWidget& screenWidget);
+
+    /// Shows the construction as it is stored by now: name, number, type, layers and U-value.
+    void ShowConstruction();
+    void RefreshLayerList();
+    void ShowUValue();
+    /// "Uvalue" windows are told apart by their number; an empty window has none.
+    bool IsEmpty() const;
+    /// Puts the focus into the layer list.
+    void FocusList();
+
+signals:
+    /// The user asked for the Edit menu's items on the layer list.
+    void ContextMenuWanted(QPoint globalPosition);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+
+private:
+    struct Ui {
+        EntryField* NameText;
+        QLabel* IndexText;
+        QComboBox* TypeCombo;
+        DropLabel* First;
+        DropLabel* Last;
+        LayerList* Construction;
+        QLabel* ConName;
+        QLabel* ThicknessLabel;
+        EntryField* EditThick;
+        QLabel* AbsorptionLabel;
+        EntryField* AbsorpText;
+        QPushButton* VWConComments;
+        QLabel* Result;
+        QLabel* DragImage;
+    };
+
+    void BuildNameRows();
+    void BuildHeadings();
+    void BuildList();
+    void BuildEntryRows();
+    void BuildDragImages();
+    void Describe();
+    void SetTabOrder();
+    void ConnectSignals();
+    QLabel* AddLabel(const QString& objectName, const QString& text, QRect place,
+                     QWidget* buddy = nullptr);
+
+    bool WindowKey(QKeyEvent* event);
+    bool CommandKey(int key);
+
+    void NameText_KeyPress();
+    void NameText_LostFocus();
+    void TypeCombo_Click(int index);
+    void EditThick_KeyPress();
+    void EditThick_LostFocus();
+    void AbsorpText_KeyPress();
+    void AbsorpText_LostFocus();
+    void Construction_Click(int line);
+    void Construction_MouseMove(int line, bool ctrlHeld);
+    void Construction_DragDrop(DragKind kind, int row);
+    void VWConComments_Click();
+    void ShowAbsorption(bool shown);
+    void ShowLayerFields();
+    Construction& Record();
+
+    int number;
+    Program& program;
+    Ui ui{};
+};
+
+} // namespace strativo

@@ -1,0 +1,182 @@
+#include "edit/LayerDrag.h"
+#include "ui/ChildWindow.h"
+#include "ui/DropLabel.h"
+#include "ui/EntryField.h"
+#include "ui/LayerList.h"
+#include "ui/Twips.h"
+#include "ui/UValue.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QPushButton>
+
+// Where the controls of a construction window stand: the window has a fixed size, and the headings
+// stand over the columns of the list. Places are in logical pixels from the window's top left.
+
+namespace strativo {
+
+namespace {
+
+constexpr double windowWidth = 7215;  // twips, frame included
+constexpr double windowHeight = 5350; // twips, frame included
+constexpr int margin = 10;
+constexpr int fieldHeight = 22;
+constexpr int fieldColumn = 128;
+
+constexpr int nameRow = 8;
+constexpr int typeRow = 36;
+constexpr int headingRow = 64;
+constexpr int headingHeight = 28;
+constexpr int listRow = 94;
+
+} // namespace
+
+QSize UValue::FixedSize(const QWidget& screenWidget) {
+    const QSize frame = ChildWindow::SizeAround(QSize(0, 0));
+    return QSize(FromTwips(windowWidth, screenWidget), FromTwips(windowHeight, screenWidget))
+           - frame;
+}
+
+QLabel* UValue::AddLabel(const QString& objectName, const QString& text, QRect place,
+                         QWidget* buddy) {
+    auto* label = new QLabel(text, this);
+    label->setObjectName(objectName);
+    label->setGeometry(place);
+    label->setBuddy(buddy);
+    return label;
+}
+
+void UValue::BuildNameRows() {
+    ui.NameText = new EntryField(EntryField::Kind::name, QStringLiteral("NameText"), this);
+    ui.NameText->setGeometry(fieldColumn, nameRow, width() - fieldColumn - margin, fieldHeight);
+    AddLabel(QStringLiteral("Label1"), tr("&Construction Name"),
+             QRect(margin, nameRow, fieldColumn - margin, fieldHeight), ui.NameText);
+    ui.TypeCombo = new QComboBox(this);
+    ui.TypeCombo->setObjectName(QStringLiteral("TypeCombo"));
+    ui.TypeCombo->addItems({tr("Opaque"), tr("Transparent")});
+    ui.TypeCombo->setGeometry(fieldColumn, typeRow, 130, fieldHeight);
+    AddLabel(QStringLiteral("Label2"), tr("T&ype"), QRect(margin, typeRow, fieldColumn - margin, fieldHeight),
+             ui.TypeCombo);
+    AddLabel(QStringLiteral("Label3"), tr("Construction Index :"),
+             QRect(width() - margin - 160, typeRow, 112, fieldHeight));
+    ui.IndexText = AddLabel(QStringLiteral("IndexText"), QString(),
+                            QRect(width() - margin - 44, typeRow, 44, fieldHeight));
+}
+
+void UValue::BuildList() {
+    ui.Construction = new LayerList(this);
+    ui.Construction->setGeometry(margin, listRow, width() - 2 * margin,
+                                 FromTwips(LayerList::listHeight, *this));
+    const auto labels = findChildren<QLabel*>(QStringLiteral("Draglabel_0"));
+    labels.front()->setBuddy(ui.Construction);
+}
+
+void UValue::BuildHeadings() {
+    // The columns end at characters 37, 45 and 54 of a line.
+    const double character = QFontMetricsF(ColumnFont()).horizontalAdvance(QLatin1Char('0'));
+    const auto column = [&](int characters) {
+        return margin + 3 + static_cast<int>(character * characters);
+    };
+    const struct {
+        const char* objectName;
+        QString text;
+        int from, to;
+    } headings[] = {{"Draglabel_0", tr("&Name of Component "), column(0), column(32)},
+                    {"Draglabel_1", tr("  Resistance      m2C/W"), column(34), column(46)},
+                    {"Draglabel_2", tr("Material Thickness  mm"), column(46), column(58)}};
+    for (const auto& heading : headings) {
+        QLabel* label =
+            AddLabel(QLatin1String(heading.objectName), heading.text,
+                     QRect(heading.from, headingRow, heading.to - heading.from, headingHeight));
+        label->setWordWrap(true);
+        label->setAlignment((heading.from == column(0) ? Qt::AlignLeft : Qt::AlignHCenter)
+                            | Qt::AlignBottom);
+    }
+}
+
+void UValue::BuildEntryRows() {
+    const int below = listRow + FromTwips(LayerList::listHeight, *this) + 4;
+    const auto dropLabel = [&](const char* objectName, const QString& text, int x, int y) {
+        auto* label = new DropLabel(text, this);
+        label->setObjectName(QLatin1String(objectName));
+        label->setAlignment(Qt::AlignCenter);
+        label->setFrameStyle(QFrame::Panel | QFrame::Sunken);
+        label->setGeometry(x, y, 40, 18);
+        label->setAcceptDrops(true);
+        return label;
+    };
+    ui.First = dropLabel("Draglabel_3", tr("First"), width() - margin - 40, headingRow + 8);
+    ui.Last = dropLabel("Draglabel_4", tr("Last"), width() - margin - 40, below);
+    ui.ConName = AddLabel(QStringLiteral("ConName"), QString(),
+                          QRect(margin, below, width() - 2 * margin - 50, 18));
+    ui.ConName->setTextFormat(Qt::PlainText);
+    const int row = below + 24;
+    ui.EditThick = new EntryField(EntryField::Kind::number, QStringLiteral("EditThick"), this);
+    ui.EditThick->setGeometry(76, row, 64, fieldHeight);
+    ui.ThicknessLabel = AddLabel(QStringLiteral("Label4"), tr("&Thickness"),
+                                 QRect(margin, row, 64, fieldHeight), ui.EditThick);
+    ui.AbsorpText = new EntryField(EntryField::Kind::number, QStringLiteral("AbsorpText"), this);
+    ui.AbsorpText->setGeometry(232, row, 64, fieldHeight);
+    ui.AbsorptionLabel = AddLabel(QStringLiteral("Label5"), tr("&Absorption"),
+                                  QRect(160, row, 70, fieldHeight), ui.AbsorpText);
+    ui.VWConComments = new QPushButton(tr("Comments"), this);
+    ui.VWConComments->setObjectName(QStringLiteral("VWConComments"));
+    ui.VWConComments->setAutoDefault(false);
+    ui.VWConComments->setGeometry(width() - margin - 92, row - 1, 92, fieldHeight + 2);
+    const int resultRow = row + 28;
+    AddLabel(QStringLiteral("Label6"), tr("Indicative Uvalue W/Cm2"),
+             QRect(margin, resultRow, 150, 20));
+    ui.Result = AddLabel(QStringLiteral("Result"), QString(), QRect(164, resultRow, 90, 20));
+    QFont bold = ui.Result->font();
+    bold.setBold(true);
+    ui.Result->setFont(bold);
+}
+
+void UValue::BuildDragImages() {
+    for (int row = 0; row < visibleLayerRows; ++row) {
+        ui.DragImage = AddLabel(QStringLiteral("Label2_%1").arg(row),
+                                tr("  Conductivity                    W/m/°C"), QRect());
+        ui.DragImage->hide();
+    }
+    ui.DragImage->setTextFormat(Qt::PlainText);
+    ui.DragImage->setFont(ColumnFont());
+    ui.DragImage->setAutoFillBackground(true);
+    ui.DragImage->setFrameStyle(QFrame::Panel | QFrame::Plain);
+    ui.DragImage->setMargin(2);
+}
+
+void UValue::Describe() {
+    ui.NameText->setAccessibleName(tr("Construction name"));
+    ui.IndexText->setAccessibleName(tr("Construction index"));
+    ui.TypeCombo->setAccessibleName(tr("Construction type"));
+    ui.Construction->setAccessibleName(tr("Layers"));
+    ui.ConName->setAccessibleName(tr("Current layer"));
+    ui.EditThick->setAccessibleName(tr("Thickness of the current layer"));
+    ui.AbsorpText->setAccessibleName(tr("Solar absorption of the current layer"));
+    ui.Result->setAccessibleName(tr("Indicative U-value"));
+    ui.NameText->setToolTip(tr("Name of the construction; Enter stores it"));
+    ui.TypeCombo->setToolTip(tr("A transparent construction has a solar absorption in each layer"));
+    ui.Construction->setToolTip(
+        tr("Layers from outside to inside: resistance in m2C/W, thickness in mm"));
+    ui.EditThick->setToolTip(tr("Thickness of the current layer in mm (a resistance in m2C/W for "
+                                "a type 3 cavity); Enter stores it"));
+    ui.AbsorpText->setToolTip(
+        tr("Solar absorption of the current layer, a fraction from 0 to 1; Enter stores it"));
+    ui.Result->setToolTip(tr("U-value in W/m2C, indicative only: steady state, with fixed surface "
+                             "resistances of 0.06 and 0.12 m2C/W and a fixed resistance for each "
+                             "type of cavity"));
+    ui.First->setToolTip(tr("Drop here to insert before the first layer"));
+    ui.Last->setToolTip(tr("Drop here to append after the last layer"));
+    ui.VWConComments->setToolTip(tr("Shows the comments kept from the construction file"));
+}
+
+void UValue::SetTabOrder() {
+    QWidget* const order[] = {ui.NameText,  ui.TypeCombo,  ui.Construction,
+                              ui.EditThick, ui.AbsorpText, ui.VWConComments};
+    for (std::size_t i = 1; i < std::size(order); ++i)
+        setTabOrder(order[i - 1], order[i]);
+    for (QWidget* control : order)
+        control->installEventFilter(this);
+}
+
+} // namespace strativo

@@ -1,0 +1,187 @@
+#include "ui/UvalsDialog.h"
+
+#include "edit/InfoTexts.h"
+#include "edit/LayerClipboard.h"
+#include "edit/LayerDrag.h"
+#include "edit/MaterialList.h"
+#include "ui/DragPayload.h"
+#include "ui/MaterialList.h"
+#include "ui/Text.h"
+#include "ui/Twips.h"
+
+#include <QButtonGroup>
+#include <QDrag>
+#include <QLabel>
+#include <QMimeData>
+#include <QRadioButton>
+
+namespace strativo {
+
+namespace {
+
+constexpr int margin = 10;
+constexpr int optionRow = 6;
+constexpr int headingRow = 32;
+constexpr int headingHeight = 30; // two lines
+constexpr int listRow = 64;
+constexpr int lineLength = 62;
+
+} // namespace
+
+UvalsDialog::UvalsDialog(Program& owner, QWidget* parent) : QWidget(parent), program(owner) {
+    setObjectName(QStringLiteral("UvalsDialog"));
+    RecordSource(program.project, ProgramWindow::selectMaterial);
+    BuildOptions();
+    BuildList();
+    BuildHeadings();
+    BuildDragImages();
+    Describe();
+    ConnectSignals();
+    setFocusProxy(ui.UValueList);
+    setFixedSize(ui.UValueList->width() + 2 * margin, listRow + ui.UValueList->height() + margin);
+    RefreshMaterialList();
+}
+
+QLabel* UvalsDialog::AddLabel(const QString& objectName, const QString& text, QRect place) {
+    auto* label = new QLabel(text, this);
+    label->setObjectName(objectName);
+    label->setGeometry(place);
+    return label;
+}
+
+void UvalsDialog::BuildOptions() {
+    ui.MatOptions = new QButtonGroup(this);
+    const QString captions[] = {tr("&Standard File"), tr("&User File")};
+    for (int index = 0; index < 2; ++index) {
+        auto* option = new QRadioButton(captions[index], this);
+        option->setObjectName(QStringLiteral("MatOption_%1").arg(index));
+        option->setGeometry(margin + index * 130, optionRow, 120, 22);
+        ui.MatOptions->addButton(option, index);
+        ui.MatOption[index] = option;
+    }
+    ui.MatOption[0]->setChecked(true);
+    ui.MatOption[1]->setEnabled(program.project.userLoaded);
+}
+
+void UvalsDialog::BuildList() {
+    ui.UValueList = new MaterialList(this);
+    ui.UValueList->setGeometry(margin, listRow, ui.UValueList->WidthFor(lineLength),
+                               FromTwips(MaterialList::listHeight, *this));
+}
+
+void UvalsDialog::BuildHeadings() {
+    // The number columns end at characters 41, 51 and 61 of a line.
+    const double character = QFontMetricsF(ColumnFont()).horizontalAdvance(QLatin1Char('0'));
+    const auto column = [&](int characters) {
+        return margin + 3 + static_cast<int>(character * characters);
+    };
+    QLabel* name = AddLabel(QStringLiteral("Label4"), tr(" &Name   of     component"),
+                            QRect(column(0), headingRow, column(30) - column(0), headingHeight));
+    name->setBuddy(ui.UValueList);
+    name->setAlignment(Qt::AlignLeft | Qt::AlignBottom);
+    // The last heading is wider than its column and stands out over the scroll bar.
+    const struct {
+        QString text;
+        int from, to;
+    } headings[] = {{tr("  Conductivity    W/m/°C"), column(29), column(41)},
+                    {tr("    Density    Kg/m3"), column(42), column(51)},
+                    {tr(" Specfic Heat   J/Kg/°C"), column(52), column(61) + 24}};
+    for (int index = 0; index < 3; ++index) {
+        const auto& heading = headings[index];
+        QLabel* label =
+            AddLabel(QStringLiteral("Label1_%1").arg(index), heading.text,
+                     QRect(heading.from, headingRow, heading.to - heading.from, headingHeight));
+        label->setWordWrap(true);
+        label->setAlignment((index < 2 ? Qt::AlignRight : Qt::AlignHCenter) | Qt::AlignBottom);
+    }
+}
+
+void UvalsDialog::BuildDragImages() {
+    for (int row = 0; row < visibleMaterialRows; ++row) {
+        QLabel* image = AddLabel(QStringLiteral("Label2_%1").arg(row),
+                                 tr(" &Name   of     component"), QRect());
+        image->hide();
+        image->setFont(ColumnFont());
+        image->setAutoFillBackground(true);
+        image->setFrameStyle(QFrame::Panel | QFrame::Plain);
+        image->setMargin(2);
+    }
+}
+
+void UvalsDialog::Describe() {
+    ui.MatOption[0]->setToolTip(tr("Shows the materials of the standard library"));
+    ui.MatOption[1]->setToolTip(tr("Shows the materials of the user library"));
+    ui.UValueList->setAccessibleName(tr("Materials"));
+    ui.UValueList->setToolTip(
+        tr("Conductivity in W/m/°C, density in kg/m3, specific heat in J/kg/°C. Double click or "
+           "Enter inserts the material before the current layer; drag it onto a layer list"));
+}
+
+void UvalsDialog::ConnectSignals() {
+    connect(ui.MatOptions, &QButtonGroup::idClicked, this, &UvalsDialog::MatOption_Click);
+    connect(ui.UValueList, &MaterialList::LineDoubleClicked, this,
+            &UvalsDialog::UValueList_DblClick);
+    connect(ui.UValueList, &MaterialList::CommandKeyPressed, this,
+            &UvalsDialog::UValueList_KeyDown);
+    connect(ui.UValueList, &MaterialList::DragWanted, this,
+            [this](int, QPoint position, bool) { UValueList_MouseMove(position); });
+    connect(ui.UValueList, &QListWidget::itemSelectionChanged, this,
+            [this] { program.project.selectedMaterial = ui.UValueList->SelectedLine() + 1; });
+}
+
+void UvalsDialog::RefreshMaterialList() {
+    ui.UValueList->SetLines(MaterialLines(program.project));
+    setWindowTitle(Caption());
+}
+
+QString UvalsDialog::Caption() const {
+    return PathText(MaterialListCaption(program.project));
+}
+
+void UvalsDialog::EnableMatOption(int index, bool enabled) {
+    ui.MatOption[index]->setEnabled(enabled);
+}
+
+void UvalsDialog::SelectMatOption(int index) {
+    ui.MatOption[index]->setChecked(true);
+}
+
+void UvalsDialog::MatOption_Click(int index) {
+    program.perform([&] { ShowLibrary(program.project, index + 1, program.desktop); });
+}
+
+void UvalsDialog::UValueList_DblClick() {
+    program.perform([this] {
+        if (TakeMaterial(program.project))
+            PasteLayersBefore(program.project, program.desktop);
+    });
+}
+
+void UvalsDialog::UValueList_KeyDown(int key) {
+    const bool inserts = key == Qt::Key_Return || key == Qt::Key_Enter;
+    program.perform([&] {
+        if (TakeMaterial(program.project) && inserts)
+            PasteLayersBefore(program.project, program.desktop);
+    });
+}
+
+void UvalsDialog::UValueList_MouseMove(QPoint position) {
+    bool taken = false;
+    program.perform([&] {
+        TakeMaterial(program.project);
+        taken = true;
+    });
+    if (!taken)
+        return;
+    const int row = VisibleRow(ToTwips(position.y(), *this), MaterialList::listHeight / 4.0,
+                               visibleMaterialRows);
+    auto* image = findChild<QLabel*>(QStringLiteral("Label2_%1").arg(row));
+    image->setText(ToText(program.project.clipboard[1].name));
+    image->adjustSize();
+    QDrag drag(ui.UValueList);
+    drag.setMimeData(MakeDragPayload(DragKind::material));
+    drag.setPixmap(image->grab());
+    drag.exec(Qt::CopyAction);
+}
+
+} // namespace strativo

@@ -1,0 +1,380 @@
+#include "ui/WindowArea.h"
+
+#include "ui/ChildWindow.h"
+
+#include <QApplication>
+#include <QPainter>
+#include <QRegion>
+#include <QSet>
+
+#include <algorithm>
+#include <array>
+#include <set>
+
+namespace strativo {
+
+namespace {
+
+constexpr int cascadeStep = ChildWindow::titleHeight + ChildWindow::border;
+constexpr int mostCascadeSteps = 7; // leaves the Select Material dialog uncovered
+constexpr int keptUnseenFrames = 32;
+
+} // namespace
+
+WindowArea::WindowArea(MakeContent make, ContentSize size, QWidget* parent)
+    : QWidget(parent), makeContent(std::move(make)), contentSize(std::move(size)) {
+    setObjectName(QStringLiteral("WindowArea"));
+    connect(qApp, &QApplication::focusChanged, this,
+            [this](QWidget*, QWidget* now) { FollowFocus(now); });
+}
+
+WindowArea::~WindowArea() {
+    disconnect(qApp, nullptr, this, nullptr);
+}
+
+void WindowArea::Open(int id, const QString& caption) {
+    Open(id, caption, CascadePosition(opened++));
+}
+
+void WindowArea::Open(int id, const QString& caption, QPoint position) {
+    Child& child = children[id];
+    child.caption = caption;
+    child.position = position;
+    child.size = ChildWindow::SizeAround(contentSize(id));
+    order.push_back(id);
+    changed = true;
+}
+
+void WindowArea::Close(int id) {
+    const auto found = children.find(id);
+    if (found == children.end())
+        return;
+    if (found->second.frame != nullptr) {
+        // Its own event may be on the way through it.
+        found->second.frame->hide();
+        found->second.frame->deleteLater();
+    }
+    children.erase(found);
+    order.erase(std::find(order.begin(), order.end(), id));
+    if (active == id)
+        active = noWindow;
+    if (children.empty())
+        opened = 0;
+    changed = true;
+}
+
+void WindowArea::SetCaption(int id, const QString& caption) {
+    Child& child = children.at(id);
+    child.caption = caption;
+    if (child.frame != nullptr)
+        child.frame->SetCaption(caption);
+}
+
+QString WindowArea::Caption(int id) const {
+    return children.at(id).caption;
+}
+
+void WindowArea::SetHidden(int id, bool hidden) {
+    Child& child = children.at(id);
+    if (child.hidden == hidden)
+        return;
+    child.hidden = hidden;
+    changed = true;
+    if (hidden && child.frame != nullptr)
+        child.frame->hide();
+    if (hidden && active == id)
+        ActivateTop();
+    ShowVisible();
+}
+
+bool WindowArea::IsHidden(int id) const {
+    return children.at(id).hidden;
+}
+
+void WindowArea::SetMinimised(int id, bool minimised) {
+    Child& child = children.at(id);
+    if (minimised == (child.iconSlot >= 0))
+        return;
+    child.iconSlot = minimised ? FreeIconSlot() : -1;
+    changed = true;
+    if (child.frame == nullptr)
+        return;
+    if (minimised && child.frame->isAncestorOf(QApplication::focusWidget()))
+        child.frame->setFocus();
+    if (!minimised)
+        FillFrame(id, child);
+    child.frame->SetMinimised(minimised);
+    PlaceFrame(child);
+}
+
+bool WindowArea::IsMinimised(int id) const {
+    return children.at(id).iconSlot >= 0;
+}
+
+void WindowArea::Raise(int id) {
+    order.erase(std::find(order.begin(), order.end(), id));
+    order.push_back(id);
+    Child& child = children.at(id);
+    if (child.frame == nullptr)
+        MakeFrame(id);
+    child.frame->raise();
+    child.frame->show();
+}
+
+void WindowArea::SetActive(int id) {
+    const auto before = children.find(active);
+    if (before != children.end() && before->second.frame != nullptr)
+        before->second.frame->SetActive(false);
+    active = id;
+    if (id != noWindow)
+        children.at(id).frame->SetActive(true);
+    emit ActiveChanged(id);
+}
+
+void WindowArea::Activate(int id) {
+    SetHidden(id, false);
+    SetMinimised(id, false);
+    Raise(id);
+    const bool isNew = active != id;
+    if (isNew)
+        SetActive(id);
+    Child& child = children.at(id);
+    QWidget* content = child.frame->Content();
+    if (content != nullptr && !content->isAncestorOf(QApplication::focusWidget())) {
+        QWidget* focus = child.lastFocus != nullptr ? child.lastFocus.data() : content;
+        focus->setFocus(Qt::ActiveWindowFocusReason);
+    }
+    ShowVisible();
+}
+
+void WindowArea::ActivateTop() {
+    for (auto id = order.rbegin(); id != order.rend(); ++id) {
+        const Child& child = children.at(*id);
+        if (!child.hidden && child.iconSlot < 0) {
+            Activate(*id);
+            return;
+        }
+    }
+    SetActive(noWindow);
+}
+
+void WindowArea::ActivateNext(bool backwards) {
+    const std::vector<int> windows = Windows();
+    if (windows.empty())
+        return;
+    const auto here = std::find(windows.begin(), windows.end(), active);
+    const auto count = static_cast<std::ptrdiff_t>(windows.size());
+    const auto index = here == windows.end() ? (backwards ? count : -1) : here - windows.begin();
+    const auto next = (index + (backwards ? count - 1 : 1)) % count;
+    Activate(windows[static_cast<std::size_t>(next)]);
+}
+
+void WindowArea::Cascade() {
+    int step = 0;
+    for (const int id : order) {
+        Child& child = children.at(id);
+        if (child.hidden || child.iconSlot >= 0)
+            continue;
+        child.position = CascadePosition(step++);
+        if (child.frame != nullptr)
+            PlaceFrame(child);
+    }
+    changed = true;
+    ShowVisible();
+}
+
+void WindowArea::ArrangeIcons() {
+    int slot = 0;
+    for (auto& [id, child] : children) {
+        if (child.iconSlot < 0)
+            continue;
+        child.iconSlot = slot++;
+        if (child.frame != nullptr)
+            PlaceFrame(child);
+    }
+    changed = true;
+    ShowVisible();
+}
+
+std::vector<int> WindowArea::Windows() const {
+    std::vector<int> windows;
+    for (const auto& [id, child] : children)
+        if (!child.hidden)
+            windows.push_back(id);
+    return windows;
+}
+
+QWidget* WindowArea::Content(int id) const {
+    const auto found = children.find(id);
+    const bool exists = found != children.end() && found->second.frame != nullptr;
+    return exists ? found->second.frame->Content() : nullptr;
+}
+
+int WindowArea::ExistingWindows() const {
+    return static_cast<int>(std::count_if(children.begin(), children.end(), [](const auto& entry) {
+        return entry.second.frame != nullptr;
+    }));
+}
+
+QRect WindowArea::Geometry(const Child& child) const {
+    if (child.iconSlot >= 0)
+        return {IconPosition(child.iconSlot), ChildWindow::IconSize()};
+    return {child.position, child.size};
+}
+
+/// Icons fill rows from the bottom left corner.
+QPoint WindowArea::IconPosition(int slot) const {
+    const QSize icon = ChildWindow::IconSize();
+    const int perRow = std::max(1, width() / icon.width());
+    return {slot % perRow * icon.width(), height() - (slot / perRow + 1) * icon.height()};
+}
+
+int WindowArea::FreeIconSlot() const {
+    std::vector<bool> taken(children.size() + 1);
+    for (const auto& [id, child] : children)
+        if (child.iconSlot >= 0 && child.iconSlot < static_cast<int>(taken.size()))
+            taken[static_cast<std::size_t>(child.iconSlot)] = true;
+    return static_cast<int>(std::find(taken.begin(), taken.end(), false) - taken.begin());
+}
+
+/// So many windows lie beside each other before the cascade starts again in its corner.
+int WindowArea::CascadeSteps() const {
+    const QSize window = ChildWindow::SizeAround(contentSize(1));
+    const int room = std::min(width() - window.width(), height() - window.height());
+    return std::clamp(room / cascadeStep + 1, 1, mostCascadeSteps);
+}
+
+QPoint WindowArea::CascadePosition(int step) const {
+    const int place = step % CascadeSteps() * cascadeStep;
+    return {place, place};
+}
+
+void WindowArea::MakeFrame(int id) {
+    Child& child = children.at(id);
+    auto* frame = new ChildWindow(id, this);
+    child.frame = frame;
+    frame->SetCaption(child.caption);
+    frame->SetMinimised(child.iconSlot >= 0);
+    if (child.iconSlot < 0)
+        FillFrame(id, child);
+    PlaceFrame(child);
+    ConnectFrame(id, frame);
+}
+
+void WindowArea::ConnectFrame(int id, ChildWindow* frame) {
+    connect(frame, &ChildWindow::Activated, this, [this, id, frame] {
+        if (!frame->IsMinimised())
+            Activate(id);
+    });
+    connect(frame, &ChildWindow::MinimiseToggled, this, [this, id] {
+        if (IsMinimised(id)) {
+            Activate(id);
+        } else {
+            SetMinimised(id, true);
+            if (active == id)
+                ActivateTop();
+            ShowVisible();
+        }
+    });
+    connect(frame, &ChildWindow::CloseRequested, this, [this, id] { emit CloseRequested(id); });
+    connect(frame, &ChildWindow::Moved, this, [this, id, frame] {
+        if (!frame->IsMinimised())
+            children.at(id).position = frame->pos();
+        changed = true;
+        ShowVisible();
+    });
+}
+
+void WindowArea::FillFrame(int id, Child& child) {
+    if (child.frame->Content() == nullptr)
+        child.frame->SetContent(makeContent(id));
+}
+
+void WindowArea::PlaceFrame(Child& child) {
+    child.frame->setGeometry(Geometry(child));
+}
+
+/// From the top downwards, the windows that those above leave a part of to be seen.
+std::vector<int> WindowArea::SeenWindows() const {
+    std::vector<int> seen;
+    QRegion covered;
+    std::set<std::array<int, 4>> places;
+    for (auto id = order.rbegin(); id != order.rend(); ++id) {
+        const Child& child = children.at(*id);
+        const QRect visible = Geometry(child).intersected(rect());
+        if (child.hidden || visible.isEmpty())
+            continue;
+        // Thousands of windows share the few places of the cascade; one look at each is enough.
+        const bool isNewPlace =
+            places.insert({visible.x(), visible.y(), visible.width(), visible.height()}).second;
+        if (!isNewPlace || (QRegion(visible) - covered).isEmpty())
+            continue;
+        covered += visible;
+        seen.push_back(*id);
+    }
+    return seen;
+}
+
+void WindowArea::ShowVisible() {
+    if (!changed)
+        return;
+    changed = false;
+    const std::vector<int> seen = SeenWindows();
+    QWidget* above = nullptr;
+    for (const int id : seen) {
+        Child& child = children.at(id);
+        if (child.frame == nullptr)
+            MakeFrame(id);
+        if (above != nullptr)
+            child.frame->stackUnder(above);
+        child.frame->show();
+        above = child.frame;
+    }
+    DropUnseenFrames(seen);
+}
+
+void WindowArea::DropUnseenFrames(const std::vector<int>& seen) {
+    const QSet<int> kept(seen.begin(), seen.end());
+    int unseen = 0;
+    for (auto id = order.rbegin(); id != order.rend(); ++id) {
+        Child& child = children.at(*id);
+        if (child.frame == nullptr || kept.contains(*id) || *id <= 0 || *id == active)
+            continue;
+        if (++unseen <= keptUnseenFrames)
+            continue;
+        child.frame->hide();
+        child.frame->deleteLater();
+        child.frame = nullptr;
+    }
+}
+
+void WindowArea::FollowFocus(QWidget* now) {
+    QWidget* widget = now;
+    while (widget != nullptr && widget->parentWidget() != this)
+        widget = widget->parentWidget();
+    auto* frame = qobject_cast<ChildWindow*>(widget);
+    if (frame == nullptr || children.count(frame->Id()) == 0)
+        return;
+    const int id = frame->Id();
+    Child& child = children.at(id);
+    if (frame->Content() != nullptr && frame->Content()->isAncestorOf(now))
+        child.lastFocus = now;
+    if (active != id && child.iconSlot < 0) {
+        Raise(id);
+        SetActive(id);
+    }
+}
+
+void WindowArea::resizeEvent(QResizeEvent*) {
+    for (auto& [id, child] : children)
+        if (child.frame != nullptr && child.iconSlot >= 0)
+            PlaceFrame(child);
+    changed = true;
+    ShowVisible();
+}
+
+void WindowArea::paintEvent(QPaintEvent*) {
+    QPainter(this).fillRect(rect(), palette().color(QPalette::Dark));
+}
+
+} // namespace strativo
