@@ -9,9 +9,6 @@ namespace strativo {
 
 namespace {
 
-constexpr char standardTitle[] = "Open standard material file";
-constexpr char userTitle[] = "Open user material file";
-
 /// Another file name can help after these; after any other failure it would only fail again.
 bool AsksForAnotherFile(ErrorNumber number) {
     return number == ErrorNumber::pathNotFound || number == ErrorNumber::fileNotFound
@@ -24,7 +21,7 @@ std::string LibraryBytes(const Project& project, const std::string& name) {
 
 /// The file name after a failure. Cancelling here, unlike at the first prompt, ends the program.
 std::string AskForStandardFileAgain(Project& project, Desktop& desktop) {
-    const std::string name = PromptLibraryFile(desktop, standardTitle, "stdmat.lby");
+    const std::string name = PromptLibraryFile(desktop, standardLibraryPrompt, "stdmat.lby");
     if (name != singleBlank)
         return name;
     project.standardLibraryFile.clear();
@@ -67,7 +64,7 @@ bool LoadStandardLibrary(Project& project, Desktop& desktop) {
     if (name == singleBlank)
         name = project.rememberedLibrary;
     if (name.empty())
-        name = PromptLibraryFile(desktop, standardTitle, "");
+        name = PromptLibraryFile(desktop, standardLibraryPrompt, "");
     if (name == singleBlank) {
         name.clear();
         return false;
@@ -89,7 +86,7 @@ bool LoadStandardLibrary(Project& project, Desktop& desktop) {
 UserLoad LoadUserLibrary(Project& project, Desktop& desktop) {
     std::string& name = project.userLibraryFile;
     if (name.empty())
-        name = PromptLibraryFile(desktop, userTitle, "");
+        name = PromptLibraryFile(desktop, userLibraryPrompt, "");
     if (name == singleBlank) {
         name.clear();
         return UserLoad::cancelled;
@@ -103,7 +100,7 @@ UserLoad LoadUserLibrary(Project& project, Desktop& desktop) {
             desktop.ShowMessage({userLibraryMessages.Text(error.Number()), ""});
             if (!AsksForAnotherFile(error.Number()))
                 return UserLoad::failed;
-            name = PromptLibraryFile(desktop, userTitle, name);
+            name = PromptLibraryFile(desktop, userLibraryPrompt, name);
         }
         if (cancelled && name == singleBlank) {
             name.clear();

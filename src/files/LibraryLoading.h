@@ -7,6 +7,10 @@
 
 namespace strativo {
 
+// Titles of the prompts for a library file.
+inline constexpr char standardLibraryPrompt[] = "Open standard material file";
+inline constexpr char userLibraryPrompt[] = "Open user material file";
+
 /// Asks for a library file; a single blank when the user cancelled.
 std::string PromptLibraryFile(Desktop& desktop, const std::string& title,
                               const std::string& initialName);

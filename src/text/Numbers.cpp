@@ -3,6 +3,7 @@
 #include "text/RuntimeError.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -83,6 +84,14 @@ float ToSingle(double value) {
     if (!(std::abs(value) <= std::numeric_limits<float>::max()))
         throw RuntimeError(ErrorNumber::overflow);
     return static_cast<float>(value);
+}
+
+double AsDecimal(float value) {
+    std::array<char, 32> text{};
+    const auto end = std::to_chars(text.data(), text.data() + text.size(), value).ptr;
+    double decimal = value;
+    std::from_chars(text.data(), end, decimal);
+    return decimal;
 }
 
 std::int16_t ToInteger(double value) {

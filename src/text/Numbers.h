@@ -15,6 +15,9 @@ bool IsNumber(std::string_view text);
 /// The value as a 32-bit float; run-time error 6 when it does not fit.
 float ToSingle(double value);
 
+/// The double that the shortest decimal of the float stands for: 0.84f gives 0.84.
+double AsDecimal(float value);
+
 /// The value rounded to a 16-bit integer, halves to the even one; run-time error 6 when it does
 /// not fit.
 std::int16_t ToInteger(double value);

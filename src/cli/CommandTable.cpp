@@ -1,0 +1,118 @@
+#include "cli/CommandTable.h"
+
+#include "cli/Commands.h"
+#include "cli/TextOutput.h"
+#include "text/Format.h"
+
+#include <algorithm>
+#include <ostream>
+
+namespace strativo {
+
+const std::array<Command, 5> commands = {{
+    {"show", "FILE.con...", "each construction as its window shows it, then the glass types",
+     "  strativo-cli show house.con\n"
+     "  strativo-cli show --json *.con | jq '.[].constructions[].result'\n",
+     1, true, jsonOption, Show},
+    {"check", "FILE.con...", "findings, one a line; exit 1 when there is any",
+     "  strativo-cli check house.con\n"
+     "  strativo-cli check --json --standard stdmat.lby *.con\n",
+     1, true, jsonOption, Check},
+    {"rewrite", "FILE.con OUT.con", "read FILE.con, write OUT.con",
+     "  strativo-cli rewrite house.con clean.con\n"
+     "  strativo-cli --standard stdmat.lby rewrite house.con house.con\n",
+     2, false, noOption, Rewrite},
+    {"import-glass", "FILE.con FROM.con OUT.con",
+     "read FILE.con, import FROM.con's glass definitions, write OUT.con",
+     "  strativo-cli import-glass house.con glazing.con house.con\n", 3, false, noOption,
+     ImportGlass},
+    {"materials", "LIB.lby", "the library as the Select Material dialog lists it",
+     "  strativo-cli materials stdmat.lby --sort conductivity\n"
+     "  strativo-cli materials --user user.lby --json\n",
+     1, false, jsonOption | userOption | sortOption, Materials},
+}};
+
+const std::array<Option, 7> options = {{
+    {"--standard", "LIB.lby", "answer to the prompt for the standard library, and its default path",
+     noOption, nullptr, &Invocation::standardLibrary},
+    {"--user-library", "LIB.lby", "answer to the prompt for the user library", noOption, nullptr,
+     &Invocation::userLibrary},
+    {"--json", "", "machine-readable output", jsonOption, &Invocation::json, nullptr},
+    {"--user", "", "LIB.lby has the user layout; default: the standard layout", userOption,
+     &Invocation::user, nullptr},
+    {"--sort", "KEY", "name (default), conductivity, density, specific-heat, file (as stored)",
+     sortOption, nullptr, &Invocation::sortKey},
+    {"-h,--help", "", "this text; after a command: about that command", noOption, &Invocation::help,
+     nullptr},
+    {"--version", "", "the version", noOption, &Invocation::version, nullptr},
+}};
+
+namespace {
+
+constexpr char exitStatuses[] =
+    "\nExit status: 0 all well; 1 check found something; 2 wrong usage; "
+    "3 a file could not be\nread or written, or the desktop program "
+    "would have ended. Of several, the highest.\n";
+
+constexpr std::size_t commandWidth = 38;
+constexpr std::size_t optionWidth = 22;
+
+void PrintRow(std::ostream& out, const std::string& subject, std::size_t width,
+              const std::string& summary) {
+    out << "  " << LeftField(subject, width, width) << "  " << summary << '\n';
+}
+
+/// Names of the commands that know the option, in brackets.
+std::string KnownTo(const Option& option) {
+    std::string names;
+    for (const Command& command : commands)
+        if ((command.options & option.ownOption) != 0)
+            names += (names.empty() ? "(" : ", ") + std::string(command.name);
+    return names.empty() ? "" : names + ") ";
+}
+
+void PrintOptions(std::ostream& out, const Command* command) {
+    out << "\nOptions, before or after the command:\n";
+    for (const Option& option : options) {
+        const bool known = command == nullptr || option.ownOption == noOption
+                           || (command->options & option.ownOption) != 0;
+        if (known)
+            PrintRow(out, option.names + std::string(" ") + option.argument, optionWidth,
+                     (command == nullptr ? KnownTo(option) : "") + option.summary);
+    }
+}
+
+} // namespace
+
+const Command* FindCommand(std::string_view name) {
+    const auto* const found = std::find_if(
+        commands.begin(), commands.end(), [&](const Command& entry) { return entry.name == name; });
+    return found == commands.end() ? nullptr : found;
+}
+
+std::string UsageLine(const Command* command) {
+    const std::string start = std::string("Usage: ") + programName + " [OPTIONS] ";
+    if (command == nullptr)
+        return start + "COMMAND FILE... (" + programName + " --help lists the commands)";
+    return start + command->name + " " + command->operands;
+}
+
+void PrintHelp(std::ostream& out, const Command* command) {
+    if (command == nullptr) {
+        out << "Usage: " << programName << " [OPTIONS] COMMAND FILE...\n\n"
+            << "Works on construction files and material libraries without a "
+               "window.\n\nCommands:\n";
+        for (const Command& entry : commands)
+            PrintRow(out, std::string(entry.name) + " " + entry.operands, commandWidth,
+                     entry.summary);
+    } else {
+        out << UsageLine(command) << "\n\n" << command->summary << '\n';
+    }
+    PrintOptions(out, command);
+    out << exitStatuses << "\nExamples:\n";
+    for (const Command& entry : commands)
+        if (command == nullptr || command == &entry)
+            out << entry.examples;
+}
+
+} // namespace strativo

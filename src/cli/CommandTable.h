@@ -1,0 +1,48 @@
+#pragma once
+
+#include "cli/Invocation.h"
+
+#include <array>
+#include <iosfwd>
+#include <string>
+#include <string_view>
+
+namespace strativo {
+
+/// Options that only some commands know, as bits.
+enum OwnOptions : unsigned { noOption = 0, jsonOption = 1, userOption = 2, sortOption = 4 };
+
+struct Command {
+    const char* name;
+    const char* operands; ///< as the synopsis shows them
+    const char* summary;
+    const char* examples; ///< whole lines
+    std::size_t operandCount;
+    bool moreOperands; ///< any number above operandCount will do
+    unsigned options;  ///< of OwnOptions
+    int (*run)(const Invocation& call, std::ostream& out, std::ostream& err);
+};
+
+/// Either a flag or an option with a text.
+struct Option {
+    const char* names;    ///< separated by commas
+    const char* argument; ///< "" for a flag
+    const char* summary;
+    unsigned ownOption; ///< of OwnOptions; noOption: every command knows it
+    bool Invocation::*flag;
+    std::string Invocation::*text;
+};
+
+extern const std::array<Command, 5> commands;
+extern const std::array<Option, 7> options;
+
+/// The command of that name, or null.
+const Command* FindCommand(std::string_view name);
+
+/// "Usage: ..." of the command, or of the program where it is null.
+std::string UsageLine(const Command* command);
+
+/// The manual of the command, or of the program where it is null.
+void PrintHelp(std::ostream& out, const Command* command);
+
+} // namespace strativo

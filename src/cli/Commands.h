@@ -1,0 +1,20 @@
+#pragma once
+
+#include "cli/Invocation.h"
+
+#include <iosfwd>
+#include <string>
+
+namespace strativo {
+
+// Each runs one command for the operands given and returns the exit status.
+int Show(const Invocation& call, std::ostream& out, std::ostream& err);
+int Check(const Invocation& call, std::ostream& out, std::ostream& err);
+int Rewrite(const Invocation& call, std::ostream& out, std::ostream& err);
+int ImportGlass(const Invocation& call, std::ostream& out, std::ostream& err);
+int Materials(const Invocation& call, std::ostream& out, std::ostream& err);
+
+/// Whether materials can be listed in an order of this name.
+bool IsSortKey(const std::string& key);
+
+} // namespace strativo

@@ -1,0 +1,11 @@
+#pragma once
+
+namespace strativo {
+
+// Of several the highest counts.
+inline constexpr int exitAllWell = 0;
+inline constexpr int exitFindings = 1;
+inline constexpr int exitWrongUsage = 2;
+inline constexpr int exitFailure = 3;
+
+} // namespace strativo

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace strativo {
+
+/// What the caller asked for, after the command's name was taken off the operands.
+struct Invocation {
+    std::vector<std::string> operands;
+    std::string standardLibrary; ///< "" when not given
+    std::string userLibrary;     ///< likewise
+    std::string sortKey = "name";
+    bool json = false;
+    bool user = false;
+    bool help = false;
+    bool version = false;
+};
+
+} // namespace strativo

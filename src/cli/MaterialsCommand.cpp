@@ -1,0 +1,92 @@
+#include "cli/Commands.h"
+#include "cli/JsonRecords.h"
+#include "cli/Session.h"
+#include "edit/MaterialList.h"
+#include "files/LibraryLoading.h"
+#include "text/Windows1252.h"
+
+#include <algorithm>
+#include <array>
+#include <ostream>
+#include <string_view>
+
+namespace strativo {
+
+namespace {
+
+struct SortOrder {
+    std::string_view key;
+    void (*sort)(Project&); ///< after the name order; null: none
+};
+
+constexpr std::string_view asStored = "file";
+constexpr std::array<SortOrder, 5> sortOrders = {{
+    {"name", nullptr},
+    {asStored, nullptr},
+    {"conductivity", SortByConductivity},
+    {"density", SortByDensity},
+    {"specific-heat", SortBySpecificHeat},
+}};
+
+void Load(Session& session, bool user) {
+    Project& project = session.project;
+    if (!user) {
+        project.standardLibraryFile = CallersPath(session.file);
+        LoadStandardLibrary(project, session.desktop);
+        return;
+    }
+    project.userLibraryFile = CallersPath(session.file);
+    if (LoadUserLibrary(project, session.desktop) == UserLoad::givenUp)
+        session.desktop.EndProgram();
+}
+
+/// Every library that the program loads is put in name order first, which then decides between
+/// equal values.
+void Sort(Project& project, const std::string& key) {
+    if (key == asStored)
+        return;
+    SortByName(project);
+    for (const SortOrder& order : sortOrders)
+        if (order.key == key && order.sort != nullptr)
+            order.sort(project);
+}
+
+void PrintAsJson(std::ostream& out, const Session& session, bool user) {
+    const Project& project = session.project;
+    const MaterialLibrary& library = Library(project, project.shownLibrary);
+    JsonWriter writer(out);
+    writer.Begin('{');
+    WriteFileMembers(writer, session);
+    writer.Member("loaded", user ? project.userLoaded : project.standardLoaded);
+    writer.Key("materials");
+    writer.Begin('[');
+    const int count = MaterialCount(library);
+    for (int slot = 1; slot <= count; ++slot)
+        writer.Value(JsonOfMaterial(library, slot));
+    writer.End(']');
+    writer.End('}');
+}
+
+} // namespace
+
+bool IsSortKey(const std::string& key) {
+    return std::any_of(sortOrders.begin(), sortOrders.end(),
+                       [&](const SortOrder& order) { return order.key == key; });
+}
+
+int Materials(const Invocation& call, std::ostream& out, std::ostream& err) {
+    Session session(call.operands[0], call, err);
+    Project& project = session.project;
+    session.Run([&] { Load(session, call.user); });
+    project.shownLibrary =
+        static_cast<std::int16_t>(call.user ? userLibraryNumber : standardLibraryNumber);
+    Sort(project, call.sortKey);
+    if (call.json)
+        PrintAsJson(out, session, call.user);
+    else if (!session.desktop.Ended())
+        for (const std::string& line : MaterialLines(project))
+            out << ToUtf8(line) << '\n';
+    return session.Status();
+}
+
+} // namespace strativo

@@ -1,0 +1,46 @@
+#include "cli/Commands.h"
+#include "cli/Session.h"
+#include "files/GlassImport.h"
+#include "project/FileCommands.h"
+
+#include <ostream>
+
+namespace strativo {
+
+namespace {
+
+/// Writes nothing once anything could not be read.
+void Save(Session& session, const std::string& path) {
+    if (session.desktop.Failed() || !session.FileRead())
+        return;
+    session.project.constructionFile = CallersPath(path);
+    session.Run([&] { SaveProject(session.project, session.desktop); });
+}
+
+void Import(Session& session, const std::string& from) {
+    if (!session.FileRead())
+        return;
+    session.desktop.AnswerConstructionFile(CallersPath(from));
+    session.desktop.SetSubject(from);
+    session.Run([&] { ImportGlassDefinitions(session.project, session.desktop); });
+    session.desktop.SetSubject(session.file);
+}
+
+} // namespace
+
+int Rewrite(const Invocation& call, std::ostream&, std::ostream& err) {
+    Session session(call.operands[0], call, err);
+    session.Read();
+    Save(session, call.operands[1]);
+    return session.Status();
+}
+
+int ImportGlass(const Invocation& call, std::ostream&, std::ostream& err) {
+    Session session(call.operands[0], call, err);
+    session.Read();
+    Import(session, call.operands[1]);
+    Save(session, call.operands[2]);
+    return session.Status();
+}
+
+} // namespace strativo

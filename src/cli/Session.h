@@ -1,0 +1,40 @@
+#pragma once
+
+#include "cli/Invocation.h"
+#include "cli/TerminalDesktop.h"
+#include "model/Project.h"
+
+#include <functional>
+#include <iosfwd>
+#include <string>
+
+namespace strativo {
+
+/// The path in a form that the core does not take for a cancelled prompt, which a single blank
+/// stands for there.
+std::string CallersPath(const std::string& path);
+
+/// A project just started, for one file of the command line.
+class Session {
+public:
+    Session(const std::string& callersFile, const Invocation& call, std::ostream& err);
+
+    /// Runs an action of the core; the end of the program and exceptions, which are reported, end
+    /// only the action, and give false.
+    bool Run(const std::function<void()>& action);
+    /// Reads the file as a construction file.
+    void Read();
+    /// The file was read to its end, with or without trouble about its libraries.
+    bool FileRead() const { return fileRead; }
+    /// 0, or 3 when something could not be read or written or the program ended.
+    int Status() const;
+
+    const std::string file; ///< as the caller wrote it
+    TerminalDesktop desktop;
+    Project project;
+
+private:
+    bool fileRead = false;
+};
+
+} // namespace strativo

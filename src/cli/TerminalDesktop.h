@@ -1,0 +1,69 @@
+#pragma once
+
+#include "port/Desktop.h"
+
+#include <iosfwd>
+#include <string>
+#include <vector>
+
+namespace strativo {
+
+/// What prompts are answered with; "" cancels.
+struct PromptAnswers {
+    std::string standardLibrary;
+    std::string userLibrary;
+    std::string constructionFile;
+};
+
+/// A desktop with nobody in front of it: messages go to a stream as one line each, questions are
+/// answered Yes, and each prompt is answered once, then cancelled.
+class TerminalDesktop : public Desktop {
+public:
+    TerminalDesktop(std::ostream& stream, std::string subjectFile, PromptAnswers promptAnswers);
+
+    /// Names the file that the messages to come are about.
+    void SetSubject(std::string file) { subject = std::move(file); }
+    /// Answers a construction file prompt to come.
+    void AnswerConstructionFile(std::string path) { answers.constructionFile = std::move(path); }
+    /// Reports a failure that has no message box of its own.
+    void Report(const std::string& utf8);
+
+    const std::vector<Message>& Messages() const { return messages; }
+    bool Ended() const { return ended; }
+    /// The program ended, or a message told of a failure that no answered prompt made good.
+    bool Failed() const { return ended || failures > 0; }
+
+    Answer ShowMessage(const Message& message) override;
+    std::optional<std::string> AskOpenFile(const FilePrompt& prompt) override;
+    std::optional<std::string> AskSaveFile(const FilePrompt& prompt) override;
+    void Beep() override {}
+    void OpenConstructionWindow(int) override {}
+    void CloseConstructionWindow(int) override {}
+    void RefreshConstructionWindow(int) override {}
+    void ActivateConstructionWindow(int) override {}
+    void RefreshMaterialList() override {}
+    void ShowMaterialDialog() override {}
+    void EnableMatOption(int, bool) override { messageJustShown = false; }
+    void SelectMatOption(int) override {}
+    void RefreshGlassTypeList() override {}
+    void ShowProgress(std::size_t, std::size_t) override { messageJustShown = false; }
+    void ShowHelpContents() override {}
+    void QuitHelp() override {}
+
+protected:
+    void OnProgramEnd() override { ended = true; }
+
+private:
+    std::string& AnswerTo(const FilePrompt& prompt);
+    void PrintLine(const std::string& utf8);
+
+    std::ostream& err;
+    std::string subject;
+    PromptAnswers answers;
+    std::vector<Message> messages;
+    int failures = 0;
+    bool messageJustShown = false; ///< a prompt that comes now is about that message
+    bool ended = false;
+};
+
+} // namespace strativo

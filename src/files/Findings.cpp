@@ -1,0 +1,189 @@
+#include "files/Findings.h"
+
+#include "calc/CavityTypes.h"
+#include "files/SaveChecks.h"
+#include "text/Format.h"
+#include "text/Numbers.h"
+
+#include <algorithm>
+#include <unordered_set>
+
+namespace strativo {
+
+namespace {
+
+std::string Quoted(const std::string& name) {
+    return " \"" + name + "\"";
+}
+
+using MaterialCodes = std::unordered_set<double>;
+
+MaterialCodes CodesOf(const MaterialLibrary& library) {
+    MaterialCodes codes;
+    const int count = MaterialCount(library);
+    for (int slot = 1; slot <= count; ++slot)
+        codes.insert(library[slot].code);
+    return codes;
+}
+
+class ConstructionChecks {
+public:
+    ConstructionChecks(const Project& source, std::vector<Finding>& target)
+        : project(source), findings(target), standardCodes(CodesOf(source.standardLibrary)),
+          userCodes(CodesOf(source.userLibrary)) {}
+
+    void Run() {
+        const std::vector<int> zeroThickness = ZeroThicknessConstructions(project);
+        const std::vector<int> zeroAbsorption = ZeroAbsorptionConstructions(project);
+        for (int number = 1; number <= project.constructions.Size(); ++number) {
+            if (!InUse(project, number))
+                continue;
+            if (std::binary_search(zeroThickness.begin(), zeroThickness.end(), number))
+                Add("zero-thickness", number, "at least one zero thickness");
+            if (std::binary_search(zeroAbsorption.begin(), zeroAbsorption.end(), number))
+                Add("zero-absorption", number, "a total absorption equal to zero");
+            CheckLayers(number);
+        }
+    }
+
+private:
+    void Add(const char* rule, int number, const std::string& text, int layer = 0) {
+        const std::string& name = project.constructions[number].name;
+        const std::string place = layer > 0 ? ", layer" + SignPositionNumber(layer) : "";
+        findings.push_back(
+            {rule, number, layer, 0, name,
+             "Construction" + SignPositionNumber(number) + Quoted(name) + place + ": " + text});
+    }
+
+    void CheckLayers(int number) {
+        const Construction& construction = project.constructions[number];
+        if (LayerCount(construction) == 0)
+            Add("no-layers", number, "no layers");
+        for (int slot = 1; slot <= construction.layers.HighestUsed(); ++slot)
+            if (!construction.layers[slot].name.empty())
+                CheckLayer(number, slot);
+    }
+
+    void CheckLayer(int number, int slot) {
+        const Layer& layer = project.constructions[number].layers[slot];
+        const bool user = layer.library == userLibraryNumber;
+        const int code = layer.materialCode;
+        if (code > 0 && !(user ? userCodes : standardCodes).contains(code))
+            Add("unlinked-material", number,
+                "material" + SignPositionNumber(code) + " is not in the "
+                    + (user ? "user" : "standard") + " library",
+                slot);
+        if (code < 0 && !IsNamedCavity(code))
+            Add("unknown-cavity", number, "no cavity type has the code " + FormatGeneral(code),
+                slot);
+    }
+
+    const Project& project;
+    std::vector<Finding>& findings;
+    const MaterialCodes standardCodes;
+    const MaterialCodes userCodes;
+};
+
+struct TablePlace {
+    int row = 0; ///< 0 in the table of an ordinary type
+    int value = 1;
+
+    std::string Text() const {
+        if (row > 0)
+            return "in row" + SignPositionNumber(row) + ", column" + SignPositionNumber(value);
+        return value == 1 ? "for diffuse light"
+                          : "at" + SignPositionNumber(IncidenceAngle(value)) + " degrees";
+    }
+};
+
+/// Calls check(place, a, b) with the values of both rows at each place until it returns false.
+template <class Row, class Check>
+bool CheckRows(int rowNumber, const Row& a, const Row& b, Check check) {
+    for (int value = Row::first; value <= Row::last; ++value)
+        if (!check(TablePlace{rowNumber, value}, a[value], b[value]))
+            return false;
+    return true;
+}
+
+template <class Check>
+bool CheckPlaces(const AngularValues& a, const AngularValues& b, Check check) {
+    return CheckRows(0, a, b, check);
+}
+
+template <class Check>
+bool CheckPlaces(const AngularTable& a, const AngularTable& b, Check check) {
+    for (int row = AngularTable::first; row <= AngularTable::last; ++row)
+        if (!CheckRows(row, a[row], b[row], check))
+            return false;
+    return true;
+}
+
+template <class Glass>
+class GlassChecks {
+public:
+    GlassChecks(const NumberedList<Glass>& source, const char* kindName,
+                std::vector<Finding>& target)
+        : types(source), kind(kindName), findings(target) {}
+
+    void Run() {
+        for (int number = 1; number <= types.Size(); ++number) {
+            const Glass& type = types[number];
+            if (type.name.empty())
+                continue;
+            if (!names.insert(type.name).second)
+                Add("duplicate-glass-name", number, "an earlier one has this name too");
+            CheckRange(number, "transmission", type.transmission);
+            CheckRange(number, "absorption", type.absorption);
+            if (type.hasDiffusion)
+                CheckRange(number, "diffusion", type.diffusion);
+            CheckBalance(number, type);
+        }
+    }
+
+private:
+    void Add(const char* rule, int number, const std::string& text) {
+        const std::string& name = types[number].name;
+        findings.push_back({rule, 0, 0, number, name,
+                            kind + SignPositionNumber(number) + Quoted(name) + ": " + text});
+    }
+
+    template <class Values>
+    void CheckRange(int number, const std::string& table, const Values& values) {
+        CheckPlaces(values, values, [&](const TablePlace& place, float value, float) {
+            if (value < 0 || value > 1)
+                Add("glass-value-range", number,
+                    table + " " + place.Text() + " is " + FormatGeneral(AsDecimal(value)));
+            return true;
+        });
+    }
+
+    void CheckBalance(int number, const Glass& type) {
+        CheckPlaces(type.transmission, type.absorption,
+                    [&](const TablePlace& place, float transmission, float absorption) {
+                        // Added as 32-bit floats, in which 0.6 and 0.4 make 1.
+                        const float sum = transmission + absorption;
+                        if (sum > 1)
+                            Add("glass-energy-balance", number,
+                                "transmission and absorption " + place.Text() + " add up to "
+                                    + FormatGeneral(AsDecimal(sum)));
+                        return sum <= 1;
+                    });
+    }
+
+    const NumberedList<Glass>& types;
+    const std::string kind;
+    std::vector<Finding>& findings;
+    std::unordered_set<std::string> names;
+};
+
+} // namespace
+
+std::vector<Finding> FindingsOf(const Project& project) {
+    std::vector<Finding> findings;
+    ConstructionChecks(project, findings).Run();
+    GlassChecks(project.glassTypes, "Glass type", findings).Run();
+    GlassChecks(project.glassTypes2D, "Two-dimensional glass type", findings).Run();
+    return findings;
+}
+
+} // namespace strativo
