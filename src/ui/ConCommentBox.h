@@ -1,0 +1,39 @@
+#pragma once
+
+#include "ui/Program.h"
+
+#include <QDialog>
+
+class QPlainTextEdit;
+class QPushButton;
+
+namespace strativo {
+
+/// Shows the comments that the construction file holds for the current construction. What is typed
+/// into it is kept nowhere.
+class ConCommentBox : public QDialog {
+    Q_OBJECT
+
+public:
+    explicit ConCommentBox(Program& program, QWidget* parent = nullptr);
+
+    QSize sizeHint() const override;
+
+private:
+    struct Ui {
+        QPlainTextEdit* Comment;
+        QPushButton* OKButton;
+        QPushButton* CancelButton;
+    };
+
+    void BuildControls();
+    void LayOut();
+    void ConnectSignals();
+    void Form_Load(const Project& project);
+    void OKButton_Click();
+    void CancelButton_Click();
+
+    Ui ui{};
+};
+
+} // namespace strativo

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QWidget>
+
+class QLabel;
+class QLineEdit;
+class QTextBrowser;
+class QToolButton;
+class QUrl;
+
+namespace strativo {
+
+/// The window that shows the help file: a page of HTML, Markdown or plain text. Links are followed
+/// within the file system only.
+class HelpViewer : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit HelpViewer(QWidget* parent = nullptr);
+
+    /// Opens the file and brings the window to the front; a file that cannot be shown gives a page
+    /// saying so.
+    void ShowContents(const QString& path);
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    struct Ui {
+        QToolButton* Back;
+        QToolButton* Forward;
+        QToolButton* Home;
+        QTextBrowser* Page;
+        QWidget* findBar;
+        QLineEdit* FindText;
+        QToolButton* FindNext;
+        QToolButton* FindPrevious;
+        QLabel* Notice;
+    };
+
+    void BuildControls();
+    void BuildFindBar();
+    void LayOut();
+    void ConnectSignals();
+    QToolButton* AddButton(const QString& objectName, const QString& text, const QString& shortcut,
+                           const QString& explanation);
+
+    void FollowLink(const QUrl& link);
+    void OpenFindBar();
+    void CloseFindBar();
+    void Find(bool backwards);
+
+    Ui ui{};
+};
+
+} // namespace strativo

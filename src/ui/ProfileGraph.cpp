@@ -1,0 +1,128 @@
+#include "ui/ProfileGraph.h"
+
+#include "ui/Twips.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+
+namespace strativo {
+
+namespace {
+
+// The curve's colours are fixed, so the paper below them is white in every colour scheme.
+const QColor paper(Qt::white);
+const QColor curveBlue(0, 0, 128);
+const QColor markerBlack(Qt::black);
+const QColor lightGrid(236, 238, 242);
+const QColor grid(212, 216, 224);
+const QColor diffuseTint(246, 247, 250);
+const QColor border(140, 146, 158);
+
+constexpr int gridRows = 10;
+
+} // namespace
+
+ProfileGraph::ProfileGraph(QWidget* parent) : QWidget(parent) {
+    setObjectName(QStringLiteral("Graph"));
+    setFocusPolicy(Qt::StrongFocus);
+    setCursor(Qt::CrossCursor);
+}
+
+GraphGeometry ProfileGraph::Geometry() const {
+    return {ToTwips(width(), *this), ToTwips(height(), *this)};
+}
+
+void ProfileGraph::Show(const AngularValues& newValues, int newSelectedColumn) {
+    values = newValues;
+    selectedColumn = newSelectedColumn;
+    parentWidget()->update();
+}
+
+QPointF ProfileGraph::PointOf(int column, double value) const {
+    const GraphGeometry graph = Geometry();
+    const double pixelsPerTwip = logicalDpiX() / twipsPerInch;
+    return {graph.ColumnX(column) * pixelsPerTwip, graph.ValueY(value) * pixelsPerTwip};
+}
+
+void ProfileGraph::Draw(QPainter& painter) const {
+    painter.save();
+    // A position names a pixel's corner; lines through pixel centres are sharp.
+    painter.translate(0.5, 0.5);
+    painter.setRenderHint(QPainter::Antialiasing);
+    DrawGrid(painter);
+    DrawCurve(painter);
+    DrawMarkers(painter);
+    painter.restore();
+}
+
+void ProfileGraph::DrawGrid(QPainter& painter) const {
+    const double right = width();
+    const double bottom = height();
+    const double step = PointOf(1, 0).x();
+    painter.fillRect(QRectF(step / 2, 0, step, bottom), diffuseTint);
+    for (int row = 1; row < gridRows; ++row) {
+        const double y = PointOf(1, static_cast<double>(row) / gridRows).y();
+        painter.setPen(row % 2 == 0 ? grid : lightGrid);
+        painter.drawLine(QPointF(0, y), QPointF(right, y));
+    }
+    painter.setPen(grid);
+    for (int column = 1; column <= profileColumns; ++column)
+        painter.drawLine(QPointF(PointOf(column, 0).x(), 0),
+                         QPointF(PointOf(column, 0).x(), bottom));
+    painter.setPen(
+        QPen(hasFocus() ? palette().color(QPalette::Highlight) : border, hasFocus() ? 2 : 1));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(QRectF(0, 0, right, bottom));
+}
+
+void ProfileGraph::DrawCurve(QPainter& painter) const {
+    // The diffuse value belongs to no angle, so it stays apart from the curve.
+    QPolygonF curve;
+    for (int column = 2; column <= profileColumns; ++column)
+        curve << PointOf(column, values[column]);
+    painter.setPen(QPen(curveBlue, 1.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.drawPolyline(curve);
+}
+
+void ProfileGraph::DrawMarkers(QPainter& painter) const {
+    const double radius = markerRadius * logicalDpiX() / twipsPerInch;
+    painter.setPen(QPen(markerBlack, 1));
+    for (int column = 1; column <= profileColumns; ++column) {
+        painter.setBrush(column == selectedColumn ? QBrush(markerBlack) : QBrush(Qt::NoBrush));
+        painter.drawEllipse(PointOf(column, values[column]), radius, radius);
+    }
+}
+
+void ProfileGraph::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.fillRect(rect(), paper);
+    Draw(painter);
+}
+
+void ProfileGraph::mousePressEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton)
+        return;
+    dragging = true;
+    emit Pressed(ToTwips(event->position().x(), *this), ToTwips(event->position().y(), *this));
+}
+
+void ProfileGraph::mouseMoveEvent(QMouseEvent* event) {
+    if (dragging && event->buttons().testFlag(Qt::LeftButton))
+        emit Dragged(ToTwips(event->position().y(), *this));
+}
+
+void ProfileGraph::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton)
+        EndDrag();
+}
+
+void ProfileGraph::focusInEvent(QFocusEvent*) {
+    parentWidget()->update();
+}
+
+void ProfileGraph::focusOutEvent(QFocusEvent*) {
+    EndDrag();
+    parentWidget()->update();
+}
+
+} // namespace strativo

@@ -1,0 +1,85 @@
+#include "ui/ProfileSheet.h"
+
+#include "ui/ProfileGraph.h"
+#include "ui/Twips.h"
+
+#include <QPainter>
+
+namespace strativo {
+
+namespace {
+
+const QColor paper(Qt::white);
+const QColor edge(176, 182, 192);
+const QColor figures(60, 64, 72);
+
+// The steps between columns and between tenths are whole pixels at the usual 96 dots per inch.
+constexpr double graphWidth = 8250; // twips
+constexpr double graphHeight = 4500;
+
+constexpr int gap = 6;
+constexpr int outerMargin = 10;
+
+} // namespace
+
+ProfileSheet::ProfileSheet(QWidget* parent) : QWidget(parent), graph(new ProfileGraph(this)) {
+    const int line = fontMetrics().height();
+    const int left = outerMargin + line + gap + fontMetrics().horizontalAdvance(tr("0.0")) + gap;
+    const int top = outerMargin + line / 2;
+    const int below = gap + line + gap + line + outerMargin;
+    graph->setFixedSize(FromTwips(graphWidth, *this), FromTwips(graphHeight, *this));
+    graph->move(left, top);
+    setFixedSize(left + graph->width() + outerMargin + line / 2, top + graph->height() + below);
+}
+
+void ProfileSheet::Show(const AngularValues& values, int selectedColumn,
+                        const QString& newValueName) {
+    valueName = newValueName;
+    graph->Show(values, selectedColumn);
+}
+
+void ProfileSheet::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.fillRect(rect(), paper);
+    painter.setPen(edge);
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    painter.translate(graph->pos());
+    graph->Draw(painter);
+    painter.setPen(figures);
+    DrawValueAxis(painter);
+    DrawAngleAxis(painter);
+}
+
+void ProfileSheet::DrawValueAxis(QPainter& painter) const {
+    const int line = fontMetrics().height();
+    const int width = fontMetrics().horizontalAdvance(tr("0.0"));
+    for (int fifth = 0; fifth <= 5; ++fifth) {
+        const double y = graph->PointOf(1, fifth / 5.0).y();
+        painter.drawText(QRectF(-gap - width, y - line / 2.0, width, line),
+                         Qt::AlignRight | Qt::AlignVCenter, QString::number(fifth / 5.0, 'f', 1));
+    }
+    painter.save();
+    painter.translate(-graph->x() + outerMargin, graph->height());
+    painter.rotate(-90);
+    painter.drawText(QRectF(0, 0, graph->height(), line), Qt::AlignCenter, valueName);
+    painter.restore();
+}
+
+void ProfileSheet::DrawAngleAxis(QPainter& painter) const {
+    const int line = fontMetrics().height();
+    const double step = graph->PointOf(1, 0).x();
+    const double top = graph->height() + gap;
+    for (int column = 1; column <= profileColumns; ++column) {
+        const QString figure =
+            column == 1 ? tr("Diffuse") : QString::number(IncidenceAngle(column));
+        // A little wider than its column: "Diffuse" has no neighbour on the left.
+        painter.drawText(QRectF(graph->PointOf(column, 0).x() - step, top, 2 * step, line),
+                         Qt::AlignHCenter | Qt::AlignTop, figure);
+    }
+    const double first = graph->PointOf(2, 0).x();
+    painter.drawText(
+        QRectF(first, top + line + gap, graph->PointOf(profileColumns, 0).x() - first, line),
+        Qt::AlignHCenter | Qt::AlignTop, tr("Angle of incidence (degrees)"));
+}
+
+} // namespace strativo

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "model/GlassType.h"
+
+#include <QWidget>
+
+namespace strativo {
+
+class ProfileGraph;
+
+/// The sheet of paper that the glass editor's graph lies on, with the figures and names of its
+/// axes.
+class ProfileSheet : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit ProfileSheet(QWidget* parent);
+
+    ProfileGraph* Graph() const { return graph; }
+    void Show(const AngularValues& values, int selectedColumn, const QString& newValueName);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void DrawValueAxis(QPainter& painter) const;
+    void DrawAngleAxis(QPainter& painter) const;
+
+    ProfileGraph* graph;
+    QString valueName;
+};
+
+} // namespace strativo

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "ui/Program.h"
+
+#include <QWidget>
+
+#include <string>
+#include <vector>
+
+class QLabel;
+class QListWidget;
+class QPushButton;
+
+namespace strativo {
+
+/// The glass types window: the names of the one-dimensional glass types.
+class WinForm : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit WinForm(Program& program, QWidget* parent = nullptr);
+    ~WinForm() override;
+
+    /// Lists the glass types anew; nothing is selected afterwards.
+    void RefreshGlassTypeList();
+
+    QSize sizeHint() const override;
+
+signals:
+    void CloseRequested();
+
+private:
+    struct Ui {
+        QLabel* WInlab;
+        QListWidget* WinList;
+        QPushButton* Addbut;
+        QPushButton* EditBut;
+        QPushButton* DelBut;
+        QPushButton* WFLoad;
+        QPushButton* Closebut;
+    };
+
+    void BuildControls();
+    void LayOut();
+    void Describe();
+    void SetTabOrder();
+    void ConnectSignals();
+    QPushButton* AddButton(const QString& objectName, const QString& caption);
+
+    void FocusMoved(QWidget* before, QWidget* now);
+    void Form_GotFocus();
+    void Form_LostFocus();
+    void WinList_Click();
+    void Addbut_Click();
+    void EditBut_Click();
+    void DelBut_Click();
+    void WFLoad_Click();
+
+    void EnableForSelection(bool selected);
+    void RefreshIfStale();
+    void OpenEditor();
+    std::string SelectedName() const;
+
+    Program& program;
+    Ui ui{};
+    std::vector<std::string> names; ///< of the list's lines
+};
+
+} // namespace strativo

@@ -1,0 +1,316 @@
+#include "ui/WINPRO.h"
+
+#include "edit/InfoTexts.h"
+#include "ui/EntryField.h"
+#include "ui/ProfileGraph.h"
+#include "ui/ProfileSheet.h"
+#include "ui/Text.h"
+
+#include <QButtonGroup>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+
+#include <optional>
+#include <utility>
+
+namespace strativo {
+
+namespace {
+
+std::optional<ProfileKey> ProfileKeyOf(int key) {
+    switch (key) {
+    case Qt::Key_PageUp:
+        return ProfileKey::pageUp;
+    case Qt::Key_PageDown:
+        return ProfileKey::pageDown;
+    case Qt::Key_Up:
+        return ProfileKey::up;
+    case Qt::Key_Down:
+        return ProfileKey::down;
+    case Qt::Key_Home:
+        return ProfileKey::home;
+    case Qt::Key_End:
+        return ProfileKey::end;
+    case Qt::Key_Left:
+        return ProfileKey::left;
+    case Qt::Key_Right:
+        return ProfileKey::right;
+    default:
+        return std::nullopt;
+    }
+}
+
+bool IsEnter(int key) {
+    return key == Qt::Key_Return || key == Qt::Key_Enter;
+}
+
+} // namespace
+
+Profile::Profile(Program& owner, QWidget* parent)
+    : QDialog(parent), program(owner), profile(OpenProfile(owner.project)) {
+    setObjectName(QStringLiteral("Profile"));
+    setWindowTitle(tr("Glass Properties"));
+    RecordSource(program.project, ProgramWindow::glassProperties);
+    BuildControls();
+    BuildPropertyChoice();
+    LayOut();
+    Describe();
+    PrepareKeys();
+    ConnectSignals();
+    Form_Load();
+}
+
+QPushButton* Profile::AddButton(const QString& objectName, const QString& caption) {
+    auto* button = new QPushButton(caption, this);
+    button->setObjectName(objectName);
+    // Enter in a field must not close the window.
+    button->setAutoDefault(false);
+    return button;
+}
+
+void Profile::BuildControls() {
+    ui.GlassText = new EntryField(EntryField::Kind::name, QStringLiteral("GlassText"), this);
+    ui.GlassName = new QLabel(tr("Glass type &name"), this);
+    ui.GlassName->setObjectName(QStringLiteral("GlassName"));
+    ui.GlassName->setBuddy(ui.GlassText);
+    ui.sheet = new ProfileSheet(this);
+    ui.Graph = ui.sheet->Graph();
+    ui.SelColumn = new QLabel(this);
+    ui.SelColumn->setObjectName(QStringLiteral("SelColumn"));
+    ui.EditLevel = new EntryField(EntryField::Kind::number, QStringLiteral("EditLevel"), this);
+    ui.EditLevel->setFixedWidth(fontMetrics().horizontalAdvance(tr("0.000")) * 2);
+    ui.OkBut = AddButton(QStringLiteral("OkBut"), tr("OK"));
+    ui.CancelBut = AddButton(QStringLiteral("CancelBut"), tr("Cancel"));
+}
+
+void Profile::BuildPropertyChoice() {
+    // The label's access key gives the focus to the choice without changing it.
+    ui.propertyChoice = new QWidget(this);
+    ui.propertyChoice->setFocusPolicy(Qt::ClickFocus);
+    ui.Label1 = new QLabel(tr("&Property"), this);
+    ui.Label1->setObjectName(QStringLiteral("Label1"));
+    ui.Label1->setBuddy(ui.propertyChoice);
+    ui.GlassProps = new QButtonGroup(this);
+    auto* row = new QHBoxLayout(ui.propertyChoice);
+    row->setContentsMargins(0, 0, 0, 0);
+    const QString captions[] = {tr("&Transmission"), tr("&Absorption")};
+    for (int index = 0; index < 2; ++index) {
+        auto* option = new QRadioButton(captions[index], ui.propertyChoice);
+        option->setObjectName(QStringLiteral("GlassProp_%1").arg(index));
+        ui.GlassProps->addButton(option, index);
+        ui.GlassProp[index] = option;
+        row->addWidget(option);
+    }
+}
+
+void Profile::LayOut() {
+    auto* rows = new QVBoxLayout(this);
+    rows->setSizeConstraint(QLayout::SetFixedSize);
+    rows->setSpacing(12);
+    rows->setContentsMargins(14, 14, 14, 14);
+    auto* nameRow = new QHBoxLayout;
+    nameRow->addWidget(ui.GlassName);
+    nameRow->addWidget(ui.GlassText);
+    auto* valueRow = new QHBoxLayout;
+    valueRow->addWidget(ui.Label1);
+    valueRow->addWidget(ui.propertyChoice);
+    valueRow->addStretch();
+    valueRow->addWidget(ui.SelColumn);
+    valueRow->addWidget(ui.EditLevel);
+    QSizePolicy keepsPlace = ui.EditLevel->sizePolicy();
+    keepsPlace.setRetainSizeWhenHidden(true);
+    ui.EditLevel->setSizePolicy(keepsPlace);
+    auto* buttonRow = new QHBoxLayout;
+    buttonRow->addStretch();
+    buttonRow->addWidget(ui.OkBut);
+    buttonRow->addWidget(ui.CancelBut);
+    rows->addLayout(nameRow);
+    rows->addWidget(ui.sheet);
+    rows->addLayout(valueRow);
+    rows->addLayout(buttonRow);
+}
+
+void Profile::Describe() {
+    ui.GlassText->setAccessibleName(tr("Glass type name"));
+    ui.GlassText->setToolTip(tr("Name of the glass type, unlike that of any other"));
+    ui.Graph->setAccessibleName(tr("Profile graph"));
+    ui.Graph->setToolTip(
+        tr("Drag a point, or choose one with Left, Right, Home and End and change it by 0.01 with "
+           "Up and Down, by 0.1 with Page Up and Page Down"));
+    ui.propertyChoice->setAccessibleName(tr("Property"));
+    ui.GlassProp[0]->setToolTip(tr("Shows the transmission, as a fraction from 0 to 1"));
+    ui.GlassProp[1]->setToolTip(tr("Shows the absorption, as a fraction from 0 to 1"));
+    ui.EditLevel->setToolTip(
+        tr("Value of the selected point, a fraction from 0 to 1; Enter goes on to the next point"));
+    ui.OkBut->setToolTip(tr("Stores name and values in the glass type"));
+    ui.CancelBut->setToolTip(tr("Leaves the glass type as it was"));
+}
+
+std::array<QWidget*, 7> Profile::ControlsInTabOrder() const {
+    return {ui.GlassText, ui.Graph, ui.GlassProp[0], ui.GlassProp[1],
+            ui.EditLevel, ui.OkBut, ui.CancelBut};
+}
+
+void Profile::PrepareKeys() {
+    QWidget* before = ui.GlassText;
+    for (QWidget* control : ControlsInTabOrder()) {
+        if (control != before)
+            setTabOrder(before, control);
+        before = control;
+        control->installEventFilter(this);
+    }
+}
+
+void Profile::ConnectSignals() {
+    connect(ui.GlassProps, &QButtonGroup::idToggled, this, [this](int index, bool checked) {
+        if (checked)
+            GlassProp_Click(index);
+    });
+    connect(ui.Graph, &ProfileGraph::Pressed, this, &Profile::Graph_MouseDown);
+    connect(ui.Graph, &ProfileGraph::Dragged, this, &Profile::Graph_MouseMove);
+    connect(ui.EditLevel, &QLineEdit::textEdited, this, [this] { levelEdited = true; });
+    connect(ui.EditLevel, &EntryField::Entered, this, [this] { enterPressed = true; });
+    connect(ui.EditLevel, &EntryField::Left, this, &Profile::EditLevel_LostFocus);
+    connect(ui.GlassText, &EntryField::Entered, ui.Graph,
+            [this] { ui.Graph->setFocus(Qt::OtherFocusReason); });
+    connect(ui.EditLevel, &EntryField::Escaped, this, &Profile::reject);
+    connect(ui.GlassText, &EntryField::Escaped, this, &Profile::reject);
+    connect(ui.OkBut, &QPushButton::clicked, this, &Profile::OkBut_Click);
+    connect(ui.CancelBut, &QPushButton::clicked, this, &Profile::CancelBut_Click);
+    for (QWidget* control :
+         {static_cast<QWidget*>(ui.GlassText), static_cast<QWidget*>(ui.Graph),
+          static_cast<QWidget*>(ui.GlassProp[0]), static_cast<QWidget*>(ui.GlassProp[1]),
+          static_cast<QWidget*>(ui.EditLevel), static_cast<QWidget*>(ui.OkBut),
+          static_cast<QWidget*>(ui.CancelBut)})
+        control->installEventFilter(this);
+}
+
+void Profile::Form_Load() {
+    ui.GlassText->setText(ToText(profile.name));
+    ui.GlassProp[0]->setChecked(true);
+    ShowProfile();
+    if (profile.name.empty())
+        ui.GlassText->setFocus();
+    else
+        ui.Graph->setFocus();
+}
+
+bool Profile::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::KeyPress)
+        return Form_KeyDown(watched, *static_cast<QKeyEvent*>(event));
+    if (watched == ui.EditLevel && event->type() == QEvent::KeyRelease)
+        EditLevel_KeyUp(*static_cast<QKeyEvent*>(event));
+    else if (watched == ui.EditLevel && event->type() == QEvent::FocusOut)
+        enterPressed = false;
+    return QDialog::eventFilter(watched, event);
+}
+
+bool Profile::Form_KeyDown(QObject* control, const QKeyEvent& event) {
+    const bool plain = (event.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    auto* button = qobject_cast<QPushButton*>(control);
+    if (plain && IsEnter(event.key()) && button != nullptr && !event.isAutoRepeat()) {
+        button->click();
+        return true;
+    }
+    const std::optional<ProfileKey> key = ProfileKeyOf(event.key());
+    if (!key || !plain)
+        return false;
+    ui.Graph->EndDrag();
+    TakeTypedValue();
+    program.perform([&] { PressProfileKey(program.project, profile, *key); });
+    ShowProfile();
+    return control != ui.GlassText; // there the caret moves as well
+}
+
+void Profile::GlassProp_Click(int index) {
+    profile.shown = index == 0 ? GlassProperty::transmission : GlassProperty::absorption;
+    ui.propertyChoice->setFocusProxy(ui.GlassProp[index]);
+    ShowProfile();
+}
+
+void Profile::Graph_MouseDown(double x, double y) {
+    program.perform([&] { PressGraph(program.project, profile, ui.Graph->Geometry(), x, y); });
+    ShowProfile();
+}
+
+void Profile::Graph_MouseMove(double y) {
+    program.perform([&] { DragGraph(program.project, profile, ui.Graph->Geometry(), y); });
+    ShowProfile();
+}
+
+void Profile::EditLevel_KeyUp(const QKeyEvent& event) {
+    // A release counts only when the field saw the press: it may belong to a closing box.
+    const bool enter =
+        IsEnter(event.key()) && !event.isAutoRepeat() && std::exchange(enterPressed, false);
+    TakeTypedValue();
+    ShowGraph();
+    if (!enter)
+        return;
+    SelectNextColumn(program.project);
+    ShowProfile();
+}
+
+void Profile::EditLevel_LostFocus() {
+    TakeTypedValue();
+    ShowProfile();
+}
+
+void Profile::TakeTypedValue() {
+    // A value is shown rounded: text that nobody edited must not be stored again.
+    if (levelEdited)
+        program.perform(
+            [this] { TypeValue(program.project, profile, ToBytes(ui.EditLevel->text())); });
+}
+
+void Profile::ShowGraph() {
+    const QString valueName =
+        profile.shown == GlassProperty::transmission ? tr("Transmission") : tr("Absorption");
+    ui.sheet->Show(profile.Shown(), program.project.selectedProfileColumn, valueName);
+}
+
+void Profile::ShowProfile() {
+    ShowGraph();
+    const bool selected = program.project.selectedProfileColumn != 0;
+    const QString column = ToText(ColumnText(program.project, profile));
+    ui.SelColumn->setText(column);
+    ui.EditLevel->setAccessibleName(column);
+    if (!selected && ui.EditLevel->hasFocus())
+        ui.Graph->setFocus();
+    ui.EditLevel->setVisible(selected);
+    ui.EditLevel->setText(ToText(LevelText(program.project, profile)));
+    levelEdited = false;
+    if (ui.EditLevel->hasFocus())
+        ui.EditLevel->selectAll();
+}
+
+void Profile::OkBut_Click() {
+    TakeTypedValue();
+    bool accepted = false;
+    program.perform([&] {
+        accepted =
+            AcceptProfile(program.project, profile, ToBytes(ui.GlassText->text()), program.desktop);
+    });
+    if (accepted) {
+        accept();
+        return;
+    }
+    ui.GlassText->setFocus();
+    ui.GlassText->selectAll();
+}
+
+void Profile::CancelBut_Click() {
+    // Whatever was unsaved before counts as saved from here on: users know the button so.
+    program.perform([this] { program.project.changed = false; });
+    reject();
+}
+
+void Profile::done(int result) {
+    // The field loses the focus to nobody now, and what it holds is not to be taken any more.
+    levelEdited = false;
+    QDialog::done(result);
+}
+
+} // namespace strativo

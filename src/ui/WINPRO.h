@@ -1,0 +1,81 @@
+#pragma once
+
+#include "edit/GlassProfile.h"
+#include "ui/Program.h"
+
+#include <QDialog>
+
+#include <array>
+
+class QButtonGroup;
+class QKeyEvent;
+class QLabel;
+class QPushButton;
+class QRadioButton;
+
+namespace strativo {
+
+class EntryField;
+class ProfileGraph;
+class ProfileSheet;
+
+/// The glass properties editor. It works on a copy of the project's current glass type and writes
+/// it back on OK.
+class Profile : public QDialog {
+    Q_OBJECT
+
+public:
+    explicit Profile(Program& program, QWidget* parent = nullptr);
+
+    void done(int result) override;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    struct Ui {
+        QLabel* GlassName;
+        EntryField* GlassText;
+        ProfileSheet* sheet;
+        ProfileGraph* Graph;
+        QLabel* Label1;
+        QWidget* propertyChoice;
+        QButtonGroup* GlassProps;
+        QRadioButton* GlassProp[2];
+        QLabel* SelColumn;
+        EntryField* EditLevel;
+        QPushButton* OkBut;
+        QPushButton* CancelBut;
+    };
+
+    void BuildControls();
+    void BuildPropertyChoice();
+    void LayOut();
+    void Describe();
+    void PrepareKeys();
+    std::array<QWidget*, 7> ControlsInTabOrder() const;
+    void ConnectSignals();
+    void Form_Load();
+
+    bool Form_KeyDown(QObject* control, const QKeyEvent& event);
+    void GlassProp_Click(int index);
+    void Graph_MouseDown(double x, double y);
+    void Graph_MouseMove(double y);
+    void EditLevel_KeyUp(const QKeyEvent& event);
+    void EditLevel_LostFocus();
+    void OkBut_Click();
+    void CancelBut_Click();
+
+    void TakeTypedValue();
+    void ShowGraph();
+    void ShowProfile();
+    QPushButton* AddButton(const QString& objectName, const QString& caption);
+
+    Program& program;
+    GlassProfile profile;
+    Ui ui{};
+    bool levelEdited = false;  ///< by the user, since the program last filled the field
+    bool enterPressed = false; ///< the value field saw Enter go down
+};
+
+} // namespace strativo
