@@ -1,0 +1,115 @@
+#include "calc/LayerList.h"
+#include "edit/EditTest.h"
+
+namespace strativo {
+namespace {
+
+using AbsorptionEntry = EditTest;
+
+TEST_F(AbsorptionEntry, TakesAnyNumberWithoutMarkingAChange) {
+    Add("AB");
+    const std::pair<const char*, float> entries[] = {
+        {"0.35", 0.35F}, {"7", 7}, {"-2", -2}, {"none", 0}};
+    for (const auto& [text, value] : entries) {
+        EXPECT_EQ(EnterAbsorption(project, 1, text, desktop), EntryResult::accepted);
+        EXPECT_EQ(Current().layers[1].absorption, value);
+    }
+    EXPECT_FALSE(project.changed);
+    EXPECT_EQ(CurrentLayer(), 1);
+    EXPECT_TRUE(desktop.calls.empty());
+}
+
+TEST_F(AbsorptionEntry, BeyondA32BitFloatIsRefused) {
+    Add("A");
+    Current().layers.Edit(1).absorption = 0.5F;
+    EXPECT_EQ(EnterAbsorption(project, 1, "1e39", desktop), EntryResult::refused);
+    EXPECT_EQ(Current().layers[1].absorption, 0.5F);
+    EXPECT_EQ(desktop.Texts(), std::vector<std::string>{"Run-time error 6"});
+}
+
+TEST_F(AbsorptionEntry, DoesNothingWithoutLayers) {
+    EXPECT_EQ(EnterAbsorption(project, 1, "1", desktop), EntryResult::nothing);
+    Add("");
+    EXPECT_EQ(EnterAbsorption(project, 1, "1", desktop), EntryResult::nothing);
+}
+
+using NameEntry = EditTest;
+
+TEST_F(NameEntry, IsStoredAsItStandsWithoutMarkingAChange) {
+    Add("A");
+    EnterName(project, 1, "Wall * '3' !EOF \xE9");
+    EXPECT_EQ(Current().name, "Wall * '3' !EOF \xE9");
+    EXPECT_FALSE(project.changed);
+}
+
+TEST_F(NameEntry, HasABlankForEachControlCharacter) {
+    Add("A");
+    EnterName(project, 1, "one\r\ntwo\tthree\x7F");
+    EXPECT_EQ(Current().name, "one  two three ");
+}
+
+TEST(CleanEntry, KeepsEveryOtherByte) {
+    std::string all;
+    for (int code = 32; code < 256; ++code)
+        if (code != 127)
+            all += static_cast<char>(code);
+    EXPECT_EQ(CleanEntry(all), all);
+    EXPECT_EQ(CleanEntry(std::string_view("\0\x1F", 2)), "  ");
+}
+
+using TypeChange = EditTest;
+
+TEST_F(TypeChange, IsStoredWithoutMarkingAChange) {
+    Add("A");
+    const std::string before = ViewLayerList(Current()).result;
+    ChangeType(project, 1, 1);
+    EXPECT_EQ(Current().type, transparentType);
+    EXPECT_EQ(ViewLayerList(Current()).result, before);
+    ChangeType(project, 1, 0);
+    EXPECT_EQ(Current().type, opaqueType);
+    EXPECT_FALSE(project.changed);
+}
+
+using LineSelection = EditTest;
+
+TEST_F(LineSelection, MakesTheLineCurrentAndTakesOverTheMarks) {
+    Add("ABC");
+    Current().layers.Edit(2).thickness = 12;
+    SelectLine(project, 1, 1, {true, true, false});
+    EXPECT_EQ(CurrentLayer(), 2);
+    EXPECT_EQ(Marks(), (Layers{1, 2}));
+    const LayerListView view = ViewLayerList(Current());
+    EXPECT_EQ(view.editThick, "12");
+    EXPECT_EQ(view.conName, "B");
+    EXPECT_FALSE(project.changed);
+}
+
+TEST_F(LineSelection, ClearsTheFieldOnALayerWithoutThickness) {
+    Add("AB");
+    Current().layers.Edit(2).thickness = 0;
+    Click(1);
+    EXPECT_EQ(ViewLayerList(Current()).editThick, "100");
+    Click(2);
+    EXPECT_EQ(ViewLayerList(Current()).editThick, "");
+}
+
+TEST_F(LineSelection, StaysWithinTheLines) {
+    Add("AB");
+    SelectLine(project, 1, 7, {});
+    EXPECT_EQ(CurrentLayer(), 2);
+    EXPECT_EQ(Marks(), Layers{});
+    SelectLine(project, 1, -1, {true});
+    EXPECT_EQ(CurrentLayer(), 0);
+    EXPECT_EQ(Marks(), Layers{1});
+}
+
+TEST_F(LineSelection, ClosesUpEmptySlotsSoThatLinesAndLayersAgree) {
+    Add("ABC");
+    Current().layers.Edit(2) = Layer();
+    SelectLine(project, 1, 1, {false, true});
+    EXPECT_EQ(Current().layers[2].name, "C");
+    EXPECT_EQ(Marks(), Layers{2});
+}
+
+} // namespace
+} // namespace strativo
