@@ -19,7 +19,8 @@ using testing::HasSubstr;
 /// What the user is told, "" where the file was written.
 std::string Failure(const std::string& path, std::string_view bytes) {
     try {
-        ReplaceFile(path, bytes);
+        FileStamp stamp;
+        ReplaceFile(path, bytes, stamp);
         return "";
     } catch (const WriteError& error) {
         return error.what();

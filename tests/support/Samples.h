@@ -25,6 +25,11 @@ inline std::string Lines(const std::vector<std::string>& lines) {
     return bytes;
 }
 
+/// The values of a glass table, for matchers.
+inline std::vector<float> Values(const AngularValues& table) {
+    return {table.begin(), table.end()};
+}
+
 /// The bytes of a file of the source tree.
 inline std::string SourceFile(const std::string& path) {
     std::ifstream file(std::string(STRATIVO_SOURCE) + "/" + path, std::ios::binary);

@@ -1,0 +1,93 @@
+#include "files/ReadBack.h"
+
+#include "edit/GlassTypes.h"
+#include "files/SaveChecks.h"
+#include "support/TestProject.h"
+
+#include <gmock/gmock.h>
+
+namespace strativo {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+struct NameCase {
+    const char* label;
+    const char* name;
+    bool construction; ///< comes back as the name of a construction
+    bool glass;        ///< comes back as the name of an ordinary glass type
+};
+
+class NamesInFiles : public testing::TestWithParam<NameCase> {};
+
+TEST_P(NamesInFiles, AreListedWhenTheyWouldNotComeBack) {
+    ScriptedDesktop desktop;
+    Project constructions = StartedProject(desktop);
+    constructions.constructions[AddConstruction(constructions, desktop, {"A"})].name =
+        GetParam().name;
+    EXPECT_EQ(UnreadableNames(constructions).empty(), GetParam().construction);
+    Project glass = StartedProject(desktop);
+    AddGlassType(glass, GetParam().name);
+    EXPECT_EQ(UnreadableNames(glass).empty(), GetParam().glass);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, NamesInFiles,
+                         testing::Values(NameCase{"Plain", "Wall, north (2)", true, true},
+                                         NameCase{"Apostrophe", "Wall 'A'", false, false},
+                                         NameCase{"Asterisk", "Wall *", false, false},
+                                         NameCase{"EndOfFile", "to !EOF", false, false},
+                                         NameCase{"Slash", "Wall/Roof", true, false},
+                                         NameCase{"Brace", "Wall }", true, false},
+                                         NameCase{"TwoD", "Plan 2D", true, false},
+                                         NameCase{"LibraryKeyword", "!MATERIALS FILE", false,
+                                                  false},
+                                         NameCase{"Exclamation", "Wow! Nice", true, true},
+                                         NameCase{"HighBytes",
+                                                  "Fa\xE7"
+                                                  "ade \xFC",
+                                                  true, true}),
+                         [](const auto& row) { return row.param.label; });
+
+TEST(UnreadableNames, ListsLibraryPathsThatWouldBeCut) {
+    ScriptedDesktop desktop;
+    Project project = StartedProject(desktop);
+    project.standardLibraryFile = "/home/o'neill/stdmat.lby";
+    project.userLibraryFile = "/tmp/a*b.lby";
+    EXPECT_THAT(UnreadableNames(project), ElementsAre("/home/o'neill/stdmat.lby"));
+    project.userLoaded = true;
+    EXPECT_THAT(UnreadableNames(project), ElementsAre("/home/o'neill/stdmat.lby", "/tmp/a*b.lby"));
+}
+
+TEST(UnreadableNames, TakesTwoDimensionalTypesForWhatTheyAre) {
+    ScriptedDesktop desktop;
+    Project project = StartedProject(desktop);
+    AddGlassType2D(project, "Blind 2D");
+    EXPECT_THAT(UnreadableNames(project), IsEmpty());
+}
+
+TEST(UnreadableNames, LeavesOutRemovedConstructions) {
+    ScriptedDesktop desktop;
+    Project project = StartedProject(desktop);
+    const int number = AddConstruction(project, desktop, {"A"});
+    project.constructions[number].name = "it's";
+    project.constructions[number].window.open = false;
+    EXPECT_THAT(UnreadableNames(project), IsEmpty());
+}
+
+TEST(SaveCheck, AsksAboutNamesLastAndInTheSameForm) {
+    ScriptedDesktop desktop;
+    Project project = StartedProject(desktop);
+    const int number = AddConstruction(project, desktop, {"A"});
+    project.constructions[number].name = "it's";
+    desktop.Answers(Answer::no);
+    EXPECT_FALSE(CheckBeforeSave(project, desktop));
+    ASSERT_EQ(desktop.messages.size(), 1U);
+    EXPECT_EQ(desktop.messages[0].text,
+              "The following name(s) cannot be read back from a construction file\r\rit's\r\r"
+              "Do you wish to save anyway?\r");
+    EXPECT_EQ(desktop.messages[0].title, "Name error");
+}
+
+} // namespace
+} // namespace strativo

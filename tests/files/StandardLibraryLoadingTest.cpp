@@ -1,0 +1,174 @@
+#include "files/LibraryLoading.h"
+#include "support/Samples.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+namespace strativo {
+namespace {
+
+using testing::ElementsAre;
+
+/// A project whose standard library holds the three sample materials, in a folder of its own.
+class StandardLibraryLoading : public testing::Test {
+protected:
+    StandardLibraryLoading() : project(StartedProject(desktop)) {
+        folder.Write("stdmat.lby", standardLibraryBytes);
+        project.standardLibraryFile = "stdmat.lby";
+        LoadStandardLibrary(project, desktop);
+        desktop.calls.clear();
+    }
+
+    bool Load(const std::string& name) {
+        project.standardLibraryFile = name;
+        return LoadStandardLibrary(project, desktop);
+    }
+
+    void ExpectLibraryKept() {
+        EXPECT_EQ(MaterialCount(project.standardLibrary), 9);
+        EXPECT_EQ(project.standardLibrary[1].name, "FACE BRICK");
+    }
+
+    TemporaryFolder folder;
+    ScriptedDesktop desktop;
+    Project project;
+};
+
+TEST_F(StandardLibraryLoading, LoadsTheFileNamed) {
+    folder.Write("other.lby", "5'X' 1 2 3");
+    project.standardLoaded = false;
+    EXPECT_TRUE(Load("other.lby"));
+    EXPECT_TRUE(project.standardLoaded);
+    EXPECT_EQ(project.standardLibraryFile, "other.lby");
+    EXPECT_EQ(MaterialCount(project.standardLibrary), 7);
+    EXPECT_EQ(project.standardLibrary[1].name, "X");
+    EXPECT_TRUE(desktop.calls.empty());
+}
+
+TEST_F(StandardLibraryLoading, TakesTheRememberedDefaultForASingleBlank) {
+    folder.Write("default.lby", "5'X' 1 2 3");
+    project.rememberedLibrary = "default.lby";
+    EXPECT_TRUE(Load(singleBlank));
+    EXPECT_EQ(project.standardLibraryFile, "default.lby");
+}
+
+TEST_F(StandardLibraryLoading, AsksWhereThereIsNoName) {
+    folder.Write("chosen.lby", "5'X' 1 2 3");
+    desktop.OpensFile("chosen.lby");
+    EXPECT_TRUE(Load(""));
+    EXPECT_EQ(project.standardLibraryFile, "chosen.lby");
+    const FilePrompt prompt = {"Open standard material file", "Material Files (*.lby)|*.lby", "",
+                               "LBY"};
+    EXPECT_THAT(desktop.prompts, ElementsAre(prompt));
+}
+
+TEST_F(StandardLibraryLoading, KeepsTheLibraryWhenTheFirstPromptIsCancelled) {
+    desktop.OpensFile("");
+    EXPECT_FALSE(Load(""));
+    EXPECT_EQ(project.standardLibraryFile, "");
+    EXPECT_TRUE(desktop.messages.empty());
+    ExpectLibraryKept();
+}
+
+TEST_F(StandardLibraryLoading, IsFoundBesideTheConstructionFile) {
+    folder.Write("house/lib.lby", "5'X' 1 2 3");
+    project.constructionFile = "house/house.con";
+    EXPECT_TRUE(Load("LIB.LBY"));
+    EXPECT_EQ(project.standardLibraryFile, "LIB.LBY") << "the name stays as it was written";
+}
+
+struct Failing {
+    const char* file;
+    const char* message;
+};
+
+void PrintTo(const Failing& failing, std::ostream* out) {
+    *out << failing.file;
+}
+
+class StandardLibraryFailure : public StandardLibraryLoading,
+                               public testing::WithParamInterface<Failing> {
+protected:
+    StandardLibraryFailure() {
+        folder.Write("half.lby", "1'HALF' 1 2 3\n5'X' 1 2\n");
+        folder.Write("other.lby", "5'X' 1 2 3");
+    }
+};
+
+TEST_P(StandardLibraryFailure, IsReportedAndAnotherFileLoadedFromTheFirstSlot) {
+    desktop.OpensFile("other.lby");
+    EXPECT_TRUE(Load(GetParam().file));
+    EXPECT_THAT(desktop.messages, ElementsAre(Message{GetParam().message, ""}));
+    const FilePrompt prompt = {"Open standard material file", "Material Files (*.lby)|*.lby",
+                               "stdmat.lby", "LBY"};
+    EXPECT_THAT(desktop.prompts, ElementsAre(prompt));
+    EXPECT_EQ(project.standardLibraryFile, "other.lby");
+    EXPECT_EQ(project.standardLibrary[1].name, "X");
+    EXPECT_EQ(MaterialCount(project.standardLibrary), 7);
+}
+
+TEST_P(StandardLibraryFailure, EndsTheProgramAtOnceWhenThePromptAfterItIsCancelled) {
+    desktop.OpensFile("");
+    project.changed = true;
+    EXPECT_THROW(Load(GetParam().file), ProgramEnd);
+    EXPECT_TRUE(desktop.ended);
+    EXPECT_THAT(desktop.Texts(), ElementsAre(GetParam().message, "Cancel pressed aborting load"));
+    EXPECT_EQ(desktop.messages.back().buttons, Buttons::ok);
+    EXPECT_EQ(project.standardLibraryFile, "");
+}
+
+TEST_P(StandardLibraryFailure, IsReportedAgainForTheFileChosen) {
+    desktop.OpensFile("missing too.lby").OpensFile("other.lby");
+    EXPECT_TRUE(Load(GetParam().file));
+    EXPECT_THAT(desktop.Texts(),
+                ElementsAre(GetParam().message, "Standard material file is missing."));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Named, StandardLibraryFailure,
+    testing::Values(Failing{"half.lby", "Standard material file is incorrect version"},
+                    Failing{"missing.lby", "Standard material file is missing."},
+                    Failing{"no folder/a.lby", "Standard material file. That path doesn't exist."},
+                    Failing{"C:\\lib\\a.lby", "Standard material file. That path doesn't exist."}));
+
+TEST_F(StandardLibraryLoading, StopsAfterTheMessageOfAFailureThatNoOtherFileHelps) {
+    std::string tooMany;
+    for (int number = 1; number <= 94; ++number)
+        tooMany += "1'A' 1 2 3\n";
+    folder.Write("too many.lby", tooMany);
+    folder.Write("overflow.lby", "1e999'A' 1 2 3\n");
+    folder.Write("folder/x", "");
+    EXPECT_FALSE(Load("too many.lby"));
+    EXPECT_FALSE(Load("overflow.lby"));
+    EXPECT_FALSE(Load("folder"));
+    EXPECT_FALSE(Load("/proc/self/mem"));
+    EXPECT_THAT(desktop.Texts(), ElementsAre("Standard material file error 9 occurred.",
+                                             "Standard material file error 6 occurred.",
+                                             "Standard material file error 75 occurred.",
+                                             "Standard material file error 57 occurred."));
+    EXPECT_TRUE(desktop.prompts.empty());
+    ExpectLibraryKept();
+}
+
+TEST_F(StandardLibraryLoading, CountsAWrongVersionAsLoaded) {
+    folder.Write("wrong.lby", "no library");
+    project.standardLoaded = false;
+    EXPECT_TRUE(Load("wrong.lby"));
+    EXPECT_THAT(desktop.messages,
+                ElementsAre(Message{"Standard material file is incorrect version", ""}));
+    EXPECT_TRUE(project.standardLoaded);
+    EXPECT_EQ(project.standardLibraryFile, "wrong.lby");
+    EXPECT_EQ(MaterialCount(project.standardLibrary), 6) << "the cavities only";
+}
+
+TEST_F(StandardLibraryLoading, ShowsNothingAfterAFileThatGoesWrongLater) {
+    folder.Write("wrong.lby", "1'A' 1 2 3\n2'B' 4 5 6\nno record\n");
+    EXPECT_TRUE(Load("wrong.lby"));
+    EXPECT_EQ(MaterialCount(project.standardLibrary), 0);
+    EXPECT_EQ(project.standardLibrary[2].name, "B");
+    EXPECT_EQ(project.standardLibrary[3].name, "CAVITY Type 3 width = resistance");
+}
+
+} // namespace
+} // namespace strativo

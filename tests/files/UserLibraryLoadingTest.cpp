@@ -1,0 +1,155 @@
+#include "files/LibraryLoading.h"
+#include "support/Samples.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace strativo {
+namespace {
+
+using testing::ElementsAre;
+
+class UserLibraryLoading : public testing::Test {
+protected:
+    UserLibraryLoading() : project(StartedProject(desktop)) {
+        folder.Write("user.lby", userLibraryBytes);
+        desktop.calls.clear();
+    }
+
+    UserLoad Load(const std::string& name) {
+        project.userLibraryFile = name;
+        return LoadUserLibrary(project, desktop);
+    }
+
+    static FilePrompt Prompt(const std::string& initialName) {
+        return {"Open user material file", "Material Files (*.lby)|*.lby", initialName, "LBY"};
+    }
+
+    TemporaryFolder folder;
+    ScriptedDesktop desktop;
+    Project project;
+};
+
+TEST_F(UserLibraryLoading, LoadsAndShowsTheFileNamed) {
+    EXPECT_EQ(Load("user.lby"), UserLoad::loaded);
+    EXPECT_TRUE(project.userLoaded);
+    EXPECT_EQ(project.shownLibrary, 2);
+    EXPECT_EQ(MaterialCount(project.userLibrary), 2);
+    EXPECT_EQ(project.userLibrary[1].name, "HEMP");
+    EXPECT_THAT(desktop.calls, ElementsAre("EnableOption 1 1"));
+}
+
+TEST_F(UserLibraryLoading, AsksWhereThereIsNoName) {
+    desktop.OpensFile("user.lby");
+    EXPECT_EQ(Load(""), UserLoad::loaded);
+    EXPECT_EQ(project.userLibraryFile, "user.lby");
+    EXPECT_THAT(desktop.prompts, ElementsAre(Prompt("")));
+}
+
+TEST_F(UserLibraryLoading, ChangesNothingWhenTheFirstPromptIsCancelled) {
+    Load("user.lby");
+    desktop.OpensFile("");
+    EXPECT_EQ(Load(""), UserLoad::cancelled);
+    EXPECT_EQ(project.userLibraryFile, "");
+    EXPECT_TRUE(project.userLoaded);
+    EXPECT_EQ(MaterialCount(project.userLibrary), 2);
+    EXPECT_TRUE(desktop.messages.empty());
+}
+
+TEST_F(UserLibraryLoading, TakesASingleBlankForACancel) {
+    EXPECT_EQ(Load(singleBlank), UserLoad::cancelled);
+    EXPECT_EQ(project.userLibraryFile, "");
+}
+
+struct Failing {
+    const char* file;
+    const char* message;
+};
+
+void PrintTo(const Failing& failing, std::ostream* out) {
+    *out << failing.file;
+}
+
+class UserLibraryFailure : public UserLibraryLoading, public testing::WithParamInterface<Failing> {
+protected:
+    UserLibraryFailure() { folder.Write("half.lby", "1* HALF,1 2 3\n5* AB,1\n"); }
+};
+
+TEST_P(UserLibraryFailure, IsReportedAndAnotherFileLoadedFromTheFirstSlot) {
+    desktop.OpensFile("user.lby");
+    EXPECT_EQ(Load(GetParam().file), UserLoad::loaded);
+    EXPECT_THAT(desktop.messages, ElementsAre(Message{GetParam().message, ""}));
+    EXPECT_THAT(desktop.prompts, ElementsAre(Prompt(GetParam().file)));
+    EXPECT_EQ(project.userLibraryFile, "user.lby");
+    EXPECT_EQ(MaterialCount(project.userLibrary), 2);
+}
+
+TEST_P(UserLibraryFailure, ComesBackOnceAfterACancel) {
+    desktop.OpensFile("").OpensFile("user.lby");
+    EXPECT_EQ(Load(GetParam().file), UserLoad::loaded);
+    EXPECT_THAT(desktop.Texts(), ElementsAre(GetParam().message, "User material file is missing."));
+    EXPECT_THAT(desktop.prompts, ElementsAre(Prompt(GetParam().file), Prompt(" ")));
+}
+
+TEST_P(UserLibraryFailure, IsGivenUpByASecondCancel) {
+    desktop.OpensFile("").OpensFile("");
+    EXPECT_EQ(Load(GetParam().file), UserLoad::givenUp);
+    EXPECT_THAT(desktop.Texts(), ElementsAre(GetParam().message, "User material file is missing."));
+    EXPECT_EQ(project.userLibraryFile, "");
+    EXPECT_FALSE(project.userLoaded);
+    EXPECT_FALSE(desktop.ended);
+}
+
+TEST_P(UserLibraryFailure, ForgetsACancelOnceAnotherFileWasChosen) {
+    desktop.OpensFile("").OpensFile("missing too.lby").OpensFile("").OpensFile("user.lby");
+    EXPECT_EQ(Load(GetParam().file), UserLoad::loaded);
+    EXPECT_EQ(desktop.messages.size(), 4U);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Named, UserLibraryFailure,
+    testing::Values(Failing{"half.lby", "User material file is incorrect version"},
+                    Failing{"missing.lby", "User material file is missing."},
+                    Failing{"no folder/a.lby", "User Material file. That path doesn't exist."},
+                    Failing{"d:a.lby", "User Material file. That path doesn't exist."}));
+
+TEST_F(UserLibraryLoading, StopsAfterTheMessageOfAFailureThatNoOtherFileHelps) {
+    Load("user.lby");
+    std::string tooMany;
+    for (int number = 1; number <= 100; ++number)
+        tooMany += "1* AB,1 2 3\n";
+    folder.Write("too many.lby", tooMany);
+    folder.Write("folder/x", "");
+    EXPECT_EQ(Load("too many.lby"), UserLoad::failed);
+    EXPECT_EQ(Load("folder"), UserLoad::failed);
+    EXPECT_THAT(desktop.Texts(), ElementsAre("User Material file error 9 occurred.",
+                                             "User Material file error 75 occurred."));
+    EXPECT_TRUE(desktop.prompts.empty());
+    EXPECT_EQ(MaterialCount(project.userLibrary), 2);
+    EXPECT_EQ(project.userLibraryFile, "folder");
+}
+
+TEST_F(UserLibraryLoading, TakesAWrongVersionOutOfTheMaterialList) {
+    Load("user.lby");
+    folder.Write("wrong.lby", "1* AB,1 2 3\nno library\n");
+    desktop.calls.clear();
+    EXPECT_EQ(Load("wrong.lby"), UserLoad::wrongVersion);
+    EXPECT_THAT(desktop.messages,
+                ElementsAre(Message{"User material file is incorrect version", ""}));
+    EXPECT_FALSE(project.userLoaded);
+    EXPECT_EQ(project.userLibraryFile, "");
+    EXPECT_EQ(MaterialCount(project.userLibrary), 0);
+    EXPECT_EQ(project.shownLibrary, 1);
+    EXPECT_THAT(desktop.calls,
+                ElementsAre("Message User material file is incorrect version", "EnableOption 1 0",
+                            "SelectOption 0", "RefreshMaterialList"));
+}
+
+TEST_F(UserLibraryLoading, DroppingTheLibraryWhileItIsNotShownLeavesTheList) {
+    desktop.calls.clear();
+    DropUserLibrary(project, desktop);
+    EXPECT_THAT(desktop.calls, ElementsAre("EnableOption 1 0"));
+}
+
+} // namespace
+} // namespace strativo
