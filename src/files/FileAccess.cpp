@@ -98,6 +98,17 @@ std::string ReadFileBytes(const std::string& path) {
     return bytes;
 }
 
+FileStamp StampOf(const std::string& path) {
+    struct stat status {};
+    return stat(path.c_str(), &status) == 0 ? MakeStamp(status) : FileStamp();
+}
+
+FileStamp MakeStamp(const struct stat& status) {
+    constexpr std::int64_t nanosecondsPerSecond = 1000000000;
+    return {status.st_dev, status.st_ino, status.st_size,
+            status.st_mtim.tv_sec * nanosecondsPerSecond + status.st_mtim.tv_nsec};
+}
+
 std::string FolderOf(std::string_view path) {
     const auto slash = path.rfind('/');
     if (slash == std::string_view::npos)

@@ -1,10 +1,13 @@
 #pragma once
 
+#include "model/FileStamp.h"
 #include "text/RuntimeError.h"
 
 #include <stdexcept>
 #include <string>
 #include <string_view>
+
+struct stat;
 
 namespace strativo {
 
@@ -13,6 +16,11 @@ ErrorNumber ErrorNumberOf(int systemError);
 
 /// The whole content of a regular file. Run-time error 53, 57, 67, 68, 70, 75 or 76.
 std::string ReadFileBytes(const std::string& path);
+
+/// The stamp of the file as it is now; that of no file where it cannot be looked at.
+FileStamp StampOf(const std::string& path);
+
+FileStamp MakeStamp(const struct stat& status);
 
 /// The folder of a path, "" when it names none.
 std::string FolderOf(std::string_view path);
@@ -32,7 +40,8 @@ public:
 /// Replaces the file by these bytes, all of them or none: they are written to a new file beside
 /// it and brought to the disk before that takes its place. Symbolic links are followed and
 /// permissions kept. A read-only file, or one with further hard links, is refused. Throws
-/// WriteError, with the old file untouched.
-void ReplaceFile(const std::string& path, std::string_view bytes);
+/// WriteError, with the old file untouched, or when only the folder could not be brought to the
+/// disk. The stamp becomes the new file's as soon as that is in its place.
+void ReplaceFile(const std::string& path, std::string_view bytes, FileStamp& stamp);
 
 } // namespace strativo

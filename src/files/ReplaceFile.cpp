@@ -104,13 +104,16 @@ public:
         Check(fchmod(descriptor, groupKept ? mode : mode & ~S_IRWXG) == 0);
     }
 
-    void Replace(const std::string& target) {
+    void Replace(const std::string& target, FileStamp& stamp) {
+        struct stat status {};
+        Check(fstat(descriptor, &status) == 0);
         Check(fsync(descriptor) == 0);
         const int closing = descriptor;
         descriptor = -1;
         Check(close(closing) == 0);
         Check(rename(path.c_str(), target.c_str()) == 0);
         path.clear();
+        stamp = MakeStamp(status);
     }
 
 private:
@@ -135,14 +138,14 @@ void SyncFolder(const std::string& folder) {
 
 } // namespace
 
-void ReplaceFile(const std::string& path, std::string_view bytes) {
+void ReplaceFile(const std::string& path, std::string_view bytes, FileStamp& stamp) {
     const std::string target = FollowLinks(path);
     const OldFile old = CheckOldFile(target);
     const std::string folder = FolderOf(target).empty() ? "." : FolderOf(target);
     TemporaryFile file(folder);
     file.Write(bytes);
     file.TakePermissions(old);
-    file.Replace(target);
+    file.Replace(target, stamp);
     SyncFolder(folder);
 }
 

@@ -1,6 +1,6 @@
 #include "files/SaveChecks.h"
 
-#include "calc/LayerList.h"
+#include "files/ReadBack.h"
 
 #include <string>
 
@@ -35,13 +35,20 @@ bool HasZeroAbsorption(const Construction& construction) {
     return construction.type == transparentType && sum == 0;
 }
 
-bool AskAbout(const Project& project, const std::vector<int>& found, const std::string& finding,
+std::vector<std::string> NamesOf(const Project& project, const std::vector<int>& constructions) {
+    std::vector<std::string> names;
+    for (const int number : constructions)
+        names.push_back(project.constructions[number].name);
+    return names;
+}
+
+bool AskAbout(const std::vector<std::string>& names, const std::string& finding,
               const std::string& title, Desktop& desktop) {
-    if (found.empty())
+    if (names.empty())
         return true;
     std::string text = finding + "\r\r";
-    for (const int number : found)
-        text += project.constructions[number].name + "\r";
+    for (const std::string& name : names)
+        text += name + "\r";
     text += "\rDo you wish to save anyway?\r";
     return desktop.ShowMessage(YesNoQuestion(text, title)) == Answer::yes;
 }
@@ -57,12 +64,15 @@ std::vector<int> ZeroAbsorptionConstructions(const Project& project) {
 }
 
 bool CheckBeforeSave(const Project& project, Desktop& desktop) {
-    return AskAbout(project, ZeroThicknessConstructions(project),
+    return AskAbout(NamesOf(project, ZeroThicknessConstructions(project)),
                     "The following construction(s) have at least one zero thickness",
                     "Zero thickness error", desktop)
-           && AskAbout(project, ZeroAbsorptionConstructions(project),
+           && AskAbout(NamesOf(project, ZeroAbsorptionConstructions(project)),
                        "The following construction(s) have a total absorption equal to zero",
-                       "Zero absorption error", desktop);
+                       "Zero absorption error", desktop)
+           && AskAbout(UnreadableNames(project),
+                       "The following name(s) cannot be read back from a construction file",
+                       "Name error", desktop);
 }
 
 } // namespace strativo

@@ -13,7 +13,8 @@ std::vector<int> ZeroThicknessConstructions(const Project& project);
 /// Transparent constructions whose first slot holds a layer and whose absorptions add up to 0.
 std::vector<int> ZeroAbsorptionConstructions(const Project& project);
 
-/// Asks about each of these where there are any; false when the user then refuses to save.
+/// Asks about each of these where there are any, and about names that could not be read back from
+/// the file; false when the user then refuses to save.
 bool CheckBeforeSave(const Project& project, Desktop& desktop);
 
 } // namespace strativo

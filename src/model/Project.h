@@ -2,6 +2,7 @@
 
 #include "model/Comments.h"
 #include "model/Construction.h"
+#include "model/FileStamp.h"
 #include "model/GlassType.h"
 #include "model/LayerClipboard.h"
 #include "model/Material.h"
@@ -37,6 +38,8 @@ struct Project {
     int selectedMaterial = 0; ///< selected line of the material list + 1; 0 none
 
     std::string constructionFile; ///< "" no file yet
+    std::string stampedFile;      ///< the file that the stamp is of
+    FileStamp stamp;              ///< the file as it was read or last written
     NumberedList<Construction> constructions;
     int constructionCount = 0; ///< constructions in use
     int lowestFreeHint = 1;    ///< no slot below it is free

@@ -20,6 +20,36 @@ Message WriteFailure(const std::string& path, const WriteError& error) {
     return message;
 }
 
+/// Nothing is overwritten unseen: another program may have changed the file meanwhile.
+bool MayOverwrite(const Project& project, Desktop& desktop) {
+    const FileStamp now = StampOf(project.constructionFile);
+    if (project.stampedFile != project.constructionFile || now == FileStamp()
+        || now == project.stamp)
+        return true;
+    Message question =
+        YesNoQuestion(PathToUtf8(project.constructionFile)
+                          + "\nAnother program has changed this file since it was read or saved "
+                            "here.  Overwrite it?",
+                      "File changed", Answer::no);
+    question.encoding = Encoding::utf8;
+    return desktop.ShowMessage(question) == Answer::yes;
+}
+
+/// Writes under the name that the project has by now.
+bool WriteNamedFile(Project& project, Desktop& desktop) {
+    if (!MayOverwrite(project, desktop))
+        return false;
+    try {
+        ReplaceFile(project.constructionFile, FormatConstructionFile(project), project.stamp);
+        project.stampedFile = project.constructionFile;
+        project.changed = false;
+        return true;
+    } catch (const WriteError& error) {
+        desktop.ShowMessage(WriteFailure(project.constructionFile, error));
+        return false;
+    }
+}
+
 Message CloseQuestion(const Project& project) {
     const std::string name =
         project.constructionFile.empty() ? "Untitled.con" : PathToUtf8(project.constructionFile);
@@ -71,15 +101,10 @@ bool WriteConstructionFile(Project& project, Desktop& desktop) {
         project.constructionFile.clear();
         return false;
     }
-    try {
-        ReplaceFile(project.constructionFile, FormatConstructionFile(project));
-        project.changed = false;
-        return true;
-    } catch (const WriteError& error) {
-        desktop.ShowMessage(WriteFailure(project.constructionFile, error));
+    const bool written = WriteNamedFile(project, desktop);
+    if (!written)
         project.constructionFile = before;
-        return false;
-    }
+    return written;
 }
 
 void CloseConstruction(Project& project, std::string_view activeTag, Desktop& desktop) {

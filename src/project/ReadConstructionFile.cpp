@@ -38,6 +38,8 @@ ParsedFile ReadLines(Project& project, Desktop& desktop) {
         OpenConstructionWindow(project, desktop);
         project.constructions[project.currentConstruction].name.clear();
     };
+    project.stampedFile = project.constructionFile;
+    project.stamp = StampOf(project.constructionFile);
     const std::string bytes = ReadFileBytes(project.constructionFile);
     return ParseConstructionFile(bytes, project, desktop, create);
 }

@@ -1,0 +1,101 @@
+#include "files/ReadBack.h"
+
+#include "edit/ConstructionSlots.h"
+#include "edit/GlassTypes.h"
+#include "files/ConstructionParser.h"
+#include "files/ConstructionWriter.h"
+#include "files/SilentDesktop.h"
+#include "text/RuntimeError.h"
+
+#include <algorithm>
+
+namespace strativo {
+
+namespace {
+
+/// A name without any of these is never touched by the reader; most names are spared the trial.
+bool IsHarmless(const std::string& name) {
+    return name.find_first_of("'*!/}\t\r\n\x1a") == std::string::npos
+           && name.find("2D") == std::string::npos;
+}
+
+/// Writes the project and reads it again, as far as that goes.
+Project WrittenAndRead(const Project& written) {
+    Project read;
+    SilentDesktop desktop;
+    ResetGlassTypes(read);
+    const CreateConstruction create = [&] {
+        const int number = FirstFreeConstructionSlot(read);
+        read.constructions[number].window.open = true;
+        read.currentConstruction = number;
+    };
+    try {
+        ParseConstructionFile(FormatConstructionFile(written), read, desktop, create);
+    } catch (const RuntimeError&) {
+        read = Project(); // a reader would have stopped here: nothing came back
+    }
+    return read;
+}
+
+bool ConstructionComesBack(const std::string& name) {
+    Project trial;
+    trial.constructions.Append();
+    trial.constructions[1].name = name;
+    trial.constructions[1].window.open = true;
+    const Project read = WrittenAndRead(trial);
+    return read.constructions.Size() == 1 && read.constructions[1].name == name;
+}
+
+bool GlassTypeComesBack(const std::string& name) {
+    Project trial;
+    trial.glassTypes.Append();
+    trial.glassTypes[1].name = name;
+    const Project read = WrittenAndRead(trial);
+    return read.glassTypes.Size() == 1 && read.glassTypes[1].name == name;
+}
+
+bool GlassType2DComesBack(const std::string& name) {
+    Project trial;
+    trial.glassTypes2D.Append();
+    trial.glassTypes2D[1].name = name;
+    const Project read = WrittenAndRead(trial);
+    return read.glassTypes2D.Size() == 1 && read.glassTypes2D[1].name == name;
+}
+
+bool LibraryPathsComeBack(const std::string& standard, const std::string& user) {
+    Project trial;
+    trial.standardLibraryFile = standard;
+    trial.userLibraryFile = user;
+    trial.userLoaded = true;
+    const Project read = WrittenAndRead(trial);
+    return read.standardLibraryFile == standard && read.userLibraryFile == user;
+}
+
+} // namespace
+
+std::vector<std::string> UnreadableNames(const Project& project) {
+    std::vector<std::string> names;
+    const auto test = [&](const std::string& name, bool (*comesBack)(const std::string&)) {
+        if (!IsHarmless(name) && !comesBack(name))
+            names.push_back(name);
+    };
+    const auto standardComesBack = [](const std::string& path) {
+        return LibraryPathsComeBack(path, "");
+    };
+    const auto userComesBack = [](const std::string& path) {
+        return LibraryPathsComeBack("", path);
+    };
+    test(project.standardLibraryFile, standardComesBack);
+    if (project.userLoaded)
+        test(project.userLibraryFile, userComesBack);
+    for (int number = 1; number <= project.constructions.Size(); ++number)
+        if (InUse(project, number))
+            test(project.constructions[number].name, ConstructionComesBack);
+    for (const GlassType& type : project.glassTypes)
+        test(type.name, GlassTypeComesBack);
+    for (const GlassType2D& type : project.glassTypes2D)
+        test(type.name, GlassType2DComesBack);
+    return names;
+}
+
+} // namespace strativo
