@@ -28,7 +28,7 @@ void ResetForReading(Project& project, Desktop& desktop) {
     RemoveConstructions(project, project.constructionCount, desktop);
 }
 
-ParsedFile ReadLines(Project& project, Desktop& desktop) {
+ParsedFile ReadLines(Project& project, const std::string& source, Desktop& desktop) {
     bool triedLibrary = false;
     const CreateConstruction create = [&] {
         // A library that cannot be loaded is reported once, not for each construction.
@@ -40,7 +40,7 @@ ParsedFile ReadLines(Project& project, Desktop& desktop) {
     };
     project.stampedFile = project.constructionFile;
     project.stamp = StampOf(project.constructionFile);
-    const std::string bytes = ReadFileBytes(project.constructionFile);
+    const std::string bytes = ReadFileBytes(source);
     return ParseConstructionFile(bytes, project, desktop, create);
 }
 
@@ -99,8 +99,8 @@ void ActivateLastRead(const ParsedFile& parsed, Project& project, Desktop& deskt
     desktop.ActivateConstructionWindow(number);
 }
 
-void ReadFile(Project& project, Desktop& desktop) {
-    const ParsedFile parsed = ReadLines(project, desktop);
+void ReadFile(Project& project, const std::string& source, Desktop& desktop) {
+    const ParsedFile parsed = ReadLines(project, source, desktop);
     if (parsed.formatBad)
         RecoverFromBadFormat(project, desktop);
     LoadNeededUserLibrary(parsed, project, desktop);
@@ -113,6 +113,23 @@ void ReadFile(Project& project, Desktop& desktop) {
     ActivateLastRead(parsed, project, desktop);
 }
 
+/// Reads the source into the project, which has its file name by now. The name goes again where
+/// reading stops early, for whatever reason: a fragment must not be saved over the original.
+void ReplaceProject(Project& project, const std::string& source, const std::string& messagePrefix,
+                    Desktop& desktop) {
+    ResetForReading(project, desktop);
+    try {
+        ReadFile(project, source, desktop);
+    } catch (const RuntimeError& error) {
+        project.constructionFile.clear();
+        desktop.ShowMessage({messagePrefix + constructionFileMessages.Text(error.Number()), ""});
+    } catch (...) {
+        project.constructionFile.clear();
+        throw;
+    }
+    desktop.RefreshGlassTypeList();
+}
+
 } // namespace
 
 void ReadConstructionFile(Project& project, const std::string& path, Desktop& desktop) {
@@ -121,15 +138,15 @@ void ReadConstructionFile(Project& project, const std::string& path, Desktop& de
         project.constructionFile.clear();
         return;
     }
-    ResetForReading(project, desktop);
-    try {
-        ReadFile(project, desktop);
-    } catch (const RuntimeError& error) {
-        const std::string prefix = path.empty() ? "" : "Command line error\r";
-        desktop.ShowMessage({prefix + constructionFileMessages.Text(error.Number()), ""});
-        project.constructionFile.clear();
-    }
-    desktop.RefreshGlassTypeList();
+    const std::string source = project.constructionFile;
+    ReplaceProject(project, source, path.empty() ? "" : "Command line error\r", desktop);
+}
+
+void ReadRecoveryCopy(Project& project, const std::string& copy, const std::string& originalName,
+                      Desktop& desktop) {
+    project.constructionFile = originalName;
+    ReplaceProject(project, copy, "", desktop);
+    project.changed = true;
 }
 
 } // namespace strativo

@@ -14,4 +14,9 @@ namespace strativo {
 /// when a library that the file needs is refused.
 void ReadConstructionFile(Project& project, const std::string& path, Desktop& desktop);
 
+/// The same for a copy kept when the program ended with unsaved changes: the project gets the name
+/// of the file that it was a copy of, and is marked as changed.
+void ReadRecoveryCopy(Project& project, const std::string& copy, const std::string& originalName,
+                      Desktop& desktop);
+
 } // namespace strativo

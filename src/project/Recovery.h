@@ -1,0 +1,22 @@
+#pragma once
+
+#include "model/Project.h"
+#include "port/Desktop.h"
+
+#include <string>
+
+namespace strativo {
+
+/// The folder of recovery copies: $XDG_STATE_HOME/strativo, else ~/.local/state/strativo.
+std::string RecoveryFolder();
+
+/// Keeps a project with unsaved changes as a construction file in the folder, for a program that
+/// ends without having asked. Returns its path; empty when nothing needed to be kept, or when it
+/// could not be.
+std::string KeepRecoveryCopy(const Project& project, const std::string& folder) noexcept;
+
+/// Offers each copy left in the folder, once, until one is opened under the name of its original.
+/// Copies that were offered stay there under another name. False when none was opened.
+bool OfferRecovery(Project& project, const std::string& folder, Desktop& desktop);
+
+} // namespace strativo
