@@ -47,8 +47,9 @@ void AppendCavityEntries(MaterialLibrary& library, int row) {
 }
 
 std::string CavityLayerName(int code) {
-    const CavityType* type = FindCavityType(code);
-    return type != nullptr ? type->layerName : "Unknown type " + FormatGeneral(code);
+    if (const CavityType* type = FindCavityType(code))
+        return type->layerName;
+    return "Unknown type " + FormatGeneral(code);
 }
 
 bool IsNamedCavity(int code) {

@@ -19,11 +19,11 @@ bool IsLikelyThickness(const Layer& layer, double value, Desktop& desktop) {
         desktop.ShowMessage({"Thickness is set to less than 1", "Thickness error"});
         return false;
     }
-    return value <= 1000
-           || desktop.ShowMessage(
-                  YesNoQuestion("Thickness is Greater than 1m, do you want this value",
-                                "Thickness warning", Answer::no))
-                  == Answer::yes;
+    if (value <= 1000)
+        return true;
+    const Message question = YesNoQuestion("Thickness is Greater than 1m, do you want this value",
+                                           "Thickness warning", Answer::no);
+    return desktop.ShowMessage(question) == Answer::yes;
 }
 
 /// The number typed. One that does not fit a 32-bit float is reported, and refused.

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 #include <stdexcept>
+#include <vector>
 
 namespace strativo {
 namespace {
@@ -44,6 +45,23 @@ TEST(LayerSlots, AreEmptiedFromASlotOn) {
     EXPECT_EQ(slots[1].name, "BRICK");
     EXPECT_EQ(slots[2], Layer());
     EXPECT_EQ(slots.HighestUsed(), 1);
+}
+
+TEST(Layer, IsComparedByEveryField) {
+    std::vector<Layer> different(9);
+    different[0].name = "BRICK";
+    different[1].density = 1;
+    different[2].specificHeat = 1;
+    different[3].thickness = 1;
+    different[4].conductivity = 1;
+    different[5].absorption = 1;
+    different[6].materialCode = 1;
+    different[7].library = 1;
+    different[8].selected = true;
+    for (const Layer& layer : different) {
+        EXPECT_NE(layer, Layer());
+        EXPECT_EQ(layer, Layer(layer));
+    }
 }
 
 TEST(LayerCount, LeavesOutSlotsWithoutAName) {
