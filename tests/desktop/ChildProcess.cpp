@@ -1,0 +1,56 @@
+#include "desktop/ChildProcess.h"
+
+#include <csignal>
+#include <stdexcept>
+#include <sys/prctl.h>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+namespace strativo {
+
+ChildProcess::ChildProcess(const std::vector<std::string>& command) {
+    std::vector<char*> arguments;
+    for (const std::string& argument : command)
+        arguments.push_back(const_cast<char*>(argument.c_str()));
+    arguments.push_back(nullptr);
+    const pid_t parent = getpid();
+    id = fork();
+    if (id < 0)
+        throw std::runtime_error("cannot start " + command.front());
+    if (id > 0)
+        return;
+    prctl(PR_SET_PDEATHSIG, SIGKILL);
+    if (getppid() == parent)
+        execvp(arguments.front(), arguments.data());
+    _exit(127);
+}
+
+ChildProcess::~ChildProcess() {
+    if (!IsRunning())
+        return;
+    kill(id, SIGTERM);
+    ExitStatus(std::chrono::seconds(5));
+    if (!IsRunning())
+        return;
+    kill(id, SIGKILL);
+    waitpid(id, nullptr, 0);
+}
+
+bool ChildProcess::IsRunning() {
+    int ended = 0;
+    if (!status && waitpid(id, &ended, WNOHANG) == id)
+        status = ended;
+    return !status;
+}
+
+std::optional<int> ChildProcess::ExitStatus(std::chrono::milliseconds patience) {
+    const auto end = std::chrono::steady_clock::now() + patience;
+    while (IsRunning() && std::chrono::steady_clock::now() < end)
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    if (IsRunning() || !WIFEXITED(*status))
+        return std::nullopt;
+    return WEXITSTATUS(*status);
+}
+
+} // namespace strativo

@@ -1,0 +1,101 @@
+#include "desktop/User.h"
+
+#include <QApplication>
+#include <QWidget>
+
+#include <thread>
+
+namespace strativo {
+
+namespace {
+
+constexpr int wheelAway = 4;
+constexpr int wheelTowards = 5;
+
+} // namespace
+
+void User::MoveTo(QPoint place) {
+    Screen().MovePointer(place.x(), place.y());
+    pointer = place;
+    WaitForInput();
+    WaitFor("the tool tip under the pointer to go", [place] {
+        const QWidget* widget = QApplication::widgetAt(place);
+        return widget == nullptr || !widget->inherits("QTipLabel");
+    });
+}
+
+void User::PressButton(int button) {
+    // Two presses in one place are no double click unless it is meant.
+    if (lastPress == pointer)
+        std::this_thread::sleep_for(
+            std::chrono::milliseconds(QApplication::doubleClickInterval() + 100));
+    lastPress = pointer;
+    Screen().PressButton(button);
+    WaitForInput();
+}
+
+void User::Click(QPoint place, int button) {
+    MoveTo(place);
+    PressButton(button);
+    Screen().ReleaseButton(button);
+    WaitForInput();
+}
+
+void User::DoubleClick(QPoint place) {
+    MoveTo(place);
+    for (int i = 0; i < 2; ++i) {
+        Screen().PressButton(leftButton);
+        Screen().ReleaseButton(leftButton);
+    }
+    lastPress = pointer;
+    WaitForInput();
+}
+
+void User::PressAndMove(QPoint from, QPoint to) {
+    constexpr int steps = 8;
+    MoveTo(from);
+    PressButton(leftButton);
+    for (int step = 1; step <= steps; ++step)
+        MoveTo(from + (to - from) * step / steps);
+}
+
+void User::Release() {
+    Screen().ReleaseButton(leftButton);
+    WaitForInput();
+}
+
+void User::Drag(QPoint from, QPoint to) {
+    PressAndMove(from, to);
+    Release();
+}
+
+void User::TurnWheel(bool towards) {
+    const int button = towards ? wheelTowards : wheelAway;
+    Screen().PressButton(button);
+    Screen().ReleaseButton(button);
+    WaitForInput();
+}
+
+void User::Hold(Key key) {
+    Screen().PressKey(key);
+    WaitForInput();
+}
+
+void User::LetGo(Key key) {
+    Screen().ReleaseKey(key);
+    WaitForInput();
+}
+
+void User::Press(std::initializer_list<Key> keys) {
+    for (const Key key : keys)
+        Hold(key);
+    for (const Key* key = keys.end(); key != keys.begin();)
+        LetGo(*--key);
+}
+
+void User::Type(const std::string& text) {
+    Screen().Type(QString::fromStdString(text).toStdU32String());
+    WaitForInput();
+}
+
+} // namespace strativo

@@ -1,0 +1,208 @@
+#include "desktop/XScreen.h"
+
+#include <X11/Xatom.h>
+#include <X11/Xlib.h>
+#include <X11/Xutil.h>
+#include <X11/extensions/XTest.h>
+#include <chrono>
+#include <cstring>
+#include <map>
+#include <stdexcept>
+#include <thread>
+
+namespace strativo {
+
+namespace {
+
+// Letters of the stories that a plain keyboard lacks.
+constexpr char32_t moreLetters[] = U"äöüßéΩ€";
+
+/// Of windows that go while they are looked at nothing is to be known.
+int IgnoreError(Display*, XErrorEvent*) {
+    return 0;
+}
+
+} // namespace
+
+struct XScreen::Connection {
+    struct Stroke {
+        KeyCode code;
+        bool shift;
+    };
+
+    Connection() : display(XOpenDisplay(nullptr)) {
+        if (display == nullptr)
+            throw std::runtime_error("no X screen");
+        XSetErrorHandler(IgnoreError);
+    }
+    ~Connection() { XCloseDisplay(display); }
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
+
+    Window Root() const { return DefaultRootWindow(display); }
+    Atom AtomOf(const char* name) const { return XInternAtom(display, name, False); }
+    /// A window's property as bytes; those of format 32 as the system's long numbers.
+    std::string Property(Window window, const char* name, int format) const;
+    /// The windows that a property of the root window lists.
+    std::vector<Window> WindowsIn(const char* property) const;
+    void WaitForWindowManager() const;
+    void LearnKeyboard();
+    Stroke StrokeFor(Key key) const;
+
+    Display* display;
+    std::map<KeySym, Stroke> strokes;
+};
+
+std::string XScreen::Connection::Property(Window window, const char* name, int format) const {
+    constexpr long longest = 4096; // in units of 4 bytes
+    Atom type = 0;
+    int foundFormat = 0;
+    unsigned long count = 0;
+    unsigned long rest = 0;
+    unsigned char* data = nullptr;
+    XGetWindowProperty(display, window, AtomOf(name), 0, longest, False, AnyPropertyType, &type,
+                       &foundFormat, &count, &rest, &data);
+    std::string bytes;
+    if (data != nullptr && foundFormat == format)
+        bytes.assign(reinterpret_cast<const char*>(data),
+                     count * (format == 32 ? sizeof(long) : 1));
+    if (data != nullptr)
+        XFree(data);
+    return bytes;
+}
+
+std::vector<Window> XScreen::Connection::WindowsIn(const char* property) const {
+    const std::string bytes = Property(Root(), property, 32);
+    std::vector<Window> windows(bytes.size() / sizeof(Window));
+    std::memcpy(windows.data(), bytes.data(), windows.size() * sizeof(Window));
+    return windows;
+}
+
+void XScreen::Connection::WaitForWindowManager() const {
+    for (int i = 0; i < 6000 && WindowsIn("_NET_SUPPORTING_WM_CHECK").empty(); ++i)
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+}
+
+/// Puts the further letters on keys that have none, and notes which key types what.
+void XScreen::Connection::LearnKeyboard() {
+    int first = 0;
+    int last = 0;
+    XDisplayKeycodes(display, &first, &last);
+    const char32_t* next = moreLetters;
+    for (int code = first; code <= last; ++code) {
+        int width = 0;
+        KeySym* symbols = XGetKeyboardMapping(display, static_cast<KeyCode>(code), 1, &width);
+        for (int level = 0; level < 2 && level < width; ++level)
+            if (symbols[level] != NoSymbol)
+                strokes.insert({symbols[level], {static_cast<KeyCode>(code), level == 1}});
+        if (*next != 0 && symbols[0] == NoSymbol) {
+            auto symbol = static_cast<KeySym>(KeyOf(*next++));
+            XChangeKeyboardMapping(display, code, 1, &symbol, 1);
+            strokes[symbol] = {static_cast<KeyCode>(code), false};
+        }
+        XFree(symbols);
+    }
+    XSync(display, False);
+}
+
+XScreen::Connection::Stroke XScreen::Connection::StrokeFor(Key key) const {
+    const auto found = strokes.find(static_cast<KeySym>(key));
+    if (found == strokes.end())
+        throw std::runtime_error("no such key on this keyboard");
+    return found->second;
+}
+
+XScreen::XScreen() : connection(std::make_unique<Connection>()) {
+    connection->WaitForWindowManager();
+    connection->LearnKeyboard();
+}
+
+XScreen::~XScreen() = default;
+
+void XScreen::MovePointer(int x, int y) {
+    XTestFakeMotionEvent(connection->display, 0, x, y, CurrentTime);
+    XSync(connection->display, False);
+}
+
+void XScreen::PressButton(int button) {
+    XTestFakeButtonEvent(connection->display, static_cast<unsigned>(button), True, CurrentTime);
+    XSync(connection->display, False);
+}
+
+void XScreen::ReleaseButton(int button) {
+    XTestFakeButtonEvent(connection->display, static_cast<unsigned>(button), False, CurrentTime);
+    XSync(connection->display, False);
+}
+
+void XScreen::PressKey(Key key) {
+    XTestFakeKeyEvent(connection->display, connection->StrokeFor(key).code, True, CurrentTime);
+    XSync(connection->display, False);
+}
+
+void XScreen::ReleaseKey(Key key) {
+    XTestFakeKeyEvent(connection->display, connection->StrokeFor(key).code, False, CurrentTime);
+    XSync(connection->display, False);
+}
+
+void XScreen::Type(std::u32string_view text) {
+    for (const char32_t character : text) {
+        const Key key = KeyOf(character);
+        const bool shift = connection->StrokeFor(key).shift;
+        if (shift)
+            PressKey(Key::shift);
+        PressKey(key);
+        ReleaseKey(key);
+        if (shift)
+            ReleaseKey(Key::shift);
+    }
+}
+
+void XScreen::SendMarker(unsigned long window, long number) {
+    XEvent event{};
+    event.xclient.type = ClientMessage;
+    event.xclient.window = window;
+    event.xclient.message_type = connection->AtomOf("TEST_MARKER");
+    event.xclient.format = 32;
+    event.xclient.data.l[0] = number;
+    XSendEvent(connection->display, window, False, NoEventMask, &event);
+    XSync(connection->display, False);
+}
+
+std::vector<WindowOnScreen> XScreen::Windows() {
+    Connection& x = *connection;
+    const std::vector<Window> active = x.WindowsIn("_NET_ACTIVE_WINDOW");
+    std::vector<WindowOnScreen> windows;
+    for (const Window window : x.WindowsIn("_NET_CLIENT_LIST")) {
+        WindowOnScreen found;
+        found.title = x.Property(window, "_NET_WM_NAME", 8);
+        found.active = !active.empty() && active.front() == window;
+        XWindowAttributes attributes{};
+        Window child = 0;
+        if (XGetWindowAttributes(x.display, window, &attributes) == 0)
+            continue;
+        found.width = attributes.width;
+        found.height = attributes.height;
+        XTranslateCoordinates(x.display, window, x.Root(), 0, 0, &found.x, &found.y, &child);
+        windows.push_back(found);
+    }
+    return windows;
+}
+
+Picture XScreen::TakePicture() {
+    Connection& x = *connection;
+    XWindowAttributes root{};
+    XGetWindowAttributes(x.display, x.Root(), &root);
+    XImage* image = XGetImage(x.display, x.Root(), 0, 0, static_cast<unsigned>(root.width),
+                              static_cast<unsigned>(root.height), AllPlanes, ZPixmap);
+    if (image == nullptr)
+        return {};
+    Picture picture{root.width, root.height, {}};
+    for (int row = 0; row < root.height; ++row)
+        for (int column = 0; column < root.width; ++column)
+            picture.pixels.push_back(
+                static_cast<std::uint32_t>(XGetPixel(image, column, row) & 0xffffff));
+    XDestroyImage(image);
+    return picture;
+}
+
+} // namespace strativo

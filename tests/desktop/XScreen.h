@@ -1,0 +1,78 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace strativo {
+
+/// Keys without a letter, by their X names.
+enum class Key : unsigned long {
+    backspace = 0xff08,
+    tab = 0xff09,
+    enter = 0xff0d,
+    escape = 0xff1b,
+    home = 0xff50,
+    left = 0xff51,
+    up = 0xff52,
+    right = 0xff53,
+    down = 0xff54,
+    pageUp = 0xff55,
+    pageDown = 0xff56,
+    end = 0xff57,
+    insert = 0xff63,
+    f4 = 0xffc1,
+    f10 = 0xffc7,
+    shift = 0xffe1,
+    ctrl = 0xffe3,
+    alt = 0xffe9,
+    del = 0xffff
+};
+
+/// The key that types the character.
+constexpr Key KeyOf(char32_t character) {
+    return static_cast<Key>(character < 0x100 ? character : 0x01000000 + character);
+}
+
+struct WindowOnScreen {
+    std::string title; ///< UTF-8
+    int x = 0, y = 0, width = 0, height = 0;
+    bool active = false;
+};
+
+struct Picture {
+    int width = 0, height = 0;
+    std::vector<std::uint32_t> pixels; ///< 0xRRGGBB, row by row
+};
+
+/// Screen, pointer and keyboard as a user in front of them has them: input goes the whole way
+/// through the X server.
+class XScreen {
+public:
+    /// Of the environment's display, once its window manager is at work.
+    XScreen();
+    ~XScreen();
+
+    void MovePointer(int x, int y);
+    void PressButton(int button);
+    void ReleaseButton(int button);
+    void PressKey(Key key);
+    void ReleaseKey(Key key);
+    /// Presses and releases the keys for the text, Shift where it takes that.
+    void Type(std::u32string_view text);
+
+    /// Tells the window's program how far the input has come; it gets this behind all of it.
+    void SendMarker(unsigned long window, long number);
+
+    /// The programs' windows, without menus and the like.
+    std::vector<WindowOnScreen> Windows();
+    Picture TakePicture();
+
+private:
+    struct Connection;
+    std::unique_ptr<Connection> connection;
+};
+
+} // namespace strativo
