@@ -1,0 +1,33 @@
+# bash completion for strativo and strativo-cli
+
+_strativo_cli() {
+    local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]}
+    local commands="show check rewrite import-glass materials"
+    local options="--standard --user-library --json --user --sort --csv --help --version"
+    case $previous in
+    --sort)
+        mapfile -t COMPREPLY < <(compgen -W "name conductivity density specific-heat file" -- "$current")
+        return
+        ;;
+    --standard | --user-library)
+        mapfile -t COMPREPLY < <(compgen -f -X '!*.[lL][bB][yY]' -- "$current"; compgen -d -- "$current")
+        return
+        ;;
+    esac
+    if [[ $current == -* ]]; then
+        mapfile -t COMPREPLY < <(compgen -W "$options" -- "$current")
+        return
+    fi
+    local word command=
+    for word in "${COMP_WORDS[@]:1:COMP_CWORD-1}"; do
+        [[ " $commands " == *" $word "* ]] && command=$word
+    done
+    case $command in
+    "") mapfile -t COMPREPLY < <(compgen -W "$commands" -- "$current") ;;
+    materials) mapfile -t COMPREPLY < <(compgen -f -X '!*.[lL][bB][yY]' -- "$current"; compgen -d -- "$current") ;;
+    *) mapfile -t COMPREPLY < <(compgen -f -X '!*.[cC][oO][nN]' -- "$current"; compgen -d -- "$current") ;;
+    esac
+}
+
+complete -o filenames -F _strativo_cli strativo-cli
+complete -o filenames -f -X '!*.[cC][oO][nN]' -o plusdirs strativo
