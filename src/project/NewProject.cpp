@@ -21,6 +21,13 @@ void ResetConstructions(Project& project) {
     project.currentConstruction = 1;
 }
 
+/// "Make all Icons" makes windows for slots that are not in use.
+void CloseEmptyWindows(const Project& project, Desktop& desktop) {
+    for (int number = 1; number <= project.constructions.Size(); ++number)
+        if (!InUse(project, number))
+            desktop.CloseConstructionWindow(number);
+}
+
 std::string WorkingDirectory() {
     std::error_code error;
     return std::filesystem::current_path(error).string();
@@ -59,6 +66,7 @@ bool NewProject(Project& project, Desktop& desktop) {
     if (!ConfirmDiscardChanges(project, desktop))
         return false;
     project.comments = Comments();
+    CloseEmptyWindows(project, desktop);
     RemoveConstructions(project, project.constructions.Size(), desktop);
     ResetConstructions(project);
     ResetGlassTypes(project);

@@ -5,8 +5,11 @@
 
 namespace strativo {
 
+/// As the path of the help file: there is none.
+inline constexpr char noHelpFile[] = ".";
+
 struct Settings {
-    std::string help = ".";                ///< path of the help file; "." none
+    std::string help = noHelpFile;         ///< path of the help file
     std::string stdMat = "..\\stdmat.lby"; ///< remembered path of the standard library
 };
 

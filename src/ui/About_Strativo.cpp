@@ -53,10 +53,11 @@ void About_Strativo::BuildControls(const QString& mainWindowCaption) {
 
 void About_Strativo::LayOut() {
     auto* texts = new QVBoxLayout;
+    texts->setSpacing(6);
     texts->addWidget(ui.Label1[0]);
     texts->addWidget(ui.Label1[2]);
     texts->addWidget(ui.Label1[1]);
-    texts->addStretch();
+    texts->addStretch(1);
     auto* columns = new QHBoxLayout;
     columns->setSpacing(20);
     columns->addWidget(ui.Picture1, 0, Qt::AlignTop);

@@ -1,10 +1,13 @@
 #include "ui/AccessKeys.h"
 
 #include <QAbstractButton>
+#include <QAction>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QKeySequence>
 #include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
 
 namespace strativo {
 
@@ -27,41 +30,56 @@ void UseControl(QWidget* control) {
 
 } // namespace
 
-AccessKeys::AccessKeys(std::function<QWidget*()> content, QObject* parent)
-    : QObject(parent), activeContent(std::move(content)) {
+AccessKeys::AccessKeys(std::function<QWidget*()> content, QMenuBar& menuBar, QObject* parent)
+    : QObject(parent), activeContent(std::move(content)), menus(menuBar) {
     qApp->installEventFilter(this);
 }
 
-QWidget* AccessKeys::ControlFor(QEvent* event) const {
-    const auto* key = static_cast<QKeyEvent*>(event);
-    QWidget* content = activeContent();
-    if (content == nullptr || key->modifiers() != Qt::AltModifier
-        || QApplication::activeModalWidget() != nullptr
-        || QApplication::activePopupWidget() != nullptr)
+bool AccessKeys::IsAccessKey(const QObject* watched, const QKeyEvent& event) const {
+    const bool letter = event.key() >= Qt::Key_A && event.key() <= Qt::Key_Z;
+    return letter && event.modifiers() == Qt::AltModifier && watched->isWidgetType()
+           && static_cast<const QWidget*>(watched)->window() == menus.window()
+           && QApplication::activeModalWidget() == nullptr
+           && QApplication::activePopupWidget() == nullptr;
+}
+
+QWidget* AccessKeys::ControlFor(QKeyCombination wanted) const {
+    const QWidget* content = activeContent();
+    if (content == nullptr)
         return nullptr;
-    const QKeyCombination wanted(Qt::AltModifier, static_cast<Qt::Key>(key->key()));
-    for (const QAbstractButton* button : content->findChildren<QAbstractButton*>())
+    for (QAbstractButton* button : content->findChildren<QAbstractButton*>())
         if (KeyOf(button->text()) == wanted && CanTakeIt(button))
-            return const_cast<QAbstractButton*>(button);
+            return button;
     for (const QLabel* label : content->findChildren<QLabel*>())
         if (label->isVisible() && CanTakeIt(label->buddy()) && KeyOf(label->text()) == wanted)
             return label->buddy();
     return nullptr;
 }
 
+void AccessKeys::OpenMenu(QKeyCombination wanted) {
+    for (QAction* action : menus.actions()) {
+        if (KeyOf(action->text()) != wanted)
+            continue;
+        menus.setActiveAction(action);
+        action->menu()->setActiveAction(action->menu()->actions().front());
+        return;
+    }
+}
+
 bool AccessKeys::eventFilter(QObject* watched, QEvent* event) {
     const bool asks = event->type() == QEvent::ShortcutOverride;
     if (!asks && event->type() != QEvent::KeyPress)
         return false;
-    if (!watched->isWidgetType() || static_cast<QKeyEvent*>(event)->modifiers() != Qt::AltModifier)
+    const auto& key = *static_cast<QKeyEvent*>(event);
+    if (!IsAccessKey(watched, key))
         return false;
-    QWidget* control = ControlFor(event);
-    if (control == nullptr)
-        return false;
+    const QKeyCombination wanted(Qt::AltModifier, static_cast<Qt::Key>(key.key()));
     if (asks)
-        event->accept(); // keeps the menu bar from taking it as a shortcut
-    else
+        event->accept(); // keeps the toolkit from choosing among all controls of that letter
+    else if (QWidget* control = ControlFor(wanted))
         UseControl(control);
+    else
+        OpenMenu(wanted);
     return true;
 }
 

@@ -5,24 +5,30 @@
 #include <functional>
 
 class QAbstractButton;
+class QKeyEvent;
+class QMenuBar;
 class QWidget;
 
 namespace strativo {
 
-/// Alt and a letter: the control of the active child window that shows the letter wins over a
-/// menu of the same letter, is clicked or gets the focus.
+/// Alt and a letter in the main window: the control of the active child window that shows the
+/// letter is clicked or gets the focus; a menu opens only where there is no such control. Letters
+/// of controls in other child windows do nothing.
 class AccessKeys : public QObject {
 public:
     /// The function gives the widget whose controls come first, or null.
-    AccessKeys(std::function<QWidget*()> activeContent, QObject* parent);
+    AccessKeys(std::function<QWidget*()> activeContent, QMenuBar& menuBar, QObject* parent);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    QWidget* ControlFor(QEvent* event) const;
+    bool IsAccessKey(const QObject* watched, const QKeyEvent& event) const;
+    QWidget* ControlFor(QKeyCombination wanted) const;
+    void OpenMenu(QKeyCombination wanted);
 
     std::function<QWidget*()> activeContent;
+    QMenuBar& menus;
 };
 
 } // namespace strativo

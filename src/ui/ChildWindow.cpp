@@ -6,6 +6,8 @@
 #include <QStyle>
 #include <QToolButton>
 
+#include <algorithm>
+
 namespace strativo {
 
 namespace {
@@ -53,6 +55,12 @@ QSize ChildWindow::SizeAround(QSize content) {
     return content + QSize(2 * border, 2 * border + titleHeight);
 }
 
+QPoint ChildWindow::WithinReach(QPoint position, QSize window, QSize area) {
+    constexpr int grasp = 40; // of the title bar, to take hold of
+    return {std::clamp(position.x(), grasp - window.width(), std::max(0, area.width() - grasp)),
+            std::clamp(position.y(), 0, std::max(0, area.height() - titleHeight))};
+}
+
 void ChildWindow::SetContent(QWidget* widget) {
     content = widget;
     content->setParent(this);
@@ -96,11 +104,8 @@ void ChildWindow::mousePressEvent(QMouseEvent* event) {
 void ChildWindow::mouseMoveEvent(QMouseEvent* event) {
     if (!dragging || parentWidget() == nullptr)
         return;
-    // The title bar stays within reach: a window moved out of sight could not be moved back.
     const QPoint wanted = mapToParent(event->position().toPoint() - grip);
-    const QSize area = parentWidget()->size();
-    move(qBound(40 - width(), wanted.x(), area.width() - 40),
-         qBound(0, wanted.y(), area.height() - titleHeight));
+    move(WithinReach(wanted, size(), parentWidget()->size()));
     emit Moved();
 }
 

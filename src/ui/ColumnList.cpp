@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QFontDatabase>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScrollBar>
 #include <QSignalBlocker>
@@ -92,12 +93,21 @@ void ColumnList::FocusLine(int line) {
                                       QItemSelectionModel::NoUpdate);
 }
 
+void ColumnList::keyPressEvent(QKeyEvent* event) {
+    // The toolkit would put the line into the system's clipboard, over what the user has there.
+    if (!event->matches(QKeySequence::Copy))
+        QListWidget::keyPressEvent(event);
+}
+
 void ColumnList::mousePressEvent(QMouseEvent* event) {
+    const int line = LineAt(event->position().toPoint());
+    const int hit = line < count() ? line : -1;
+    if (event->button() == Qt::RightButton && hit >= 0 && !item(hit)->isSelected())
+        PressLine(hit, Qt::NoModifier); // the context menu is about the line under the pointer
     if (event->button() != Qt::LeftButton)
         return;
-    const int line = LineAt(event->position().toPoint());
     pressed = true;
-    pressedLine = line < count() ? line : -1;
+    pressedLine = hit;
     pressPosition = event->position().toPoint();
     if (pressedLine >= 0)
         PressLine(pressedLine, event->modifiers());

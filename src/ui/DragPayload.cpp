@@ -1,8 +1,8 @@
 #include "ui/DragPayload.h"
 
-#include <QCoreApplication>
 #include <QDropEvent>
 #include <QMimeData>
+#include <QUuid>
 
 namespace strativo {
 
@@ -13,8 +13,10 @@ QString Format(DragKind kind) {
                                     : QStringLiteral("application/x-strativo-material");
 }
 
-QByteArray ThisCopy() {
-    return QByteArray::number(QCoreApplication::applicationPid());
+/// Differs in every running copy of the program.
+const QByteArray& ThisCopy() {
+    static const QByteArray id = QUuid::createUuid().toByteArray();
+    return id;
 }
 
 } // namespace
@@ -27,7 +29,7 @@ QMimeData* MakeDragPayload(DragKind kind) {
 
 DragKind KindOfDrag(const QDropEvent& event) {
     for (const DragKind kind : {DragKind::layers, DragKind::material})
-        if (event.source() != nullptr && event.mimeData()->data(Format(kind)) == ThisCopy())
+        if (event.mimeData()->data(Format(kind)) == ThisCopy())
             return kind;
     return DragKind::none;
 }

@@ -16,16 +16,28 @@ public:
     EntryCorrector(EntryField::Kind fieldKind, QObject* parent)
         : QValidator(parent), kind(fieldKind) {}
 
-    State validate(QString& input, int&) const override {
-        input = ToText(CleanEntry(ToBytes(input)));
-        if (kind == EntryField::Kind::number)
-            input.replace(QLatin1Char(','), QLatin1Char('.'));
+    State validate(QString& input, int& caret) const override {
+        caret = static_cast<int>(Corrected(input.left(caret)).size());
+        input = Corrected(input);
         return Acceptable;
     }
 
 private:
+    QString Corrected(const QString& text) const {
+        QString corrected = ToText(CleanEntry(ToBytes(text)));
+        return kind == EntryField::Kind::number
+                   ? corrected.replace(QLatin1Char(','), QLatin1Char('.'))
+                   : corrected;
+    }
+
     EntryField::Kind kind;
 };
+
+/// The focus goes to, or comes back from, a box, a menu or another program.
+bool IsAside(Qt::FocusReason reason) {
+    return reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason
+           || reason == Qt::MenuBarFocusReason;
+}
 
 } // namespace
 
@@ -50,16 +62,14 @@ void EntryField::focusInEvent(QFocusEvent* event) {
     ShowFocus(true);
     if (event->reason() == Qt::MouseFocusReason)
         selectOnRelease = true;
-    else if (event->reason() == Qt::ShortcutFocusReason)
+    else if (!IsAside(event->reason()))
         selectAll();
 }
 
 void EntryField::focusOutEvent(QFocusEvent* event) {
     QLineEdit::focusOutEvent(event);
     ShowFocus(false);
-    const Qt::FocusReason reason = event->reason();
-    if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason
-        && reason != Qt::MenuBarFocusReason)
+    if (!IsAside(event->reason()))
         emit Left();
 }
 

@@ -1,5 +1,7 @@
 #include "ui/HelpViewer.h"
 
+#include "ui/Text.h"
+
 #include <QFile>
 #include <QFileInfo>
 #include <QHBoxLayout>
@@ -9,6 +11,7 @@
 #include <QShortcut>
 #include <QTextBrowser>
 #include <QTextDocument>
+#include <QTextTable>
 #include <QToolButton>
 
 namespace strativo {
@@ -43,12 +46,49 @@ public:
             type == QTextDocument::HtmlResource || type == QTextDocument::MarkdownResource;
         const QString reason = isPage ? WhyNotShown(path) : QString();
         if (reason.isEmpty())
-            return QTextBrowser::loadResource(type, file);
+            return type == QTextDocument::HtmlResource ? HtmlText(path)
+                                                       : QTextBrowser::loadResource(type, file);
         return type == QTextDocument::HtmlResource ? HtmlPage(path, reason)
                                                    : MarkdownPage(path, reason);
     }
 
+protected:
+    void doSetSource(const QUrl& name, QTextDocument::ResourceType type) override {
+        QTextBrowser::doSetSource(name, type);
+        TidyTables(document()->rootFrame());
+        // The tables have moved what follows them.
+        if (name.hasFragment())
+            scrollToAnchor(name.fragment());
+    }
+
 private:
+    static void TidyTables(QTextFrame* frame) {
+        for (QTextFrame* child : frame->childFrames()) {
+            TidyTables(child);
+            if (auto* table = qobject_cast<QTextTable*>(child)) {
+                QTextTableFormat format = table->format();
+                format.setBorder(0);
+                format.setCellSpacing(0);
+                format.setCellPadding(4);
+                format.setBottomMargin(12);
+                table->setFormat(format);
+            }
+        }
+    }
+
+    /// A page of HTML; plain text is wrapped so that its lines stay.
+    QVariant HtmlText(const QString& path) {
+        const QVariant bytes =
+            QTextBrowser::loadResource(QTextDocument::HtmlResource, QUrl::fromLocalFile(path));
+        if (QFileInfo(path).suffix().startsWith(QLatin1String("htm"), Qt::CaseInsensitive))
+            return bytes;
+        const QString text = PathText(bytes.toByteArray().toStdString());
+        if (Qt::mightBeRichText(text))
+            return text;
+        return QStringLiteral("<pre style='white-space: pre-wrap'>%1</pre>")
+            .arg(text.toHtmlEscaped());
+    }
+
     static QString HtmlPage(const QString& path, const QString& reason) {
         return QStringLiteral("<h2>%1</h2><p>%2</p><p>%3</p>")
             .arg(HelpViewer::tr("This help page cannot be shown"), path.toHtmlEscaped(), reason);
@@ -79,7 +119,8 @@ QToolButton* HelpViewer::AddButton(const QString& objectName, const QString& tex
     button->setText(text);
     button->setAutoRaise(true);
     button->setFocusPolicy(Qt::TabFocus);
-    button->setShortcut(QKeySequence(shortcut));
+    connect(new QShortcut(QKeySequence(shortcut), this), &QShortcut::activated, button,
+            &QToolButton::click);
     button->setAccessibleName(text);
     button->setToolTip(QStringLiteral("%1 (%2)").arg(explanation, shortcut));
     return button;
@@ -103,6 +144,9 @@ void HelpViewer::BuildControls() {
     ui.Page->setOpenLinks(false);
     ui.Page->setAccessibleName(tr("Help page"));
     ui.Page->document()->setDocumentMargin(16);
+    QFont reading = font();
+    reading.setPointSizeF(reading.pointSizeF() * 1.25);
+    ui.Page->setFont(reading);
 }
 
 void HelpViewer::BuildFindBar() {
@@ -195,8 +239,10 @@ void HelpViewer::CloseFindBar() {
 
 void HelpViewer::Find(bool backwards) {
     const QString wanted = ui.FindText->text();
-    if (wanted.isEmpty())
+    if (wanted.isEmpty()) {
+        OpenFindBar();
         return;
+    }
     const QTextDocument::FindFlags flags =
         backwards ? QTextDocument::FindBackward : QTextDocument::FindFlags();
     const QTextCursor before = ui.Page->textCursor();

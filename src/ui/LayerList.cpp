@@ -11,6 +11,25 @@
 
 namespace strativo {
 
+std::optional<QAbstractItemView::CursorAction> LayerList::MoveOf(int key) {
+    switch (key) {
+    case Qt::Key_Up:
+        return MoveUp;
+    case Qt::Key_Down:
+        return MoveDown;
+    case Qt::Key_Home:
+        return MoveHome;
+    case Qt::Key_End:
+        return MoveEnd;
+    case Qt::Key_PageUp:
+        return MovePageUp;
+    case Qt::Key_PageDown:
+        return MovePageDown;
+    default:
+        return std::nullopt;
+    }
+}
+
 LayerList::LayerList(QWidget* parent)
     : ColumnList(QStringLiteral("Construction"), visibleLayerRows, listHeight, parent) {
     setSelectionMode(QAbstractItemView::ExtendedSelection);
@@ -25,6 +44,7 @@ void LayerList::SetMarks(const std::vector<bool>& marks, int focusedLine) {
         item(line)->setSelected(static_cast<std::size_t>(line) < marks.size()
                                 && marks[static_cast<std::size_t>(line)]);
     FocusLine(focusedLine);
+    rangeStart = focusedLine;
 }
 
 std::vector<bool> LayerList::Marks() const {
@@ -40,11 +60,33 @@ void LayerList::keyPressEvent(QKeyEvent* event) {
         return;
     }
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (!enter)
+    if (!enter && !ExtendRange(*event)) {
         ColumnList::keyPressEvent(event);
-    rangeStart = currentRow();
+        if (!(event->modifiers() & Qt::ShiftModifier))
+            rangeStart = currentRow();
+    }
     if (count() > 0)
         emit LineTouched(currentRow());
+}
+
+/// Shift and a key that moves through the lines. The toolkit's own range would start where its
+/// keyboard was last used, not at the line that was clicked since.
+bool LayerList::ExtendRange(const QKeyEvent& event) {
+    const std::optional<CursorAction> action = MoveOf(event.key());
+    if (!action || count() == 0 || !(event.modifiers() & Qt::ShiftModifier))
+        return false;
+    const QModelIndex next = moveCursor(*action, event.modifiers());
+    if (!next.isValid())
+        return true;
+    MarkRange(next.row());
+    FocusLine(next.row());
+    return true;
+}
+
+void LayerList::MarkRange(int line) {
+    const auto [from, to] = std::minmax(std::clamp(rangeStart, 0, count() - 1), line);
+    for (int i = 0; i < count(); ++i)
+        item(i)->setSelected(i >= from && i <= to);
 }
 
 void LayerList::keyReleaseEvent(QKeyEvent* event) {
@@ -68,10 +110,7 @@ void LayerList::focusOutEvent(QFocusEvent* event) {
 
 void LayerList::PressLine(int line, Qt::KeyboardModifiers modifiers) {
     if (modifiers & Qt::ShiftModifier) {
-        clearSelection();
-        const auto [from, to] = std::minmax(std::clamp(rangeStart, 0, count() - 1), line);
-        for (int i = from; i <= to; ++i)
-            item(i)->setSelected(true);
+        MarkRange(line);
     } else {
         rangeStart = line;
         // A press on a marked line may begin a drag of all marked ones: they stay until release.

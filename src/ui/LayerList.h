@@ -3,6 +3,8 @@
 #include "ui/ColumnList.h"
 #include "ui/DragPayload.h"
 
+#include <optional>
+
 namespace strativo {
 
 /// The layer list of a construction window.
@@ -41,6 +43,9 @@ protected:
     void ReleaseLine(int line, Qt::KeyboardModifiers modifiers) override;
 
 private:
+    static std::optional<CursorAction> MoveOf(int key);
+    bool ExtendRange(const QKeyEvent& event);
+    void MarkRange(int line);
     void ShowDropRow(int row);
 
     bool deletePressed = false;

@@ -35,8 +35,6 @@ void MaterialList::keyPressEvent(QKeyEvent* event) {
             emit CommandKeyPressed(event->key());
         return;
     }
-    if (event->modifiers() & Qt::ControlModifier && event->key() == Qt::Key_C)
-        return; // would copy the line into the system's clipboard
     ColumnList::keyPressEvent(event);
 }
 

@@ -7,6 +7,8 @@
 #include "edit/MenuStates.h"
 #include "project/FileCommands.h"
 #include "project/NewProject.h"
+#include "project/Recovery.h"
+#include "project/Settings.h"
 #include "ui/About_Strativo.h"
 #include "ui/AccessKeys.h"
 #include "ui/ChildWindow.h"
@@ -29,6 +31,28 @@
 #include <QUrl>
 
 namespace strativo {
+
+namespace {
+
+/// A file address may name the machine that it is on; that of another machine is no local file.
+bool IsOnThisMachine(const QUrl& url) {
+    const QString host = url.host();
+    return url.isLocalFile()
+           && (host.isEmpty() || host == QLatin1String("localhost")
+               || host.compare(QSysInfo::machineHostName(), Qt::CaseInsensitive) == 0);
+}
+
+/// The first page of the manual that comes with the program, installed or in the source tree.
+QString ManualPath() {
+    const QString installed =
+        QCoreApplication::applicationDirPath() + QStringLiteral("/../share/doc/strativo/manual/");
+    const QString firstPage = QStringLiteral("index.html");
+    return QFileInfo::exists(installed + firstPage)
+               ? installed + firstPage
+               : QStringLiteral(STRATIVO_SOURCE_MANUAL "/") + firstPage;
+}
+
+} // namespace
 
 UValueMDI::UValueMDI(QWidget* parent)
     : QMainWindow(parent), desktop(std::make_unique<QtDesktop>(*this)),
@@ -62,7 +86,8 @@ void UValueMDI::MDIForm_Load(const std::string& commandLine) {
         StartUp(project, ReadSettings(SettingsFiles()), *desktop);
         show();
         PlaceDialog();
-        FinishStartUp(project, commandLine, *desktop);
+        const bool recovered = OfferRecovery(project, RecoveryFolder(), *desktop);
+        FinishStartUp(project, recovered ? "" : commandLine, *desktop);
     });
 }
 
@@ -87,12 +112,20 @@ void UValueMDI::Perform(const std::function<void()>& action) {
     --performing;
     if (performing > 0 || ended)
         return;
+    EndProgress();
+    if (area->ActiveWasClosed())
+        ActivateCurrent();
     area->ShowVisible();
     RefreshStatus();
 }
 
+void UValueMDI::EndByRequest() {
+    Perform([this] { desktop->EndProgram(); });
+}
+
 void UValueMDI::EndProgram() {
     ended = true;
+    KeepRecoveryCopy(project, RecoveryFolder());
     QuitHelp();
     QApplication::exit(0);
 }
@@ -202,6 +235,11 @@ void UValueMDI::ActivateCurrent() {
         area->ActivateTop();
 }
 
+void UValueMDI::CloseActive() {
+    if (area->Active() != WindowArea::noWindow)
+        ChildCloseRequested(area->Active());
+}
+
 void UValueMDI::ShowDialog() {
     area->SetHidden(dialogId, false);
 }
@@ -220,7 +258,7 @@ void UValueMDI::RefreshGlassTypes() {
 void UValueMDI::ShowHelp() {
     if (help == nullptr)
         help = std::make_unique<HelpViewer>();
-    help->ShowContents(PathText(project.helpFile));
+    help->ShowContents(project.helpFile == noHelpFile ? ManualPath() : PathText(project.helpFile));
 }
 
 void UValueMDI::QuitHelp() {
@@ -241,7 +279,7 @@ void UValueMDI::closeEvent(QCloseEvent* event) {
 std::string UValueMDI::DroppedPath(const QDropEvent& event) const {
     const bool busy = performing > 0 || QApplication::activeModalWidget() != nullptr;
     const QList<QUrl> urls = event.mimeData()->urls();
-    if (busy || urls.size() != 1 || !urls.front().isLocalFile()
+    if (busy || urls.size() != 1 || !IsOnThisMachine(urls.front())
         || QFileInfo(urls.front().toLocalFile()).isDir())
         return "";
     return QByteArray::fromPercentEncoding(urls.front().path(QUrl::FullyEncoded).toLatin1())
@@ -263,16 +301,6 @@ void UValueMDI::dropEvent(QDropEvent* event) {
     event->accept();
     activateWindow();
     Perform([&] { OpenDroppedFiles(project, {path}, *desktop); });
-}
-
-void UValueMDI::keyPressEvent(QKeyEvent* event) {
-    const bool ctrl = event->modifiers() == Qt::ControlModifier;
-    if (event->key() == Qt::Key_F10)
-        menuBar()->setActiveAction(menuBar()->actions().front());
-    else if (ctrl && event->key() == Qt::Key_F4 && area->Active() != WindowArea::noWindow)
-        ChildCloseRequested(area->Active());
-    else
-        QMainWindow::keyPressEvent(event);
 }
 
 } // namespace strativo

@@ -34,6 +34,8 @@ public:
     void MDIForm_Load(const std::string& commandLine);
     /// The core has ended the program: the event loop need not be entered.
     bool HasEnded() const { return ended; }
+    /// Ends the program without a question; unsaved changes are kept as a recovery copy.
+    void EndByRequest();
 
     Project& TheProject() { return project; }
     WindowArea& Area() { return *area; }
@@ -62,7 +64,6 @@ protected:
     void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     using Command = void (*)(Project&, Desktop&);
@@ -118,9 +119,11 @@ private:
     void ActiveChanged(int id);
     void ChildCloseRequested(int id);
     void ActivateCurrent();
+    void CloseActive();
     void OpenGlassTypes();
     void PlaceDialog();
     void RefreshStatus();
+    void EndProgress();
     void Perform(const std::function<void()>& action);
     void EndProgram();
     std::string DroppedPath(const QDropEvent& event) const;

@@ -72,14 +72,10 @@ void UValueMDI::BuildMenus() {
 void UValueMDI::BuildFileMenu() {
     QMenu* menu = ui.Filemenu = AddMenu("Filemenu", tr("&File"));
     connect(menu, &QMenu::aboutToShow, this, &UValueMDI::Filemenu_Click);
-    AddItem(menu, "NewProject", tr("&New construction file"), [this] {
-        NewProject(project, *desktop);
-        ActivateCurrent();
-    });
-    AddItem(menu, "OpenProject", tr("&Open construction file..."), [this] {
-        OpenProject(project, *desktop);
-        ActivateCurrent();
-    });
+    AddItem(menu, "NewProject", tr("&New construction file"),
+            [this] { NewProject(project, *desktop); });
+    AddItem(menu, "OpenProject", tr("&Open construction file..."),
+            [this] { OpenProject(project, *desktop); });
     ui.SaveProject = AddItem(menu, "SaveProject", tr("&Save construction file"),
                              [this] { SaveProject(project, *desktop); });
     AddItem(menu, "SaveProjectAs", tr("Save construction file &as..."),
@@ -147,16 +143,20 @@ void UValueMDI::BuildHelpMenu() {
 }
 
 void UValueMDI::BuildShortcuts() {
-    const auto addKey = [this](QKeyCombination key, bool backwards) {
+    const auto addKey = [this](QKeyCombination key, const std::function<void()>& action) {
         auto* shortcut = new QShortcut(QKeySequence(key), this);
-        connect(shortcut, &QShortcut::activated, this,
-                [this, backwards] { Perform([&] { area->ActivateNext(backwards); }); });
+        connect(shortcut, &QShortcut::activated, this, [this, action] { Perform(action); });
     };
-    addKey(Qt::CTRL | Qt::Key_Tab, false);
-    addKey(Qt::CTRL | Qt::Key_F6, false);
-    addKey(Qt::CTRL | Qt::SHIFT | Qt::Key_Tab, true);
-    addKey(Qt::CTRL | Qt::SHIFT | Qt::Key_F6, true);
-    new AccessKeys([this] { return area->Content(area->Active()); }, this);
+    const auto next = [this] { area->ActivateNext(false); };
+    const auto previous = [this] { area->ActivateNext(true); };
+    addKey(Qt::CTRL | Qt::Key_Tab, next);
+    addKey(Qt::CTRL | Qt::Key_F6, next);
+    addKey(Qt::CTRL | Qt::SHIFT | Qt::Key_Tab, previous);
+    addKey(Qt::CTRL | Qt::SHIFT | Qt::Key_F6, previous);
+    addKey(Qt::CTRL | Qt::Key_F4, [this] { CloseActive(); });
+    addKey(Qt::NoModifier | Qt::Key_F10,
+           [this] { menuBar()->setActiveAction(menuBar()->actions().front()); });
+    new AccessKeys([this] { return area->Content(area->Active()); }, *menuBar(), this);
 }
 
 void UValueMDI::Filemenu_Click() {
@@ -176,7 +176,6 @@ void UValueMDI::Editmenu_Click() {
 
 void UValueMDI::CloseUValue_Click() {
     CloseConstruction(project, ActiveTag(), *desktop);
-    ActivateCurrent();
 }
 
 void UValueMDI::Edit_Click(Command command) {
@@ -260,6 +259,7 @@ void UValueMDI::BuildStatusBar() {
     ui.LibraryStatus = addLabel("LibraryStatus", 0);
     ui.Progress = new QProgressBar(this);
     ui.Progress->setObjectName(QStringLiteral("Progress"));
+    ui.Progress->setAccessibleName(tr("Part of the file read"));
     ui.Progress->setFixedSize(180, 16);
     ui.Progress->setRange(0, 1000);
     ui.Progress->hide();
@@ -281,15 +281,24 @@ void UValueMDI::RefreshStatus() {
     ui.LibraryStatus->setText(tr("Standard library: %1   User library: %2").arg(standard, user));
 }
 
+void UValueMDI::EndProgress() {
+    if (!reading.isValid())
+        return;
+    reading.invalidate();
+    QApplication::restoreOverrideCursor();
+    ui.Progress->hide();
+}
+
 void UValueMDI::ShowProgress(std::size_t done, std::size_t total) {
     constexpr qint64 patience = 500; // ms before the user is shown that something goes on
     if (done >= total) {
-        reading.invalidate();
-        ui.Progress->hide();
+        EndProgress();
         return;
     }
-    if (!reading.isValid())
+    if (!reading.isValid()) {
         reading.start();
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+    }
     if (reading.elapsed() < patience)
         return;
     // Drawn at once and without looking at any event, so that nothing else can begin meanwhile.

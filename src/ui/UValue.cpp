@@ -55,7 +55,9 @@ void UValue::ShowConstruction() {
     if (IsEmpty())
         return;
     const QSignalBlocker blocked(ui.TypeCombo);
-    ui.NameText->setText(ToText(Record().name));
+    // A name that is being typed stays; leaving the field decides about it.
+    if (!ui.NameText->isModified())
+        ui.NameText->setText(ToText(Record().name));
     ui.IndexText->setText(ToText(FormatGeneral(number)));
     ui.TypeCombo->setCurrentIndex(Record().type);
     ShowAbsorption(Record().type == transparentType);
@@ -178,12 +180,15 @@ void UValue::AbsorpText_LostFocus() {
 }
 
 void UValue::Construction_Click(int line) {
-    SelectLine(program.project, number, line, ui.Construction->Marks());
+    program.perform(
+        [&] { SelectLine(program.project, number, line, ui.Construction->Marks()); });
     ShowLayerFields();
 }
 
 void UValue::Construction_MouseMove(int line, bool ctrlHeld) {
-    if (!StartLayerDrag(program.project, number, line, ctrlHeld))
+    bool started = false;
+    program.perform([&] { started = StartLayerDrag(program.project, number, line, ctrlHeld); });
+    if (!started)
         return;
     RefreshLayerList();
     QStringList dragged;

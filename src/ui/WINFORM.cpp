@@ -61,6 +61,7 @@ void WinForm::BuildControls() {
 void WinForm::LayOut() {
     auto* columns = new QGridLayout(this);
     auto* buttons = new QVBoxLayout;
+    buttons->setSpacing(6);
     for (QPushButton* button : {ui.Addbut, ui.EditBut, ui.DelBut, ui.WFLoad})
         buttons->addWidget(button);
     buttons->addStretch();

@@ -49,15 +49,19 @@ void WindowArea::Close(int id) {
     const auto found = children.find(id);
     if (found == children.end())
         return;
+    ReleaseFocus(found->second);
     if (found->second.frame != nullptr) {
         // Its own event may be on the way through it.
         found->second.frame->hide();
         found->second.frame->deleteLater();
     }
+    FreeIconSlot(found->second);
     children.erase(found);
     order.erase(std::find(order.begin(), order.end(), id));
-    if (active == id)
+    if (active == id) {
         active = noWindow;
+        activeClosed = true;
+    }
     if (children.empty())
         opened = 0;
     changed = true;
@@ -80,8 +84,10 @@ void WindowArea::SetHidden(int id, bool hidden) {
         return;
     child.hidden = hidden;
     changed = true;
-    if (hidden && child.frame != nullptr)
+    if (hidden && child.frame != nullptr) {
+        ReleaseFocus(child);
         child.frame->hide();
+    }
     if (hidden && active == id)
         ActivateTop();
     ShowVisible();
@@ -95,13 +101,16 @@ void WindowArea::SetMinimised(int id, bool minimised) {
     Child& child = children.at(id);
     if (minimised == (child.iconSlot >= 0))
         return;
-    child.iconSlot = minimised ? FreeIconSlot() : -1;
+    if (minimised)
+        TakeIconSlot(child);
+    else
+        FreeIconSlot(child);
     changed = true;
     if (child.frame == nullptr)
         return;
-    if (minimised && child.frame->isAncestorOf(QApplication::focusWidget()))
-        child.frame->setFocus();
-    if (!minimised)
+    if (minimised)
+        ReleaseFocus(child);
+    else
         FillFrame(id, child);
     child.frame->SetMinimised(minimised);
     PlaceFrame(child);
@@ -126,23 +135,46 @@ void WindowArea::SetActive(int id) {
     if (before != children.end() && before->second.frame != nullptr)
         before->second.frame->SetActive(false);
     active = id;
+    activeClosed = false;
     if (id != noWindow)
         children.at(id).frame->SetActive(true);
     emit ActiveChanged(id);
 }
 
+/// A window that goes gives up the focus first: the toolkit would hand it to whatever control comes
+/// next, and so make another window active than the one that is on top.
+void WindowArea::ReleaseFocus(const Child& child) {
+    if (child.frame == nullptr)
+        return;
+    QWidget* focus = child.frame->window()->focusWidget(); // also while a box is in front
+    if (child.frame->isAncestorOf(focus))
+        focus->clearFocus();
+}
+
+/// Moves a window back whose title bar cannot be seen, since the area has become smaller.
+void WindowArea::BringWithinReach(Child& child) {
+    const QPoint wanted = ChildWindow::WithinReach(child.position, child.size, size());
+    if (wanted == child.position)
+        return;
+    child.position = wanted;
+    changed = true;
+    if (child.frame != nullptr)
+        PlaceFrame(child);
+}
+
 void WindowArea::Activate(int id) {
     SetHidden(id, false);
     SetMinimised(id, false);
+    BringWithinReach(children.at(id));
     Raise(id);
     const bool isNew = active != id;
     if (isNew)
         SetActive(id);
     Child& child = children.at(id);
     QWidget* content = child.frame->Content();
-    if (content != nullptr && !content->isAncestorOf(QApplication::focusWidget())) {
+    if (content != nullptr && !content->isAncestorOf(window()->focusWidget())) {
         QWidget* focus = child.lastFocus != nullptr ? child.lastFocus.data() : content;
-        focus->setFocus(Qt::ActiveWindowFocusReason);
+        focus->setFocus(Qt::OtherFocusReason);
     }
     ShowVisible();
 }
@@ -184,11 +216,12 @@ void WindowArea::Cascade() {
 }
 
 void WindowArea::ArrangeIcons() {
-    int slot = 0;
+    iconSlots.clear();
+    lowestFreeIcon = 0;
     for (auto& [id, child] : children) {
         if (child.iconSlot < 0)
             continue;
-        child.iconSlot = slot++;
+        TakeIconSlot(child);
         if (child.frame != nullptr)
             PlaceFrame(child);
     }
@@ -229,12 +262,23 @@ QPoint WindowArea::IconPosition(int slot) const {
     return {slot % perRow * icon.width(), height() - (slot / perRow + 1) * icon.height()};
 }
 
-int WindowArea::FreeIconSlot() const {
-    std::vector<bool> taken(children.size() + 1);
-    for (const auto& [id, child] : children)
-        if (child.iconSlot >= 0 && child.iconSlot < static_cast<int>(taken.size()))
-            taken[static_cast<std::size_t>(child.iconSlot)] = true;
-    return static_cast<int>(std::find(taken.begin(), taken.end(), false) - taken.begin());
+/// The lowest place that is free.
+void WindowArea::TakeIconSlot(Child& child) {
+    const auto free = std::find(iconSlots.begin() + lowestFreeIcon, iconSlots.end(), false);
+    child.iconSlot = static_cast<int>(free - iconSlots.begin());
+    if (free == iconSlots.end())
+        iconSlots.push_back(true);
+    else
+        *free = true;
+    lowestFreeIcon = child.iconSlot + 1;
+}
+
+void WindowArea::FreeIconSlot(Child& child) {
+    if (child.iconSlot < 0)
+        return;
+    iconSlots[static_cast<std::size_t>(child.iconSlot)] = false;
+    lowestFreeIcon = std::min(lowestFreeIcon, child.iconSlot);
+    child.iconSlot = -1;
 }
 
 /// So many windows lie beside each other before the cascade starts again in its corner.

@@ -50,6 +50,8 @@ public:
     /// The active window's number; noWindow when there is none.
     int Active() const { return active; }
     static constexpr int noWindow = -1000;
+    /// The active window was closed, and no other one has become active since.
+    bool ActiveWasClosed() const { return activeClosed; }
 
     void Cascade();
     void ArrangeIcons();
@@ -86,9 +88,12 @@ private:
 
     QRect Geometry(const Child& child) const;
     QPoint IconPosition(int slot) const;
-    int FreeIconSlot() const;
+    void TakeIconSlot(Child& child);
+    void FreeIconSlot(Child& child);
     int CascadeSteps() const;
     QPoint CascadePosition(int step) const;
+    static void ReleaseFocus(const Child& child);
+    void BringWithinReach(Child& child);
     void Raise(int id);
     void MakeFrame(int id);
     void ConnectFrame(int id, ChildWindow* frame);
@@ -104,6 +109,9 @@ private:
     std::map<int, Child> children;
     std::vector<int> order; ///< from the bottom to the top
     int active = noWindow;
+    bool activeClosed = false;
+    std::vector<bool> iconSlots; ///< places among the icons that are taken
+    int lowestFreeIcon = 0;      ///< no place below it is free
     int opened = 0; ///< counts the places of the cascade given out
     bool changed = false;
 };

@@ -1,7 +1,10 @@
+#include "project/Recovery.h"
+#include "ui/CrashGuard.h"
 #include "ui/STRATVMD.h"
 
 #include <QApplication>
 #include <QIcon>
+#include <QSocketNotifier>
 
 #include <string>
 
@@ -20,6 +23,7 @@ std::string CommandLine(int argc, char** argv) {
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
+    Q_INIT_RESOURCE(strativo); // lies in a library, which would otherwise be linked without it
     QApplication::setApplicationName(QStringLiteral("strativo"));
     QApplication::setDesktopFileName(QStringLiteral("strativo"));
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/strativo.png")));
@@ -27,6 +31,14 @@ int main(int argc, char** argv) {
     font.setPointSizeF(8.25);
     QApplication::setFont(font);
     strativo::UValueMDI window;
+    const strativo::CrashGuard guard(window.TheProject());
+    const QSocketNotifier endRequests(guard.EndRequests(), QSocketNotifier::Read);
+    QObject::connect(&endRequests, &QSocketNotifier::activated, &window,
+                     &strativo::UValueMDI::EndByRequest);
+    // A log-out asks nothing: the session may end before anybody has answered.
+    QObject::connect(&application, &QApplication::commitDataRequest, &window, [&window] {
+        strativo::KeepRecoveryCopy(window.TheProject(), strativo::RecoveryFolder());
+    });
     window.MDIForm_Load(CommandLine(argc, argv));
     return window.HasEnded() ? 0 : QApplication::exec();
 }
