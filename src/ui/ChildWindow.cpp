@@ -3,7 +3,6 @@
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QStyle>
 #include <QToolButton>
 
 #include <algorithm>
@@ -14,6 +13,26 @@ namespace {
 
 constexpr int buttonSize = 19;
 constexpr int margin = 4;
+
+enum class Glyph { minimise, restore, close };
+
+/// A button's sign in the colour of the caption, which the style's own pictures do not have.
+QIcon GlyphIcon(Glyph glyph, const QColor& colour, qreal pixelRatio) {
+    constexpr int size = 10;
+    QPixmap picture(QSize(size, size) * pixelRatio);
+    picture.setDevicePixelRatio(pixelRatio);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing, glyph == Glyph::close);
+    painter.setPen(QPen(colour, 1.5));
+    if (glyph == Glyph::minimise)
+        painter.drawLine(1, size - 2, size - 1, size - 2);
+    else if (glyph == Glyph::restore)
+        painter.drawRect(1, 1, size - 3, size - 3);
+    else
+        painter.drawLines({QLineF(1, 1, size - 1, size - 1), QLineF(1, size - 1, size - 1, 1)});
+    return QIcon(picture);
+}
 
 } // namespace
 
@@ -28,7 +47,6 @@ ChildWindow::ChildWindow(int windowId, QWidget* parent)
     closeButton->setToolTip(tr("Close"));
     connect(minimiseButton, &QToolButton::clicked, this, &ChildWindow::MinimiseToggled);
     connect(closeButton, &QToolButton::clicked, this, &ChildWindow::CloseRequested);
-    ShowButtonPictures();
     SetActive(false);
 }
 
@@ -44,11 +62,12 @@ QToolButton* ChildWindow::AddButton(const QString& objectName) {
 
 void ChildWindow::ShowButtonPictures() {
     const QString name = minimised ? tr("Restore") : tr("Minimise");
-    minimiseButton->setIcon(style()->standardIcon(minimised ? QStyle::SP_TitleBarNormalButton
-                                                            : QStyle::SP_TitleBarMinButton));
+    const QColor colour = title->palette().color(QPalette::WindowText);
+    const Glyph first = minimised ? Glyph::restore : Glyph::minimise;
+    minimiseButton->setIcon(GlyphIcon(first, colour, devicePixelRatioF()));
     minimiseButton->setAccessibleName(name);
     minimiseButton->setToolTip(name);
-    closeButton->setIcon(style()->standardIcon(QStyle::SP_TitleBarCloseButton));
+    closeButton->setIcon(GlyphIcon(Glyph::close, colour, devicePixelRatioF()));
 }
 
 QSize ChildWindow::SizeAround(QSize content) {
@@ -81,6 +100,7 @@ void ChildWindow::SetActive(bool nowActive) {
     colours.setColor(QPalette::WindowText,
                      colours.color(active ? QPalette::HighlightedText : QPalette::Text));
     title->setPalette(colours);
+    ShowButtonPictures();
     update();
 }
 

@@ -1,0 +1,157 @@
+#include "calc/LayerList.h"
+#include "edit/ConstructionEntry.h"
+#include "edit/LayerClipboard.h"
+#include "project/NewProject.h"
+#include "ui/ChildWindow.h"
+#include "ui/QtDesktop.h"
+#include "ui/STRATVMD.h"
+#include "ui/UValue.h"
+#include "ui/UvalsDialog.h"
+#include "ui/WINPRO.h"
+#include "ui/WindowArea.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QDir>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTimer>
+
+// Drives the program's own windows and saves pictures of them for README and manual.
+
+namespace {
+
+using namespace strativo;
+
+class Photographer {
+public:
+    Photographer(UValueMDI& mainWindow, const QString& targetFolder)
+        : window(mainWindow), folder(targetFolder) {}
+
+    void TakeAll() {
+        Settle();
+        Save(&window, "main-window");
+        Save(Frame(3), "construction-window");
+        Save(FrameOf(&window.Dialog()), "select-material");
+        Trigger("EditWin");
+        Settle();
+        Save(FrameOf(Find("WinList")), "glass-types");
+        SaveGlassEditor();
+        BuildTutorialWall();
+        BuildTutorialGlazing();
+    }
+
+private:
+    void Settle() { QApplication::processEvents(); }
+
+    void Save(QWidget* widget, const char* name) {
+        Settle();
+        widget->grab().save(folder + QLatin1Char('/') + QLatin1String(name)
+                            + QStringLiteral(".png"));
+    }
+
+    QWidget* Find(const char* objectName) {
+        return window.findChild<QWidget*>(QLatin1String(objectName));
+    }
+
+    void Trigger(const char* item) { window.findChild<QAction*>(QLatin1String(item))->trigger(); }
+
+    QWidget* FrameOf(QWidget* widget) {
+        while (qobject_cast<ChildWindow*>(widget) == nullptr)
+            widget = widget->parentWidget();
+        return widget;
+    }
+
+    QWidget* Frame(int construction) {
+        window.Area().Activate(construction);
+        Settle();
+        return FrameOf(window.Area().Content(construction));
+    }
+
+    void SaveGlassEditor() {
+        auto* list = static_cast<QListWidget*>(Find("WinList"));
+        list->setCurrentRow(2);
+        window.TheProject().selectedProfileColumn = 8;
+        QTimer::singleShot(0, &window, [this] {
+            Save(QApplication::activeModalWidget(), "glass-editor");
+            static_cast<QDialog*>(QApplication::activeModalWidget())->reject();
+        });
+        emit list->itemClicked(list->item(2));
+        static_cast<QPushButton*>(Find("EditBut"))->setEnabled(true);
+        static_cast<QPushButton*>(Find("EditBut"))->click();
+    }
+
+    /// Pastes the standard material of that name behind the last layer.
+    void Append(const char* name) {
+        Project& project = window.TheProject();
+        project.shownLibrary = standardLibraryNumber;
+        for (int slot = 1; slot <= MaterialCount(project.standardLibrary); ++slot)
+            if (project.standardLibrary[slot].name == name)
+                project.selectedMaterial = slot;
+        Construction& construction = project.constructions[project.currentConstruction];
+        construction.currentLayer = static_cast<std::int16_t>(LayerCount(construction));
+        TakeMaterial(project);
+        PasteLayers(project, desktop);
+    }
+
+    void StartConstruction(const char* name, std::int16_t type) {
+        Trigger("NewUValue");
+        Project& project = window.TheProject();
+        project.constructions[project.currentConstruction].name = name;
+        project.constructions[project.currentConstruction].type = type;
+    }
+
+    void SetLayer(int layer, double thickness, float absorption) {
+        Project& project = window.TheProject();
+        Construction& construction = project.constructions[project.currentConstruction];
+        construction.layers.Edit(layer).thickness = thickness;
+        construction.layers.Edit(layer).absorption = absorption;
+        construction.currentLayer = static_cast<std::int16_t>(layer);
+        ClearMarks(construction);
+        construction.layers.Edit(layer).selected = true;
+        RefreshLayerList(project, project.currentConstruction, desktop);
+    }
+
+    void BuildTutorialWall() {
+        StartConstruction("External wall", opaqueType);
+        for (const char* material : {"BRICK CLAY 1920", "CAVITY Type 1 NORMAL", "MINERAL WOOL 60",
+                                     "CONCRETE BLOCK LIGHT 1380", "PLASTER GYPSUM 1000"})
+            Append(material);
+        const int number = window.TheProject().currentConstruction;
+        Save(Frame(number), "tutorial-layers");
+        const double thicknesses[] = {102, 50, 100, 100, 13};
+        for (int layer = 1; layer <= LayerCount(window.TheProject().constructions[number]); ++layer)
+            SetLayer(layer, thicknesses[layer - 1], 0);
+        Save(Frame(number), "tutorial-wall");
+    }
+
+    void BuildTutorialGlazing() {
+        StartConstruction("Double glazing", transparentType);
+        for (const char* material :
+             {"GLASS SODA LIME 2500", "CAVITY Type 11 ISO15099", "GLASS SODA LIME 2500"})
+            Append(material);
+        SetLayer(1, 6, 0.15F);
+        SetLayer(2, 12, 0);
+        SetLayer(3, 6, 0.12F);
+        Save(Frame(window.TheProject().currentConstruction), "tutorial-glazing");
+    }
+
+    UValueMDI& window;
+    QtDesktop desktop{window};
+    QString folder;
+};
+
+} // namespace
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    QFont font = QApplication::font();
+    font.setPointSizeF(8.25);
+    QApplication::setFont(font);
+    UValueMDI window;
+    const QString folder = QDir(QString::fromLocal8Bit(argv[1])).absolutePath();
+    QDir::setCurrent(QString::fromLocal8Bit(argv[2]));
+    window.MDIForm_Load("house.con");
+    Photographer(window, folder).TakeAll();
+    return 0;
+}
