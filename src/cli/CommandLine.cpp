@@ -24,6 +24,11 @@ struct WrongUsage : std::runtime_error {
     const Command* command; ///< null when none is known
 };
 
+std::string FirstName(const Option& option) {
+    const std::string names = option.names;
+    return names.substr(0, names.find(','));
+}
+
 void AddOptions(CLI::App& app, Invocation& call) {
     app.set_help_flag();
     for (const Option& option : options) {
@@ -50,22 +55,35 @@ std::vector<std::string> Operands(const CLI::App& app) {
     return operands;
 }
 
-Invocation Parse(int argc, const char* const* argv) {
+struct Arguments {
     Invocation call;
+    unsigned ownOptions = noOption; ///< those given, of OwnOptions
+};
+
+/// Notes the options that only some commands know, and refuses empty texts.
+void CheckGiven(const CLI::App& app, Arguments& arguments) {
+    for (const Option& option : options) {
+        if (app.count(FirstName(option)) == 0)
+            continue;
+        arguments.ownOptions |= option.ownOption;
+        if (option.text != nullptr && (arguments.call.*option.text).empty())
+            throw WrongUsage(FirstName(option) + " needs a text that is not empty", nullptr);
+    }
+}
+
+Arguments Parse(int argc, const char* const* argv) {
+    Arguments arguments;
     CLI::App app;
-    AddOptions(app, call);
+    AddOptions(app, arguments.call);
     app.allow_extras();
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
         throw WrongUsage(PathToUtf8(error.what()), nullptr);
     }
-    call.operands = Operands(app);
-    for (const Option& option : options)
-        if (option.text != nullptr && app.count(option.names) > 0 && (call.*option.text).empty())
-            throw WrongUsage(std::string(option.names) + " needs a text that is not empty",
-                             nullptr);
-    return call;
+    arguments.call.operands = Operands(app);
+    CheckGiven(app, arguments);
+    return arguments;
 }
 
 /// Takes the command's name off the operands; null where there are none.
@@ -79,17 +97,14 @@ const Command* TakeCommand(Invocation& call) {
     return command;
 }
 
-void CheckOptions(const Invocation& call, const Command& command) {
-    const Invocation defaults;
-    for (const Option& option : options) {
-        const bool given =
-            option.flag != nullptr ? call.*option.flag : call.*option.text != defaults.*option.text;
-        if (given && option.ownOption != noOption && (command.options & option.ownOption) == 0)
-            throw WrongUsage(std::string(option.names) + " is no option of " + command.name,
-                             &command);
-    }
-    if (!IsSortKey(call.sortKey))
-        throw WrongUsage("--sort knows no order " + PathToUtf8(call.sortKey), &command);
+void CheckOptions(const Arguments& arguments, const Command& command) {
+    const unsigned foreign = arguments.ownOptions & ~command.options;
+    for (const Option& option : options)
+        if ((option.ownOption & foreign) != 0)
+            throw WrongUsage(FirstName(option) + " is no option of " + command.name, &command);
+    const std::string& key = arguments.call.sortKey;
+    if (!IsSortKey(key))
+        throw WrongUsage("--sort knows no order " + PathToUtf8(key), &command);
 }
 
 void CheckOperands(const Invocation& call, const Command& command) {
@@ -102,7 +117,8 @@ void CheckOperands(const Invocation& call, const Command& command) {
 }
 
 int Dispatch(int argc, const char* const* argv, std::ostream& out, std::ostream& err) {
-    Invocation call = Parse(argc, argv);
+    Arguments arguments = Parse(argc, argv);
+    Invocation& call = arguments.call;
     const Command* command = TakeCommand(call);
     if (call.help) {
         PrintHelp(out, command);
@@ -114,7 +130,7 @@ int Dispatch(int argc, const char* const* argv, std::ostream& out, std::ostream&
     }
     if (command == nullptr)
         throw WrongUsage("no command given", nullptr);
-    CheckOptions(call, *command);
+    CheckOptions(arguments, *command);
     CheckOperands(call, *command);
     return command->run(call, out, err);
 }

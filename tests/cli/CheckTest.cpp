@@ -1,0 +1,149 @@
+#include "cli/CommandRun.h"
+
+#include <algorithm>
+#include <gmock/gmock.h>
+
+namespace strativo {
+namespace {
+
+using nlohmann::json;
+
+struct RuleCase {
+    const char* name;
+    std::string bytes;
+    std::string line;    ///< of the text output
+    std::string finding; ///< of the JSON output
+};
+
+std::string GlassFile(const std::vector<std::string>& lines) {
+    std::vector<std::string> all = {standardLine, "!WINDOW = 'G'"};
+    all.insert(all.end(), lines.begin(), lines.end());
+    return Lines(all);
+}
+
+class CheckRule : public CliTest, public testing::WithParamInterface<RuleCase> {
+protected:
+    CheckRule() {
+        folder.Write("std.lby", standardLibraryBytes);
+        folder.Write("user.lby", userLibraryBytes);
+        folder.Write("a.con", GetParam().bytes);
+    }
+};
+
+TEST_P(CheckRule, IsOneLine) {
+    const RunResult result = RunTool({"check", "a.con"});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.err, "");
+    EXPECT_EQ(result.out, "a.con: " + GetParam().line + "\n");
+}
+
+TEST_P(CheckRule, IsOneJsonObject) {
+    const RunResult result = RunTool({"check", "--json", "a.con"});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.err, "");
+    json expected = {{"file", "a.con"}, {"messages", json::array()}, {"ended", false}};
+    json finding = json::parse(GetParam().finding);
+    finding["rule"] = GetParam().line.substr(0, GetParam().line.find(':'));
+    finding["text"] = GetParam().line.substr(GetParam().line.find(": ") + 2);
+    expected["findings"] = {finding};
+    EXPECT_EQ(Document(result), json({expected}));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cli, CheckRule,
+    testing::Values(
+        RuleCase{"ZeroThickness", WallFile({"_ 1 =       12      0.000      0            * x"}),
+                 "zero-thickness: Construction 1 \"Wall\": at least one zero thickness",
+                 R"({"construction": 1, "name": "Wall"})"},
+        RuleCase{"ZeroAbsorption",
+                 Lines({standardLine, "!CONSTRUCTION 'Pane'", "!TYPE TRANSPARENT",
+                        "_ 1 =       12      0.004      0      0.00      * x", "!END"}),
+                 "zero-absorption: Construction 1 \"Pane\": a total absorption equal to zero",
+                 R"({"construction": 1, "name": "Pane"})"},
+        RuleCase{"UnlinkedMaterial", WallFile({"_ 1 =       13      0.100      0            * x"}),
+                 "unlinked-material: Construction 1 \"Wall\", layer 1: "
+                 "material 13 is not in the standard library",
+                 R"({"construction": 1, "layer": 1, "name": "Wall"})"},
+        RuleCase{"UnlinkedUserMaterial",
+                 WallFile({standardLine, userLine},
+                          {brickPart, "_ 2 =      @30      0.100      0            * x"}),
+                 "unlinked-material: Construction 1 \"Wall\", layer 2: "
+                 "material 30 is not in the user library",
+                 R"({"construction": 1, "layer": 2, "name": "Wall"})"},
+        RuleCase{"UnknownCavity",
+                 WallFile({brickPart, "_ 2 =       -4      0.100      0            * x"}),
+                 "unknown-cavity: Construction 1 \"Wall\", layer 2: no cavity type has the code -4",
+                 R"({"construction": 1, "layer": 2, "name": "Wall"})"},
+        RuleCase{"NoLayers", WallFile({}), "no-layers: Construction 1 \"Wall\": no layers",
+                 R"({"construction": 1, "name": "Wall"})"},
+        RuleCase{"DuplicateGlassName", GlassFile({"!END", "!WINDOW = 'G'", "!END"}),
+                 "duplicate-glass-name: Glass type 2 \"G\": an earlier one has this name too",
+                 R"({"glassType": 2, "name": "G"})"},
+        RuleCase{"GlassValueRange", GlassFile({"!DIFFUSION =", "0, 0, 0, 0, 1.2", "!END"}),
+                 "glass-value-range: Glass type 1 \"G\": diffusion at 30 degrees is 1.2",
+                 R"({"glassType": 1, "name": "G"})"},
+        RuleCase{"GlassEnergyBalance",
+                 GlassFile({"!TRANSMISSION =", "0.7, 0.7, 0.7", "!ABSORPTION =", "0.3, 0.3, 0.31",
+                            "!END"}),
+                 "glass-energy-balance: Glass type 1 \"G\": transmission and absorption "
+                 "at 10 degrees add up to 1.01",
+                 R"({"glassType": 1, "name": "G"})"}),
+    [](const auto& test) { return test.param.name; });
+
+class Check : public CliTest {
+protected:
+    Check() {
+        folder.Write("std.lby", standardLibraryBytes);
+        folder.Write("good.con", WallFile({brickPart}));
+        folder.Write("empty.con", WallFile({}));
+        folder.Write("broken.con", WallFile({}) + "!CONSTRUCTION 'Broken\r\n");
+    }
+};
+
+TEST_F(Check, FindsNothingInAGoodFile) {
+    const RunResult result = RunTool({"check", "good.con"});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.out, "");
+    EXPECT_EQ(result.err, "");
+    EXPECT_EQ(Document(RunTool({"check", "--json", "good.con"}))[0]["findings"], json::array());
+}
+
+TEST_F(Check, FindsNothingInTheHouse) {
+    const RunResult result =
+        RunTool({"check", std::string(STRATIVO_SOURCE) + "/data/examples/house.con"});
+    EXPECT_EQ(result.status, 0) << result.out;
+    EXPECT_EQ(result.err, "");
+}
+
+TEST_F(Check, FindingsOfOneFileMakeTheStatusOfAll) {
+    const RunResult result = RunTool({"check", "good.con", "empty.con", "good.con"});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.out, "empty.con: no-layers: Construction 1 \"Wall\": no layers\n");
+}
+
+TEST_F(Check, AFileThatCannotBeReadWeighsMoreThanFindings) {
+    const RunResult result = RunTool({"check", "empty.con", "gone.con", "empty.con"});
+    EXPECT_EQ(result.status, 3);
+    EXPECT_EQ(result.err, "strativo-cli: gone.con: Command line error "
+                          "Construction file (p) is missing.\n");
+    EXPECT_EQ(std::count(result.out.begin(), result.out.end(), '\n'), 2);
+}
+
+TEST_F(Check, LooksForNothingInAFileThatWasNotReadToItsEnd) {
+    const RunResult result = RunTool({"check", "broken.con"});
+    EXPECT_EQ(result.status, 3);
+    EXPECT_EQ(result.out, "");
+    EXPECT_EQ(result.err, "strativo-cli: broken.con: Command line error "
+                          "Construction file (p) is incorrect version\n");
+}
+
+TEST_F(Check, DecodesNamesAsWindows1252) {
+    folder.Write("a.con", Lines({standardLine, "!CONSTRUCTION 'D\xE4mmung'", "!END"}));
+    EXPECT_EQ(RunTool({"check", "a.con"}).out,
+              "a.con: no-layers: Construction 1 \"D\u00E4mmung\": no layers\n");
+    EXPECT_EQ(Document(RunTool({"check", "--json", "a.con"}))[0]["findings"][0]["name"],
+              "D\u00E4mmung");
+}
+
+} // namespace
+} // namespace strativo

@@ -1,0 +1,194 @@
+#include "cli/CommandRun.h"
+
+#include <gmock/gmock.h>
+
+namespace strativo {
+namespace {
+
+using testing::HasSubstr;
+using testing::StartsWith;
+
+struct WrongUse {
+    const char* name;
+    std::vector<std::string> arguments;
+    std::string message;
+    std::string usage;
+};
+
+const std::string generalUsage = "Usage: strativo-cli [OPTIONS] COMMAND FILE... "
+                                 "(strativo-cli --help lists the commands)";
+
+class WrongUsage : public CliTest, public testing::WithParamInterface<WrongUse> {};
+
+TEST_P(WrongUsage, GivesAMessageAndAUsageLine) {
+    const RunResult result = RunTool(GetParam().arguments);
+    EXPECT_EQ(result.status, 2);
+    EXPECT_EQ(result.out, "");
+    EXPECT_EQ(result.err, "strativo-cli: " + GetParam().message + "\n" + GetParam().usage + "\n");
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cli, WrongUsage,
+    testing::Values(
+        WrongUse{"NoCommand", {}, "no command given", generalUsage},
+        WrongUse{"OnlyOptions", {"--json"}, "no command given", generalUsage},
+        WrongUse{"UnknownCommand", {"frob", "a.con"}, "unknown command frob", generalUsage},
+        WrongUse{"UnknownOption", {"show", "--frob", "a"}, "unknown option --frob", generalUsage},
+        WrongUse{"UnknownShortOption", {"show", "-x", "a"}, "unknown option -x", generalUsage},
+        WrongUse{"NoFile",
+                 {"show"},
+                 "show takes FILE.con...",
+                 "Usage: strativo-cli [OPTIONS] show FILE.con..."},
+        WrongUse{"NoFileToCheck",
+                 {"check", "--json"},
+                 "check takes FILE.con...",
+                 "Usage: strativo-cli [OPTIONS] check FILE.con..."},
+        WrongUse{"NoTarget",
+                 {"rewrite", "a.con"},
+                 "rewrite takes FILE.con OUT.con",
+                 "Usage: strativo-cli [OPTIONS] rewrite FILE.con OUT.con"},
+        WrongUse{"TooManyFiles",
+                 {"rewrite", "a", "b", "c"},
+                 "rewrite takes FILE.con OUT.con",
+                 "Usage: strativo-cli [OPTIONS] rewrite FILE.con OUT.con"},
+        WrongUse{"TooFewToImport",
+                 {"import-glass", "a", "b"},
+                 "import-glass takes FILE.con FROM.con OUT.con",
+                 "Usage: strativo-cli [OPTIONS] import-glass FILE.con FROM.con OUT.con"},
+        WrongUse{"TwoLibraries",
+                 {"materials", "a", "b"},
+                 "materials takes LIB.lby",
+                 "Usage: strativo-cli [OPTIONS] materials LIB.lby"},
+        WrongUse{"EmptyFileName",
+                 {"show", ""},
+                 "a file name is empty",
+                 "Usage: strativo-cli [OPTIONS] show FILE.con..."},
+        WrongUse{"EmptyOption",
+                 {"show", "--standard", "", "a"},
+                 "--standard needs a text that is not empty",
+                 generalUsage},
+        WrongUse{"JsonToRewrite",
+                 {"rewrite", "--json", "a", "b"},
+                 "--json is no option of rewrite",
+                 "Usage: strativo-cli [OPTIONS] rewrite FILE.con OUT.con"},
+        WrongUse{"UserToShow",
+                 {"show", "--user", "a"},
+                 "--user is no option of show",
+                 "Usage: strativo-cli [OPTIONS] show FILE.con..."},
+        WrongUse{"SortToCheck",
+                 {"check", "--sort", "density", "a"},
+                 "--sort is no option of check",
+                 "Usage: strativo-cli [OPTIONS] check FILE.con..."},
+        WrongUse{"DefaultSortToCheck",
+                 {"check", "--sort", "name", "a"},
+                 "--sort is no option of check",
+                 "Usage: strativo-cli [OPTIONS] check FILE.con..."},
+        WrongUse{"UnknownOrder",
+                 {"materials", "--sort", "colour", "a"},
+                 "--sort knows no order colour",
+                 "Usage: strativo-cli [OPTIONS] materials LIB.lby"}),
+    [](const auto& test) { return test.param.name; });
+
+class Usage : public CliTest {};
+
+TEST_F(Usage, AnOptionWithoutItsTextIsWrong) {
+    const RunResult result = RunTool({"show", "a.con", "--standard"});
+    EXPECT_EQ(result.status, 2);
+    EXPECT_THAT(result.err, StartsWith("strativo-cli: --standard"));
+    EXPECT_THAT(result.err, HasSubstr("\n" + generalUsage + "\n"));
+}
+
+TEST_F(Usage, AnOptionGivenTwiceIsWrong) {
+    const RunResult result =
+        RunTool({"--standard", "a.lby", "show", "a.con", "--standard", "b.lby"});
+    EXPECT_EQ(result.status, 2);
+    EXPECT_THAT(result.err, StartsWith("strativo-cli: --standard"));
+}
+
+TEST_F(Usage, HelpNamesEveryCommandAndOptionWithExamples) {
+    const RunResult result = RunTool({"--help"});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.err, "");
+    for (const char* text :
+         {"show FILE.con...", "check FILE.con...", "rewrite FILE.con OUT.con",
+          "import-glass FILE.con FROM.con OUT.con", "materials LIB.lby", "--standard LIB.lby",
+          "--user-library LIB.lby", "--json", "--user ", "--sort KEY", "--help", "--version",
+          "Exit status: 0 all well", "Examples:\n  strativo-cli show house.con\n"})
+        EXPECT_THAT(result.out, HasSubstr(text));
+}
+
+TEST_F(Usage, EachCommandHasAHelpOfItsOwn) {
+    for (const char* command : {"show", "check", "rewrite", "import-glass", "materials"}) {
+        const RunResult result = RunTool({command, "--help"});
+        EXPECT_EQ(result.status, 0);
+        EXPECT_EQ(result.err, "");
+        EXPECT_THAT(result.out,
+                    StartsWith(std::string("Usage: strativo-cli [OPTIONS] ") + command + " "));
+        EXPECT_THAT(result.out, HasSubstr("Examples:\n  strativo-cli "));
+        EXPECT_EQ(RunTool({"--help", command}).out, result.out);
+    }
+}
+
+TEST_F(Usage, ACommandsHelpLeavesOutOptionsOfOthers) {
+    const std::string help = RunTool({"rewrite", "--help"}).out;
+    EXPECT_THAT(help, HasSubstr("--standard"));
+    EXPECT_THAT(help, testing::Not(HasSubstr("--json")));
+    EXPECT_THAT(help, testing::Not(HasSubstr("--sort")));
+    EXPECT_THAT(RunTool({"materials", "--help"}).out, HasSubstr("--sort KEY"));
+}
+
+TEST_F(Usage, VersionIsOneLine) {
+    const RunResult result = RunTool({"--version"});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.out, "strativo-cli 2.1.0\n");
+    EXPECT_EQ(result.err, "");
+}
+
+TEST_F(Usage, OptionsStandBeforeOrAfterTheCommand) {
+    folder.Write("std.lby", standardLibraryBytes);
+    folder.Write("a.con", WallFile({"!MATERIALS FILE = 'gone.lby'"}, {brickPart}));
+    const RunResult before = RunTool({"--standard", "std.lby", "--json", "show", "a.con"});
+    EXPECT_EQ(before.status, 0);
+    for (const std::vector<std::string>& arguments : std::vector<std::vector<std::string>>{
+             {"show", "--standard", "std.lby", "--json", "a.con"},
+             {"show", "a.con", "--json", "--standard=std.lby"},
+             {"--json", "show", "a.con", "--standard", "std.lby"}})
+        EXPECT_EQ(RunTool(arguments).out, before.out);
+}
+
+TEST_F(Usage, FilesMayHaveTheNamesOfCommandsAndOptions) {
+    folder.Write("std.lby", standardLibraryBytes);
+    const std::string expected = "Construction 1  Wall  (Opaque)\n"
+                                 "  Indicative Uvalue W/Cm2  n/a\n";
+    for (const char* name : {"show", "check", "--json", "-x.con"}) {
+        folder.Write(name, WallFile({}));
+        const RunResult result = RunTool({"show", "--", name});
+        EXPECT_EQ(result.status, 0) << result.err;
+        EXPECT_EQ(result.out, expected);
+    }
+    EXPECT_EQ(RunTool({"show", "show"}).out, expected);
+}
+
+TEST_F(Usage, APathInSquareBracketsIsOnePath) {
+    folder.Write("std.lby", standardLibraryBytes);
+    folder.Write("[a,b]", WallFile({}));
+    const RunResult result = RunTool({"show", "[a,b]"});
+    EXPECT_EQ(result.status, 0) << result.err;
+    EXPECT_EQ(result.err, "");
+}
+
+TEST_F(Usage, ASingleBlankIsAFileName) {
+    folder.Write(" ", standardLibraryBytes);
+    folder.Write("a.con", WallFile({"!MATERIALS FILE = 'gone.lby'"}, {brickPart}));
+    EXPECT_EQ(RunTool({"materials", " "}).status, 0);
+    EXPECT_EQ(RunTool({"rewrite", "--standard", " ", "a.con", "b.con"}).status, 0);
+    EXPECT_EQ(RunTool({"rewrite", "--standard", "./ ", "a.con", "c.con"}).status, 0);
+    EXPECT_EQ(folder.Read("b.con"), folder.Read("c.con"));
+    folder.Write("std.lby", standardLibraryBytes);
+    folder.Write("a.con", WallFile({brickPart}));
+    EXPECT_EQ(RunTool({"rewrite", "a.con", " "}).status, 0);
+    EXPECT_EQ(RunTool({"show", " "}).out, RunTool({"show", "a.con"}).out);
+}
+
+} // namespace
+} // namespace strativo
