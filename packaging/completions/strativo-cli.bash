@@ -2,8 +2,8 @@
 
 _strativo_cli() {
     local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]}
-    local commands="show check rewrite import-glass materials"
-    local options="--standard --user-library --json --user --sort --csv --help --version"
+    local commands="show check rewrite import-glass report materials"
+    local options="--standard --user-library --json --user --sort --csv --output --help --version"
     case $previous in
     --sort)
         mapfile -t COMPREPLY < <(compgen -W "name conductivity density specific-heat file" -- "$current")

@@ -1,6 +1,6 @@
 # fish completion for strativo and strativo-cli
 
-set -l commands show check rewrite import-glass materials
+set -l commands show check rewrite import-glass report materials
 
 complete -c strativo -k -x -a "(__fish_complete_suffix .con)"
 complete -c strativo-cli -f
@@ -8,11 +8,14 @@ complete -c strativo-cli -n "not __fish_seen_subcommand_from $commands" -a show 
 complete -c strativo-cli -n "not __fish_seen_subcommand_from $commands" -a check -d "Print findings"
 complete -c strativo-cli -n "not __fish_seen_subcommand_from $commands" -a rewrite -d "Read one file and write another"
 complete -c strativo-cli -n "not __fish_seen_subcommand_from $commands" -a import-glass -d "Import glass definitions"
+complete -c strativo-cli -n "not __fish_seen_subcommand_from $commands" -a report -d "One HTML page to print"
 complete -c strativo-cli -n "not __fish_seen_subcommand_from $commands" -a materials -d "List a material library"
 complete -c strativo-cli -n "__fish_seen_subcommand_from materials" -k -a "(__fish_complete_suffix .lby)"
-complete -c strativo-cli -n "__fish_seen_subcommand_from show check rewrite import-glass" -k -a "(__fish_complete_suffix .con)"
+complete -c strativo-cli -n "__fish_seen_subcommand_from show check rewrite import-glass report" -k -a "(__fish_complete_suffix .con)"
 complete -c strativo-cli -n "__fish_seen_subcommand_from materials" -l user -d "The library has the user layout"
 complete -c strativo-cli -n "__fish_seen_subcommand_from materials" -l sort -x -a "name conductivity density specific-heat file" -d "Order"
+complete -c strativo-cli -n "__fish_seen_subcommand_from report" -s o -l output -r -F -d "File to write"
+complete -c strativo-cli -n "__fish_seen_subcommand_from show" -l csv -d "One row per layer"
 complete -c strativo-cli -l json -d "Machine-readable output"
 complete -c strativo-cli -l standard -r -k -a "(__fish_complete_suffix .lby)" -d "Standard library"
 complete -c strativo-cli -l user-library -r -k -a "(__fish_complete_suffix .lby)" -d "User library"

@@ -9,11 +9,12 @@
 
 namespace strativo {
 
-const std::array<Command, 5> commands = {{
+const std::array<Command, 6> commands = {{
     {"show", "FILE.con...", "each construction as its window shows it, then the glass types",
      "  strativo-cli show house.con\n"
-     "  strativo-cli show --json *.con | jq '.[].constructions[].result'\n",
-     1, true, jsonOption, Show},
+     "  strativo-cli show --json *.con | jq '.[].constructions[].result'\n"
+     "  strativo-cli show --csv *.con > layers.csv\n",
+     1, true, jsonOption | csvOption, Show},
     {"check", "FILE.con...", "findings, one a line; exit 1 when there is any",
      "  strativo-cli check house.con\n"
      "  strativo-cli check --json --standard stdmat.lby *.con\n",
@@ -26,18 +27,23 @@ const std::array<Command, 5> commands = {{
      "read FILE.con, import FROM.con's glass definitions, write OUT.con",
      "  strativo-cli import-glass house.con glazing.con house.con\n", 3, false, noOption,
      ImportGlass},
+    {"report", "FILE.con", "one HTML page to print: sections, layers, U-values, glass, findings",
+     "  strativo-cli report house.con -o house.html\n", 1, false, outputOption, WriteReport},
     {"materials", "LIB.lby", "the library as the Select Material dialog lists it",
      "  strativo-cli materials stdmat.lby --sort conductivity\n"
      "  strativo-cli materials --user user.lby --json\n",
      1, false, jsonOption | userOption | sortOption, Materials},
 }};
 
-const std::array<Option, 7> options = {{
+const std::array<Option, 9> options = {{
     {"--standard", "LIB.lby", "answer to the prompt for the standard library, and its default path",
      noOption, nullptr, &Invocation::standardLibrary},
     {"--user-library", "LIB.lby", "answer to the prompt for the user library", noOption, nullptr,
      &Invocation::userLibrary},
     {"--json", "", "machine-readable output", jsonOption, &Invocation::json, nullptr},
+    {"--csv", "", "a table with one row per layer", csvOption, &Invocation::csv, nullptr},
+    {"-o,--output", "FILE", "write there; default: standard output", outputOption, nullptr,
+     &Invocation::output},
     {"--user", "", "LIB.lby has the user layout; default: the standard layout", userOption,
      &Invocation::user, nullptr},
     {"--sort", "KEY", "name (default), conductivity, density, specific-heat, file (as stored)",

@@ -10,7 +10,14 @@
 namespace strativo {
 
 /// Options that only some commands know, as bits.
-enum OwnOptions : unsigned { noOption = 0, jsonOption = 1, userOption = 2, sortOption = 4 };
+enum OwnOptions : unsigned {
+    noOption = 0,
+    jsonOption = 1,
+    userOption = 2,
+    sortOption = 4,
+    csvOption = 8,
+    outputOption = 16
+};
 
 struct Command {
     const char* name;
@@ -33,8 +40,8 @@ struct Option {
     std::string Invocation::*text;
 };
 
-extern const std::array<Command, 5> commands;
-extern const std::array<Option, 7> options;
+extern const std::array<Command, 6> commands;
+extern const std::array<Option, 9> options;
 
 /// The command of that name, or null.
 const Command* FindCommand(std::string_view name);

@@ -11,7 +11,9 @@ struct Invocation {
     std::string standardLibrary; ///< "" when not given
     std::string userLibrary;     ///< likewise
     std::string sortKey = "name";
+    std::string output; ///< "" for standard output
     bool json = false;
+    bool csv = false;
     bool user = false;
     bool help = false;
     bool version = false;

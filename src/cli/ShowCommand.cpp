@@ -1,5 +1,6 @@
 #include "calc/LayerList.h"
 #include "cli/Commands.h"
+#include "cli/CsvOutput.h"
 #include "cli/JsonRecords.h"
 #include "cli/Session.h"
 #include "edit/ConstructionSlots.h"
@@ -146,9 +147,23 @@ int ShowAsText(const Invocation& call, std::ostream& out, std::ostream& err) {
     return status;
 }
 
+int ShowAsCsv(const Invocation& call, std::ostream& out, std::ostream& err) {
+    int status = 0;
+    WriteCsvHead(out);
+    for (const std::string& file : call.operands) {
+        Session session(file, call, err);
+        session.Read();
+        WriteCsvRows(out, session.project, file);
+        status = std::max(status, session.Status());
+    }
+    return status;
+}
+
 } // namespace
 
 int Show(const Invocation& call, std::ostream& out, std::ostream& err) {
+    if (call.csv)
+        return ShowAsCsv(call, out, err);
     return call.json ? ShowAsJson(call, out, err) : ShowAsText(call, out, err);
 }
 
