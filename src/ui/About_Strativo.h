@@ -15,7 +15,7 @@ class About_Strativo : public QDialog {
 
 public:
     /// Shows the main window's caption as the program's name.
-    About_Strativo(Program& program, const QString& mainWindowCaption, QWidget* parent = nullptr);
+    About_Strativo(Program& owner, const QString& mainWindowCaption, QWidget* parent = nullptr);
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;

@@ -18,7 +18,7 @@ class WinForm : public QWidget {
     Q_OBJECT
 
 public:
-    explicit WinForm(Program& program, QWidget* parent = nullptr);
+    explicit WinForm(Program& owner, QWidget* parent = nullptr);
     ~WinForm() override;
 
     /// Lists the glass types anew; nothing is selected afterwards.

@@ -25,7 +25,7 @@ class Profile : public QDialog {
     Q_OBJECT
 
 public:
-    explicit Profile(Program& program, QWidget* parent = nullptr);
+    explicit Profile(Program& owner, QWidget* parent = nullptr);
 
     void done(int result) override;
 
