@@ -4,6 +4,7 @@
 #include "text/Numbers.h"
 
 #include <algorithm>
+#include <limits>
 #include <numeric>
 
 namespace strativo {
@@ -94,7 +95,9 @@ std::string WindowTag(int number) {
 }
 
 int TagNumber(std::string_view tag) {
-    return static_cast<int>(LeadingNumber(tag));
+    constexpr double limit = std::numeric_limits<int>::max();
+    const double number = LeadingNumber(tag);
+    return number >= 0 && number <= limit ? static_cast<int>(number) : 0;
 }
 
 std::string ConstructionTitle(int number) {

@@ -187,6 +187,13 @@ TEST(CloseUpLayers, LeavesAFullConstructionAlone) {
     EXPECT_EQ(empty.layers.HighestUsed(), 0);
 }
 
+TEST(WindowTag, BeyondTheNumbersOfConstructionsNamesNone) {
+    EXPECT_EQ(TagNumber("2147483647"), 2147483647);
+    EXPECT_EQ(TagNumber("2147483648"), 0);
+    EXPECT_EQ(TagNumber("1e300"), 0);
+    EXPECT_EQ(TagNumber("-1"), 0);
+}
+
 TEST(WindowTag, HoldsTheConstructionNumber) {
     EXPECT_EQ(WindowTag(1), " 1");
     EXPECT_EQ(TagNumber(WindowTag(12)), 12);
