@@ -15,15 +15,15 @@ struct KindWords {
     std::string_view words; ///< separated by blanks, upper case
 };
 
-/// The first row with a word that the name contains decides, so that glass wool is an insulation.
+/// The first row with a word that the name contains decides.
 constexpr std::array<KindWords, 7> kindWords = {{
     {MaterialKind::insulation,
-     "WOOL INSUL POLYSTYRENE EPS XPS POLYURETHANE PHENOLIC FOAM CELLULOSE CORK FIBRE CELLULAR"},
+     "WOOL INSUL POLYSTYRENE EPS XPS POLYURETHANE PHENOLIC FOAM CELLULOSE CORK CELLULAR"},
+    {MaterialKind::plaster, "PLASTER GYPSUM RENDER STUCCO"},
     {MaterialKind::glass, "GLASS ACRYLIC POLYCARBONATE"},
     {MaterialKind::concrete, "CONCRETE BLOCK SCREED MORTAR CEMENT TERRAZZO"},
     {MaterialKind::masonry, "BRICK STONE GRANITE MARBLE LIMESTONE SLATE TILE CLAY"},
-    {MaterialKind::wood, "WOOD TIMBER OSB PLY OAK PINE CEDAR SPRUCE CHIPBOARD HARDBOARD BOARD"},
-    {MaterialKind::plaster, "PLASTER GYPSUM RENDER STUCCO"},
+    {MaterialKind::wood, "WOOD TIMBER OSB PLY OAK PINE CEDAR SPRUCE BOARD"},
     {MaterialKind::metal, "STEEL ALUMINIUM COPPER ZINC LEAD IRON"},
 }};
 
@@ -130,11 +130,11 @@ MaterialKind KindOf(const Layer& layer) {
     constexpr float metallic = 12;       // W/m C
     if (layer.conductivity < 0)
         return MaterialKind::cavity;
+    if (layer.conductivity > 0 && layer.conductivity < insulating)
+        return MaterialKind::insulation;
     for (const KindWords& row : kindWords)
         if (HasWordOf(layer.name, row.words))
             return row.kind;
-    if (layer.conductivity > 0 && layer.conductivity < insulating)
-        return MaterialKind::insulation;
     return layer.conductivity > metallic ? MaterialKind::metal : MaterialKind::other;
 }
 

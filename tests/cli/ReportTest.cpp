@@ -1,0 +1,117 @@
+#include "cli/CommandRun.h"
+#include "cli/ReportDrawing.h"
+
+#include <gmock/gmock.h>
+
+namespace strativo {
+namespace {
+
+using testing::HasSubstr;
+using testing::Not;
+
+class ReportCommand : public CliTest {
+protected:
+    ReportCommand() {
+        folder.Write("std.lby", "12'FACE BRICK' 0.84 1700 800\r\n");
+        folder.Write("wall.con", WallFile({standardLine}, {brickPart}));
+    }
+};
+
+TEST_F(ReportCommand, ShowsLayersSumsAndTheUValue) {
+    const RunResult result = RunTool({"report", "wall.con"});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.err, "");
+    EXPECT_THAT(result.out, HasSubstr("FACE BRICK"));
+    EXPECT_THAT(result.out, HasSubstr("<td>105.0</td><td>0.840</td><td>0.125</td>"));
+    // 0.105 m of 1700 kg/m3 and 800 J/kg C
+    EXPECT_THAT(result.out, HasSubstr("<td>178.5</td><td>142.8</td>"));
+    EXPECT_THAT(result.out, HasSubstr("Indicative U-value <b>3.28</b>")); // 1 / (0.125 + 0.18)
+    EXPECT_THAT(result.out, HasSubstr("<svg class=\"section\""));
+    EXPECT_THAT(result.out, HasSubstr("None."));
+}
+
+TEST_F(ReportCommand, ShowsTextsFromFilesWithoutRunningThem) {
+    folder.Write("script.con", standardLine
+                                   + "\r\n!CONSTRUCTION '<script>alert(1)</script> & \"x\"'"
+                                     "\r\n!PARTS\r\n"
+                                   + brickPart + "\r\n!END\r\n");
+    const RunResult result = RunTool({"report", "script.con"});
+    EXPECT_THAT(result.out, Not(HasSubstr("<script>")));
+    EXPECT_THAT(result.out, HasSubstr("&lt;script&gt;alert(1)&lt;/script&gt; &amp; &quot;x&quot;"));
+}
+
+TEST_F(ReportCommand, WritesTheFileThatOutputNames) {
+    const RunResult result = RunTool({"report", "wall.con", "-o", "wall.html"});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.out, "");
+    EXPECT_EQ(folder.Read("wall.html"), RunTool({"report", "wall.con"}).out);
+}
+
+TEST_F(ReportCommand, SaysWhyTheFileCouldNotBeWritten) {
+    const RunResult result = RunTool({"report", "wall.con", "--output", "missing/wall.html"});
+    EXPECT_EQ(result.status, 3);
+    EXPECT_THAT(result.err, HasSubstr("missing/wall.html: No such file or directory"));
+}
+
+TEST_F(ReportCommand, WritesNothingForAFileThatCannotBeRead) {
+    const RunResult result = RunTool({"report", "absent.con", "-o", "absent.html"});
+    EXPECT_EQ(result.status, 3);
+    EXPECT_FALSE(std::filesystem::exists("absent.html"));
+}
+
+TEST_F(ReportCommand, DrawsGlassTypesAndListsFindings) {
+    std::filesystem::current_path(STRATIVO_SOURCE "/data/examples");
+    const RunResult house = RunTool({"report", "house.con"});
+    EXPECT_EQ(house.status, 0);
+    EXPECT_THAT(house.out, HasSubstr("Glass type 1: CLEAR 6MM"));
+    EXPECT_THAT(house.out, HasSubstr("<svg class=\"curve\""));
+    std::filesystem::current_path(folder.Path());
+    folder.Write("zero.con",
+                 WallFile({standardLine}, {"_ 1 =       12      0.000      0            * B"}));
+    EXPECT_THAT(RunTool({"report", "zero.con"}).out, HasSubstr("(zero-thickness)"));
+}
+
+TEST_F(ReportCommand, CsvHasARowPerLayerAndQuotesTexts) {
+    folder.Write("quoted.con", standardLine
+                                   + "\r\n!CONSTRUCTION 'A, \"B\"'\r\n!TYPE OPAQUE\r\n"
+                                     "!PARTS\r\n"
+                                   + brickPart + "\r\n!END\r\n");
+    const RunResult result = RunTool({"show", "--csv", "quoted.con"});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.out,
+              "file,construction,name,type,u_value,slot,layer,library,material_code,thickness_mm,"
+              "conductivity,density,specific_heat,absorption,resistance\r\n"
+              "quoted.con,1,\"A, \"\"B\"\"\",0,3.28,1,FACE BRICK,1,12,105,0.84,1700,800,0,0.125"
+              "\r\n");
+}
+
+struct KindCase {
+    const char* name;
+    float conductivity;
+    MaterialKind kind;
+};
+
+class Kinds : public testing::TestWithParam<KindCase> {};
+
+TEST_P(Kinds, FollowNameAndConductivity) {
+    Layer layer;
+    layer.name = GetParam().name;
+    layer.conductivity = GetParam().conductivity;
+    EXPECT_EQ(KindOf(layer), GetParam().kind) << KindName(KindOf(layer));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, Kinds,
+    testing::Values(KindCase{"CAVITY Type 1 NORMAL", -1, MaterialKind::cavity},
+                    KindCase{"GLASS WOOL 60", 0.035F, MaterialKind::insulation},
+                    KindCase{"GLASS SODA LIME 2500", 1, MaterialKind::glass},
+                    KindCase{"BRICK CLAY 1760", 0.78F, MaterialKind::masonry},
+                    KindCase{"CONCRETE BLOCK LIGHT 1380", 0.33F, MaterialKind::concrete},
+                    KindCase{"GYPSUM BOARD 900", 0.25F, MaterialKind::plaster},
+                    KindCase{"OSB 620", 0.13F, MaterialKind::wood},
+                    KindCase{"UNKNOWN SHEET", 50, MaterialKind::metal},
+                    KindCase{"CARPET", 0.06F, MaterialKind::insulation},
+                    KindCase{"SOIL", 1.5F, MaterialKind::other}));
+
+} // namespace
+} // namespace strativo

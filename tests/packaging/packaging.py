@@ -1,0 +1,118 @@
+#!/usr/bin/env python3
+"""Checks of what is installed beside the programs: packaging.py PART SOURCE_FOLDER BUILD_FOLDER"""
+import html.parser
+import os
+import shutil
+import subprocess
+import sys
+import tempfile
+from pathlib import Path
+
+part, source, build = sys.argv[1], Path(sys.argv[2]), Path(sys.argv[3])
+packaging = source / "packaging"
+
+
+def run(*command, **options):
+    """Runs a command that must succeed and returns what it printed."""
+    done = subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True,
+                          check=False, **options)
+    if done.returncode != 0:
+        sys.exit(f"{' '.join(map(str, command))}: status {done.returncode}\n{done.stdout}")
+    return done.stdout
+
+
+def expect(condition, what):
+    if not condition:
+        sys.exit(what)
+
+
+def desktop_entry():
+    output = run("desktop-file-validate", packaging / "strativo.desktop")
+    expect(output.strip() == "", output)
+
+
+def metainfo():
+    run("appstreamcli", "validate", "--no-net", packaging / "strativo.metainfo.xml")
+
+
+def file_types():
+    """The types are known from the name and, for construction files, from the content."""
+    with tempfile.TemporaryDirectory() as folder:
+        packages = Path(folder) / "mime" / "packages"
+        packages.mkdir(parents=True)
+        shutil.copy(packaging / "mime" / "strativo.xml", packages)
+        run("update-mime-database", packages.parent)
+        globs = (packages.parent / "globs2").read_text()
+        magic = (packages.parent / "magic").read_bytes()
+    expect("40:application/x-strativo-construction:*.con" in globs, globs)
+    expect("40:application/x-strativo-material-library:*.lby" in globs, globs)
+    expect(b"!CONSTRUCTION '" in magic, "construction files are not known from their content")
+
+
+def man_pages():
+    for page in sorted((packaging / "man").iterdir()):
+        output = run("mandoc", "-T", "lint", "-W", "warning", page)
+        expect(output == "", output)
+        run("mandoc", "-T", "utf8", page)
+
+
+def completions():
+    folder = packaging / "completions"
+    script = (f'source "{folder}/strativo-cli.bash"; COMP_WORDS=(strativo-cli ch); COMP_CWORD=1; '
+              '_strativo_cli; echo "${COMPREPLY[@]}"')
+    expect(run("bash", "-c", script).split() == ["check"], "bash completes ch to check")
+    run("zsh", "-f", "-c", f'fpath=("{folder}" $fpath); autoload -Uz compinit && '
+        f'compinit -u -d "{tempfile.gettempdir()}/zcompdump-strativo" && '
+        '[[ ${_comps[strativo-cli]} == _strativo-cli ]] && autoload +X _strativo-cli')
+    lines = run("fish", "--no-config", "-c",
+                f'source "{folder}/strativo-cli.fish"; complete -C "strativo-cli ch"')
+    expect(any(line.split("\t")[0] == "check" for line in lines.splitlines()), lines)
+
+
+class Links(html.parser.HTMLParser):
+    def __init__(self):
+        super().__init__()
+        self.targets, self.open_tags = [], []
+
+    def handle_starttag(self, tag, attributes):
+        named = dict(attributes)
+        self.targets += [named[key] for key in ("href", "src") if key in named]
+        if tag == "img":
+            expect(named.get("alt"), f"a picture without a text: {named}")
+        if tag not in ("img", "meta", "link", "hr", "br"):
+            self.open_tags.append(tag)
+
+    def handle_endtag(self, tag):
+        expect(self.open_tags and self.open_tags.pop() == tag, f"</{tag}> closes nothing")
+
+
+def manual():
+    """Every link and picture leads somewhere, and every page and picture is reached."""
+    folder = source / "docs" / "manual"
+    used = {"index.html"}
+    for page in sorted(folder.glob("*.html")):
+        links = Links()
+        links.feed(page.read_text())
+        expect(not links.open_tags, f"{page.name}: left open: {links.open_tags}")
+        for target in links.targets:
+            expect((folder / target).is_file(), f"{page.name}: {target} is missing")
+        used.update(links.targets)
+    present = {str(file.relative_to(folder)) for file in folder.rglob("*") if file.is_file()}
+    expect(present == used, f"not reached: {sorted(present - used)}")
+
+
+def installation():
+    """The build installs below a given root, with the settings naming what was installed."""
+    with tempfile.TemporaryDirectory() as root:
+        run("cmake", "--install", build, env=dict(os.environ, DESTDIR=root))
+        settings = next(Path(root).rglob("Stratv.ini")).read_text()
+        named = dict(line.split("=") for line in settings.splitlines() if "=" in line)
+        for key in ("StdMat", "Help"):
+            expect((Path(root) / named[key].lstrip("/")).is_file(), f"{key}: {named[key]}")
+        tool = next(Path(root).rglob("bin/strativo-cli"))
+        examples = next(Path(root).rglob("share/strativo/examples"))
+        output = run(tool, "check", "house.con", cwd=examples)
+        expect(output == "", output)
+
+
+globals()[part]()
