@@ -180,8 +180,7 @@ void UValue::AbsorpText_LostFocus() {
 }
 
 void UValue::Construction_Click(int line) {
-    program.perform(
-        [&] { SelectLine(program.project, number, line, ui.Construction->Marks()); });
+    program.perform([&] { SelectLine(program.project, number, line, ui.Construction->Marks()); });
     ShowLayerFields();
 }
 

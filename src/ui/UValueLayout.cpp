@@ -55,8 +55,8 @@ void UValue::BuildNameRows() {
     ui.TypeCombo->setObjectName(QStringLiteral("TypeCombo"));
     ui.TypeCombo->addItems({tr("Opaque"), tr("Transparent")});
     ui.TypeCombo->setGeometry(fieldColumn, typeRow, 130, fieldHeight);
-    AddLabel(QStringLiteral("Label2"), tr("T&ype"), QRect(margin, typeRow, fieldColumn - margin, fieldHeight),
-             ui.TypeCombo);
+    AddLabel(QStringLiteral("Label2"), tr("T&ype"),
+             QRect(margin, typeRow, fieldColumn - margin, fieldHeight), ui.TypeCombo);
     AddLabel(QStringLiteral("Label3"), tr("Construction Index :"),
              QRect(width() - margin - 160, typeRow, 112, fieldHeight));
     ui.IndexText = AddLabel(QStringLiteral("IndexText"), QString(),

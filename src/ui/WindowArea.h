@@ -112,7 +112,7 @@ private:
     bool activeClosed = false;
     std::vector<bool> iconSlots; ///< places among the icons that are taken
     int lowestFreeIcon = 0;      ///< no place below it is free
-    int opened = 0; ///< counts the places of the cascade given out
+    int opened = 0;              ///< counts the places of the cascade given out
     bool changed = false;
 };
 
