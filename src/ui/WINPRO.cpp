@@ -302,8 +302,7 @@ void Profile::OkBut_Click() {
 }
 
 void Profile::CancelBut_Click() {
-    // Whatever was unsaved before counts as saved from here on: users know the button so.
-    program.perform([this] { program.project.changed = false; });
+    program.perform([this] { CancelProfile(program.project); });
     reject();
 }
 
