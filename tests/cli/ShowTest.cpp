@@ -63,11 +63,10 @@ TEST_F(Show, DecodesNamesAsWindows1252) {
 }
 
 TEST_F(Show, ShowsWhatWasReadBeforeAFailure) {
-    folder.Write("a.con",
-                 Lines({standardLine, "!CONSTRUCTION 'A'", "!END", "!CONSTRUCTION 'Broken"}));
+    folder.Write("a.con", WallFile({"_ 1 = 12"})); // without a blank after the number
     const RunResult result = RunTool({"show", "a.con"});
     EXPECT_EQ(result.status, 3);
-    EXPECT_EQ(result.out, "Construction 1  A  (Opaque)\n  Indicative Uvalue W/Cm2  n/a\n");
+    EXPECT_EQ(result.out, "Construction 1  Wall  (Opaque)\n  Indicative Uvalue W/Cm2  n/a\n");
     EXPECT_EQ(result.err, "strativo-cli: a.con: Command line error "
                           "Construction file (p) is incorrect version\n");
 }
