@@ -13,8 +13,7 @@ namespace {
 
 /// Every damaged file ends in a result or in a numbered failure, and both happen.
 template <class Read>
-void ReadDamaged(const std::string& sample, Read read) {
-    constexpr unsigned rounds = 2000;
+void ReadDamaged(const std::string& sample, unsigned rounds, Read read) {
     unsigned failures = 0;
     for (unsigned seed = 1; seed <= rounds; ++seed) {
         SCOPED_TRACE(seed);
@@ -29,14 +28,14 @@ void ReadDamaged(const std::string& sample, Read read) {
 }
 
 TEST(DamagedFiles, EndInAStandardLibraryOrANumberedFailure) {
-    ReadDamaged(SourceFile("data/stdmat.lby"), [](const std::string& bytes) {
+    ReadDamaged(SourceFile("data/stdmat.lby"), 2000, [](const std::string& bytes) {
         const LibraryContent content = ParseStandardLibrary(bytes);
         EXPECT_LE(MaterialCount(content.library), 99);
     });
 }
 
 TEST(DamagedFiles, EndInAUserLibraryOrANumberedFailure) {
-    ReadDamaged(SourceFile("data/examples/user.lby"), [](const std::string& bytes) {
+    ReadDamaged(SourceFile("data/examples/user.lby"), 2000, [](const std::string& bytes) {
         const LibraryContent content = ParseUserLibrary(bytes);
         EXPECT_LE(MaterialCount(content.library), 99);
     });
@@ -45,7 +44,7 @@ TEST(DamagedFiles, EndInAUserLibraryOrANumberedFailure) {
 TEST(DamagedFiles, EndInImportedGlassTypesOrANumberedFailure) {
     ScriptedDesktop desktop;
     const std::string sample = SourceFile("data/examples/house.con");
-    ReadDamaged(sample, [&](const std::string& bytes) {
+    ReadDamaged(sample, 500, [&](const std::string& bytes) {
         Project project = StartedProject(desktop);
         EXPECT_TRUE(ParseGlassDefinitions(bytes, project));
         for (const GlassType& type : project.glassTypes)
@@ -64,7 +63,7 @@ std::string Rewritten(const std::string& bytes, const std::string& standardLibra
 }
 
 TEST(DamagedFiles, EndInAProjectThatSurvivesSavingAndReadingOrANumberedFailure) {
-    ReadDamaged(SourceFile("data/examples/house.con"), [](const std::string& bytes) {
+    ReadDamaged(SourceFile("data/examples/house.con"), 500, [](const std::string& bytes) {
         ScriptedDesktop desktop;
         Project project = StartedProject(desktop);
         ParseText(bytes, project, desktop);

@@ -1,14 +1,13 @@
 #include "files/FileAccess.h"
 
 #include "support/AsNobody.h"
+#include "support/SpecialFiles.h"
 #include "support/TestProject.h"
 
 #include <cerrno>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
-#include <sys/socket.h>
 #include <sys/stat.h>
-#include <sys/un.h>
 
 namespace strativo {
 namespace {
@@ -55,13 +54,8 @@ TEST(ReadFileBytes, NumbersTheFailures) {
 
 TEST(ReadFileBytes, TakesASocketForAMissingDevice) {
     const TemporaryFolder folder;
-    const int descriptor = socket(AF_UNIX, SOCK_STREAM, 0);
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    std::string("socket").copy(address.sun_path, sizeof address.sun_path - 1);
-    ASSERT_EQ(bind(descriptor, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
+    MakeSocket("socket");
     EXPECT_EQ(ReadingFailure("socket"), 68);
-    close(descriptor);
 }
 
 TEST(ReadFileBytes, ReportsAFileThatMayNotBeRead) {

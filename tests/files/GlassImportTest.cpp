@@ -2,10 +2,10 @@
 
 #include "edit/GlassTypes.h"
 #include "support/Samples.h"
+#include "support/SpecialFiles.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
 namespace strativo {
 namespace {
@@ -141,6 +141,7 @@ class GlassImportFailure : public GlassImport, public testing::WithParamInterfac
 TEST_P(GlassImportFailure, IsReportedOnceAndAsksForNoOtherFile) {
     folder.Write("none.con", "!WINDOW A\n");
     folder.Write("folder/x", "");
+    MakeSocket("socket");
     desktop.OpensFile(GetParam().file);
     ImportGlassDefinitions(project, desktop);
     EXPECT_THAT(desktop.messages, ElementsAre(Message{GetParam().message, ""}));
@@ -152,6 +153,7 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(Failing{"none.con", "Construction file (g) is incorrect version"},
                     Failing{"missing.con", "Construction file (g) is missing."},
                     Failing{"no folder/a.con", "Construction file (g). That path doesn't exist."},
+                    Failing{"socket", "Construction file (g). Drive not available."},
                     Failing{"folder", "Construction (g) file error  75 occurred."}));
 
 TEST_F(GlassImport, KeepsTheTypesAddedBeforeAFailure) {

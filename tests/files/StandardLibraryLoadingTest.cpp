@@ -1,9 +1,9 @@
 #include "files/LibraryLoading.h"
 #include "support/Samples.h"
+#include "support/SpecialFiles.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
 namespace strativo {
 namespace {
@@ -143,10 +143,13 @@ TEST_F(StandardLibraryLoading, StopsAfterTheMessageOfAFailureThatNoOtherFileHelp
     EXPECT_FALSE(Load("overflow.lby"));
     EXPECT_FALSE(Load("folder"));
     EXPECT_FALSE(Load("/proc/self/mem"));
+    MakeSocket("socket");
+    EXPECT_FALSE(Load("socket"));
     EXPECT_THAT(desktop.Texts(), ElementsAre("Standard material file error 9 occurred.",
                                              "Standard material file error 6 occurred.",
                                              "Standard material file error 75 occurred.",
-                                             "Standard material file error 57 occurred."));
+                                             "Standard material file error 57 occurred.",
+                                             "Standard material file. Drive not available."));
     EXPECT_TRUE(desktop.prompts.empty());
     ExpectLibraryKept();
 }

@@ -1,5 +1,6 @@
 #include "files/LibraryLoading.h"
 #include "support/Samples.h"
+#include "support/SpecialFiles.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -121,8 +122,11 @@ TEST_F(UserLibraryLoading, StopsAfterTheMessageOfAFailureThatNoOtherFileHelps) {
     folder.Write("too many.lby", tooMany);
     folder.Write("folder/x", "");
     EXPECT_EQ(Load("too many.lby"), UserLoad::failed);
+    MakeSocket("socket");
+    EXPECT_EQ(Load("socket"), UserLoad::failed);
     EXPECT_EQ(Load("folder"), UserLoad::failed);
     EXPECT_THAT(desktop.Texts(), ElementsAre("User Material file error 9 occurred.",
+                                             "User Material file. Drive not available.",
                                              "User Material file error 75 occurred."));
     EXPECT_TRUE(desktop.prompts.empty());
     EXPECT_EQ(MaterialCount(project.userLibrary), 2);

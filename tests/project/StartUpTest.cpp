@@ -1,10 +1,15 @@
+#include "edit/LayerClipboard.h"
+#include "project/FileCommands.h"
 #include "project/NewProject.h"
-#include "support/TestProject.h"
+#include "support/Samples.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace strativo {
 namespace {
+
+using testing::ElementsAre;
 
 TEST(StartUp, OpensNoWindowAndLoadsNoLibrary) {
     ScriptedDesktop desktop;
@@ -14,6 +19,72 @@ TEST(StartUp, OpensNoWindowAndLoadsNoLibrary) {
     EXPECT_EQ(project.standardLibraryFile, singleBlank);
     EXPECT_EQ(MaterialCount(project.standardLibrary), 0);
     EXPECT_EQ(desktop.Count("Open 1"), 0);
+}
+
+TEST(StartUp, PutsEverythingIntoItsFirstState) {
+    const TemporaryFolder folder;
+    ScriptedDesktop desktop;
+    Project project;
+    project.constructions.Append();
+    project.constructionCount = 1;
+    project.changed = true;
+    project.userLoaded = true;
+    project.userLibraryNeeded = true;
+    project.standardLoaded = true;
+    project.userLibraryFile = "user.lby";
+    project.constructionFile = "a.con";
+    project.clipboard[1].name = "A";
+    project.shownLibrary = 2;
+    StartUp(project, {"help.html", "std.lby"}, desktop);
+    EXPECT_THAT(desktop.messages, testing::IsEmpty());
+    EXPECT_EQ(project.helpFile, "help.html");
+    EXPECT_EQ(project.rememberedLibrary, "std.lby");
+    EXPECT_EQ(project.startDirectory, std::filesystem::current_path().string());
+    EXPECT_EQ(MaterialCount(project.standardLibrary), 0);
+    EXPECT_EQ(MaterialCount(project.userLibrary), 0);
+    EXPECT_EQ(project.standardLibraryFile, singleBlank);
+    EXPECT_EQ(project.userLibraryFile, "");
+    EXPECT_FALSE(project.userLoaded);
+    EXPECT_FALSE(project.userLibraryNeeded);
+    EXPECT_FALSE(project.standardLoaded);
+    EXPECT_FALSE(project.closingInProgress);
+    EXPECT_FALSE(project.changed);
+    EXPECT_EQ(project.clipboard[1].name, "");
+    EXPECT_EQ(project.constructionFile, "");
+    EXPECT_EQ(project.constructions.Size(), 1);
+    EXPECT_EQ(project.currentConstruction, 1);
+    EXPECT_EQ(project.shownLibrary, 1);
+    EXPECT_FALSE(InUse(project, 1)) << "slot 1 exists but is no construction";
+}
+
+TEST(EndOfStartUp, OrdersTheEmptyMaterialListWithoutACommandLine) {
+    ScriptedDesktop desktop;
+    Project project = StartedProject(desktop);
+    desktop.calls.clear();
+    FinishStartUp(project, "", desktop);
+    EXPECT_THAT(desktop.calls, ElementsAre("RefreshMaterialList"));
+}
+
+TEST(EndOfStartUp, TakesTheWholeCommandLineAsOnePath) {
+    const TemporaryFolder folder;
+    folder.Write("my house.con", "!CONSTRUCTION 'Wall'\r\n!END\r\n");
+    folder.Write("stdmat.lby", standardLibraryBytes);
+    ScriptedDesktop desktop;
+    Project project = StartedProject(desktop);
+    project.rememberedLibrary = "stdmat.lby";
+    FinishStartUp(project, "my house.con", desktop);
+    EXPECT_EQ(project.constructionFile, "my house.con");
+    EXPECT_EQ(project.constructions[1].name, "Wall");
+}
+
+TEST(EndOfStartUp, ReportsAPathThatCannotBeReadAsACommandLineError) {
+    const TemporaryFolder folder;
+    ScriptedDesktop desktop;
+    Project project = StartedProject(desktop);
+    FinishStartUp(project, "missing house.con", desktop);
+    EXPECT_THAT(desktop.messages,
+                ElementsAre(Message{"Command line error\rConstruction file (p) is missing.", ""}));
+    EXPECT_EQ(project.constructionFile, "");
 }
 
 } // namespace

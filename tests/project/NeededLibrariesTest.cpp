@@ -1,0 +1,186 @@
+#include "project/ReadConstructionFile.h"
+#include "support/Samples.h"
+#include "support/SpecialFiles.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace strativo {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr char userNeeded[] = "This construction file requires a user material library";
+constexpr char userRefused[] = "Unable to load this file due to missing user library";
+constexpr char standardNeeded[] = "This construction file requires a standard material library";
+constexpr char standardRefused[] = "Unable to load this file due to missing library";
+
+/// Reads files that name their libraries, or do not; the remembered default is there.
+class NeededLibraries : public testing::Test {
+protected:
+    NeededLibraries() : project(StartedProject(desktop)) {
+        folder.Write("stdmat.lby", standardLibraryBytes);
+        folder.Write("user.lby", userLibraryBytes);
+        project.rememberedLibrary = "stdmat.lby";
+    }
+
+    void Read(const std::vector<std::string>& lines) {
+        folder.Write("house.con", Lines(lines));
+        ReadConstructionFile(project, "house.con", desktop);
+    }
+
+    const std::vector<std::string> userLayer = {"!CONSTRUCTION 'A'",
+                                                "_ 1 =      @12      0.040      0 ", "!END"};
+
+    TemporaryFolder folder;
+    ScriptedDesktop desktop;
+    Project project;
+};
+
+TEST_F(NeededLibraries, AreTheRememberedDefaultForAFileThatNamesNone) {
+    Read({"!CONSTRUCTION 'A'", "_ 1 = 12 0.1 0", "!END"});
+    EXPECT_THAT(desktop.messages, IsEmpty());
+    EXPECT_EQ(project.standardLibraryFile, "stdmat.lby");
+    EXPECT_EQ(LayerNames(project, 1), "FACE BRICK");
+}
+
+TEST_F(NeededLibraries, AreTheOneLoadedForAFileThatNamesNone) {
+    folder.Write("other.lby", "12'OTHER' 1 2 3\n");
+    Read({"!MATERIALS FILE = 'other.lby'"});
+    Read({"!CONSTRUCTION 'A'", "_ 1 = 12 0.1 0", "!END"});
+    EXPECT_THAT(desktop.messages, IsEmpty());
+    EXPECT_THAT(desktop.prompts, IsEmpty());
+    EXPECT_EQ(LayerNames(project, 1), "OTHER");
+}
+
+TEST_F(NeededLibraries, AreReadAgainForEachFileThatNamesThem) {
+    Read({"!MATERIALS FILE = 'stdmat.lby'"});
+    folder.Write("stdmat.lby", "12'NEW' 1 2 3\n");
+    Read({"!MATERIALS FILE = 'stdmat.lby'", "!CONSTRUCTION 'A'", "_ 1 = 12 0.1 0", "!END"});
+    EXPECT_EQ(LayerNames(project, 1), "NEW");
+}
+
+TEST_F(NeededLibraries, AreTheDefaultForAFileSavedBeforeAnyWasLoaded) {
+    Read({"!MATERIALS FILE = ' '", "!CONSTRUCTION 'A'", "_ 1 = 12 0.1 0", "!END"});
+    EXPECT_EQ(project.standardLibraryFile, "stdmat.lby");
+    EXPECT_EQ(LayerNames(project, 1), "FACE BRICK");
+}
+
+TEST_F(NeededLibraries, AreAskedForWhereAFileWithoutConstructionsNamesNone) {
+    desktop.OpensFile("stdmat.lby");
+    Read({"!WINDOW = 'G'", "!END"});
+    EXPECT_THAT(desktop.messages, ElementsAre(Message{standardNeeded, "Material file Required"}));
+    EXPECT_EQ(desktop.prompts[0].title, "Open standard material file");
+    EXPECT_EQ(project.standardLibraryFile, "stdmat.lby");
+    EXPECT_TRUE(project.standardLoaded);
+}
+
+TEST_F(NeededLibraries, EndTheProgramWhenTheStandardOneIsRefused) {
+    desktop.OpensFile("");
+    EXPECT_THROW(Read({"!WINDOW = 'G'", "!END"}), ProgramEnd);
+    EXPECT_THAT(desktop.messages, ElementsAre(Message{standardNeeded, "Material file Required"},
+                                              Message{standardRefused, ""}));
+    EXPECT_TRUE(desktop.ended);
+}
+
+TEST_F(NeededLibraries, EndTheProgramWhenThePromptAfterAMissingDefaultIsCancelled) {
+    project.rememberedLibrary = "missing.lby";
+    desktop.OpensFile("");
+    EXPECT_THROW(Read({"!CONSTRUCTION 'A'", "!END"}), ProgramEnd);
+    EXPECT_THAT(desktop.Texts(),
+                ElementsAre("Standard material file is missing.", "Cancel pressed aborting load"));
+    EXPECT_EQ(project.constructionFile, "") << "half a project must not be saved over the file";
+}
+
+TEST_F(NeededLibraries, ReportAStandardOneThatFailsOnceForAllConstructions) {
+    MakeSocket("socket");
+    project.rememberedLibrary = "socket";
+    desktop.OpensFile("stdmat.lby");
+    Read({"!CONSTRUCTION 'A'", "!END", "!CONSTRUCTION 'B'", "!END"});
+    EXPECT_THAT(desktop.Texts(),
+                ElementsAre("Standard material file. Drive not available.", standardNeeded));
+    EXPECT_EQ(project.constructionCount, 2);
+    EXPECT_TRUE(project.standardLoaded);
+}
+
+TEST_F(NeededLibraries, GoOnWithoutAStandardOneThatFailsOtherwise) {
+    folder.Write("folder/x", "");
+    Read({"!MATERIALS FILE = 'folder'", "!WINDOW = 'G'"});
+    EXPECT_THAT(desktop.Texts(), ElementsAre("Standard material file error 75 occurred."));
+    EXPECT_FALSE(project.standardLoaded);
+    EXPECT_EQ(project.constructionFile, "house.con");
+}
+
+TEST_F(NeededLibraries, AreAskedForWhereALayerComesFromAnUnnamedUserLibrary) {
+    desktop.OpensFile("user.lby");
+    Read(userLayer);
+    EXPECT_THAT(desktop.messages, ElementsAre(Message{userNeeded, "User file Required"}));
+    EXPECT_EQ(desktop.prompts[0].title, "Open user material file");
+    EXPECT_EQ(LayerNames(project, 1), "HEMP");
+    EXPECT_EQ(project.userLibraryFile, "user.lby");
+}
+
+TEST_F(NeededLibraries, EndTheProgramWhenTheUserOneIsRefused) {
+    desktop.OpensFile("");
+    EXPECT_THROW(Read(userLayer), ProgramEnd);
+    EXPECT_THAT(desktop.messages, ElementsAre(Message{userNeeded, "User file Required"},
+                                              Message{userRefused, "User file Required"}));
+}
+
+TEST_F(NeededLibraries, EndTheProgramWhenTheUserOneIsOfWrongVersion) {
+    folder.Write("wrong.lby", "no library\n");
+    desktop.OpensFile("wrong.lby");
+    EXPECT_THROW(Read(userLayer), ProgramEnd);
+    EXPECT_THAT(desktop.Texts(),
+                ElementsAre(userNeeded, "User material file is incorrect version", userRefused));
+}
+
+TEST_F(NeededLibraries, EndTheProgramWhenTheUnnamedUserOneIsGivenUp) {
+    desktop.OpensFile("missing.lby").OpensFile("").OpensFile("");
+    EXPECT_THROW(Read(userLayer), ProgramEnd);
+    EXPECT_EQ(desktop.Texts().back(), userRefused);
+}
+
+TEST_F(NeededLibraries, GoOnWithoutAnUnnamedUserOneThatFailsOtherwise) {
+    folder.Write("folder/x", "");
+    desktop.OpensFile("folder");
+    Read(userLayer);
+    EXPECT_THAT(desktop.Texts(), ElementsAre(userNeeded, "User Material file error 75 occurred."));
+    EXPECT_EQ(LayerNames(project, 1), "1");
+}
+
+TEST_F(NeededLibraries, AskForAnotherUserFileWhereTheNamedOneIsMissing) {
+    desktop.OpensFile("user.lby");
+    Read({"!MATERIALS FILE = 'stdmat.lby'", "!MATERIALS USER FILE = 'missing.lby'"});
+    EXPECT_THAT(desktop.Texts(), ElementsAre("User material file is missing."));
+    EXPECT_EQ(desktop.prompts[0].initialName, "missing.lby");
+    EXPECT_EQ(project.userLibraryFile, "user.lby");
+}
+
+TEST_F(NeededLibraries, EndTheProgramWhenTheNamedUserOneIsGivenUp) {
+    desktop.OpensFile("").OpensFile("");
+    EXPECT_THROW(Read({"!MATERIALS USER FILE = 'missing.lby'"}), ProgramEnd);
+    EXPECT_THAT(desktop.messages, ElementsAre(Message{"User material file is missing.", ""},
+                                              Message{"User material file is missing.", ""},
+                                              Message{userRefused, "User file Required"}));
+}
+
+TEST_F(NeededLibraries, AreAskedForWhereTheUserLineNamesNone) {
+    desktop.OpensFile("");
+    Read({"!MATERIALS FILE = 'stdmat.lby'", "!MATERIALS USER FILE = ''"});
+    EXPECT_THAT(desktop.messages, IsEmpty());
+    EXPECT_FALSE(project.userLoaded);
+    EXPECT_EQ(project.userLibraryFile, "");
+}
+
+TEST_F(NeededLibraries, GoOnAfterANamedUserOneOfWrongVersion) {
+    folder.Write("wrong.lby", "no library\n");
+    Read({"!MATERIALS FILE = 'stdmat.lby'", "!MATERIALS USER FILE = 'wrong.lby'"});
+    EXPECT_THAT(desktop.Texts(), ElementsAre("User material file is incorrect version"));
+    EXPECT_FALSE(project.userLoaded);
+    EXPECT_EQ(project.userLibraryFile, "");
+}
+
+} // namespace
+} // namespace strativo

@@ -1,0 +1,130 @@
+#include "project/FileCommands.h"
+#include "project/ReadConstructionFile.h"
+#include "support/AsNobody.h"
+#include "support/Samples.h"
+#include "support/SpecialFiles.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+namespace strativo {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr char halfBytes[] = "!CONSTRUCTION 'Half'\n_ 1 = 12 0.1 0\n_ 2 =34\n!END\n";
+
+struct Failing {
+    const char* name;
+    const char* path;
+    const char* message;
+};
+
+void PrintTo(const Failing& failing, std::ostream* out) {
+    *out << failing.name;
+}
+
+class ReadingFailure : public testing::TestWithParam<Failing> {
+protected:
+    ReadingFailure() : project(StartedProject(desktop)) {
+        folder.Write("stdmat.lby", standardLibraryBytes);
+        project.rememberedLibrary = "stdmat.lby";
+        folder.Write("half.con", halfBytes);
+        folder.Write("overflow.con", "!CONSTRUCTION 'Half'\n_ 1 = 40000 0.1 0\n");
+        folder.Write("folder/x", "");
+        EXPECT_EQ(mkfifo("fifo", 0600), 0);
+        MakeSocket("socket");
+    }
+
+    TemporaryFolder folder;
+    ScriptedDesktop desktop;
+    Project project;
+};
+
+TEST_P(ReadingFailure, IsReportedAsACommandLineErrorForAPathGiven) {
+    ReadConstructionFile(project, GetParam().path, desktop);
+    const std::string text = "Command line error\r" + std::string(GetParam().message);
+    EXPECT_THAT(desktop.messages, ElementsAre(Message{text, ""}));
+    EXPECT_EQ(project.constructionFile, "");
+}
+
+TEST_P(ReadingFailure, IsReportedPlainlyForAPathAskedFor) {
+    desktop.OpensFile(GetParam().path);
+    ReadConstructionFile(project, "", desktop);
+    EXPECT_THAT(desktop.messages, ElementsAre(Message{GetParam().message, ""}));
+    EXPECT_EQ(project.constructionFile, "");
+}
+
+std::string RowName(const testing::TestParamInfo<Failing>& row) {
+    return row.param.name;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Of, ReadingFailure,
+    testing::Values(
+        Failing{"BrokenContent", "half.con", "Construction file (p) is incorrect version"},
+        Failing{"Overflow", "overflow.con", "Construction file (p) error 6 occurred."},
+        Failing{"MissingFile", "missing.con", "Construction file (p) is missing."},
+        Failing{"MissingFolder", "no folder/a.con",
+                "Construction file (p). That path doesn't exist."},
+        Failing{"FileAsFolder", "half.con/a.con",
+                "Construction file (p). That path doesn't exist."},
+        Failing{"MissingDevice", "socket", "Construction file (p). Drive not available."},
+        Failing{"Folder", "folder", "Construction file (p) error 75 occurred."},
+        Failing{"Fifo", "fifo", "Construction file (p) error 75 occurred."},
+        Failing{"Device", "/dev/zero", "Construction file (p) error 75 occurred."},
+        Failing{"InputError", "/proc/self/mem", "Construction file (p) error 57 occurred."}),
+    RowName);
+
+using ReadingFailures = ReadingFailure;
+
+TEST_F(ReadingFailures, OfAFileThatMayNotBeReadAreErrorSeventy) {
+    ASSERT_EQ(chmod("half.con", 0), 0);
+    ASSERT_EQ(chmod(folder.Path().c_str(), 0755), 0);
+    AsNobody([&] { ReadConstructionFile(project, "half.con", desktop); });
+    EXPECT_THAT(desktop.Texts(),
+                ElementsAre("Command line error\rConstruction file (p) error 70 occurred."));
+}
+
+TEST_F(ReadingFailures, LeaveWhatWasReadUntitled) {
+    ReadConstructionFile(project, "half.con", desktop);
+    EXPECT_EQ(project.constructionCount, 1);
+    EXPECT_EQ(project.constructions[1].name, "Half");
+    EXPECT_EQ(LayerNames(project, 1), "1") << "not linked";
+    EXPECT_FALSE(project.changed);
+    desktop.SavesFile("");
+    EXPECT_FALSE(SaveProject(project, desktop)) << "Save asks for a name";
+    EXPECT_EQ(folder.Read("half.con"), halfBytes);
+}
+
+TEST_F(ReadingFailures, LeaveTheRemovalOfTheOldConstructionsMarked) {
+    AddConstruction(project, desktop, {"A"});
+    ReadConstructionFile(project, "missing.con", desktop);
+    EXPECT_EQ(project.constructionCount, 0);
+    EXPECT_TRUE(project.changed);
+}
+
+TEST_F(ReadingFailures, TakeTheOldUserLibraryOutOfTheList) {
+    project.userLoaded = true;
+    project.userLibraryFile = "user.lby";
+    ReadConstructionFile(project, "missing.con", desktop);
+    EXPECT_FALSE(project.userLoaded);
+    EXPECT_EQ(project.userLibraryFile, "");
+}
+
+TEST_F(ReadingFailures, DoNotIncludeACancelledPrompt) {
+    AddConstruction(project, desktop, {"A"});
+    project.userLoaded = true;
+    project.constructionFile = "old.con";
+    desktop.OpensFile("");
+    ReadConstructionFile(project, "", desktop);
+    EXPECT_THAT(desktop.messages, IsEmpty());
+    EXPECT_EQ(LayerNames(project, 1), "A");
+    EXPECT_TRUE(project.userLoaded);
+    EXPECT_EQ(project.constructionFile, "");
+}
+
+} // namespace
+} // namespace strativo
