@@ -27,8 +27,11 @@ std::string FollowLinks(std::string path) {
     std::array<char, 4096> target{};
     for (int links = 0; links < maxLinks; ++links) {
         const ssize_t length = readlink(path.c_str(), target.data(), target.size());
-        if (length < 0)
+        if (length < 0) {
+            // Not a link, or nothing there yet; after any other failure it may be a link.
+            Check(errno == EINVAL || errno == ENOENT);
             return path;
+        }
         const std::string next(target.data(), static_cast<std::size_t>(length));
         const std::string folder = FolderOf(path);
         path = next.starts_with('/') || folder.empty() ? next : folder + "/" + next;
@@ -46,8 +49,10 @@ struct OldFile {
 OldFile CheckOldFile(const std::string& path) {
     OldFile old;
     old.exists = stat(path.c_str(), &old.status) == 0;
-    if (!old.exists)
+    if (!old.exists) {
+        Check(errno == ENOENT);
         return old;
+    }
     if (S_ISDIR(old.status.st_mode))
         throw WriteError(std::strerror(EISDIR));
     if (!S_ISREG(old.status.st_mode))
@@ -83,7 +88,9 @@ public:
             const ssize_t count = write(descriptor, bytes.data(), bytes.size());
             if (count < 0 && errno == EINTR)
                 continue;
-            Check(count >= 0);
+            if (count == 0)
+                errno = EIO; // a device that takes nothing would be asked for ever
+            Check(count > 0);
             bytes.remove_prefix(static_cast<std::size_t>(count));
         }
     }

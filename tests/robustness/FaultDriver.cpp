@@ -1,0 +1,123 @@
+// The program that a fault library is preloaded into. It saves or reads a construction file with
+// the library armed, and prints what came of it, one fact a line.
+//
+//   fault-driver save FILE        reads the file, changes it, saves it with faults
+//   fault-driver save-again FILE  the same, and saves once more without faults
+//   fault-driver save-new FILE    saves a project that has no file yet
+//   fault-driver read FILE        reads the file with faults
+
+#include "edit/ConstructionEntry.h"
+#include "edit/LayerClipboard.h"
+#include "edit/MaterialList.h"
+#include "project/FileCommands.h"
+#include "project/NewProject.h"
+#include "project/ReadConstructionFile.h"
+
+#include <algorithm>
+#include <dlfcn.h>
+#include <iostream>
+#include <string>
+#include <string_view>
+
+using namespace strativo;
+
+namespace {
+
+/// Prints what it is told, says yes to every question and takes one file name for every prompt.
+class PrintingDesktop : public Desktop {
+public:
+    explicit PrintingDesktop(std::string path) : file(std::move(path)) {}
+
+    Answer ShowMessage(const Message& message) override {
+        std::string text = message.text;
+        std::replace_if(
+            text.begin(), text.end(), [](char c) { return c == '\r' || c == '\n'; }, '|');
+        std::cout << (message.buttons == Buttons::ok ? "message " : "question ") << text << '\n';
+        return message.buttons == Buttons::ok ? Answer::ok : Answer::yes;
+    }
+    std::optional<std::string> AskOpenFile(const FilePrompt&) override { return std::nullopt; }
+    std::optional<std::string> AskSaveFile(const FilePrompt&) override { return file; }
+    void Beep() override { std::cout << "beep\n"; }
+    void OpenConstructionWindow(int) override {}
+    void CloseConstructionWindow(int) override {}
+    void RefreshConstructionWindow(int) override {}
+    void ActivateConstructionWindow(int) override {}
+    void RefreshMaterialList() override {}
+    void ShowMaterialDialog() override {}
+    void EnableMatOption(int, bool) override {}
+    void SelectMatOption(int) override {}
+    void RefreshGlassTypeList() override {}
+    void ShowProgress(std::size_t, std::size_t) override {}
+    void ShowHelpContents() override {}
+    void QuitHelp() override {}
+
+protected:
+    void OnProgramEnd() override { std::cout << "ended\n"; }
+
+private:
+    std::string file;
+};
+
+void Call(const char* name) {
+    if (void* function = dlsym(RTLD_DEFAULT, name))
+        reinterpret_cast<void (*)()>(function)();
+    else
+        std::cout << "no fault library\n";
+}
+
+/// The program's state, with all output on its way before a kill can lose it.
+void Print(const Project& project) {
+    std::cout << "changed " << project.changed << "\nfile " << project.constructionFile
+              << "\nconstructions " << project.constructionCount << std::endl;
+}
+
+void Save(Project& project, Desktop& desktop, bool again) {
+    std::cout << "ready" << std::endl;
+    Call("ArmFaults");
+    const bool saved = SaveProject(project, desktop);
+    Call("DisarmFaults");
+    std::cout << "saved " << saved << '\n';
+    Print(project);
+    if (again)
+        std::cout << "again " << SaveProject(project, desktop) << std::endl;
+}
+
+void Read(Project& project, const std::string& file, Desktop& desktop) {
+    std::cout << "ready" << std::endl;
+    Call("ArmFaults");
+    ReadConstructionFile(project, file, desktop);
+    Call("DisarmFaults");
+    Print(project);
+}
+
+void Run(std::string_view command, const std::string& file) {
+    PrintingDesktop desktop(file);
+    Project project;
+    Settings settings;
+    settings.stdMat = "stdmat.lby";
+    StartUp(project, settings, desktop);
+    if (command == "read")
+        return Read(project, file, desktop);
+    if (command == "save-new") {
+        NewConstruction(project, desktop);
+        project.selectedMaterial = 1;
+        TakeMaterial(project);
+        PasteLayers(project, desktop);
+    } else {
+        ReadConstructionFile(project, file, desktop);
+    }
+    EnterThickness(project, 1, "250", desktop);
+    Save(project, desktop, command == "save-again");
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 3)
+        return 2;
+    try {
+        Run(argv[1], argv[2]);
+    } catch (const ProgramEnd&) {
+    }
+    return 0;
+}

@@ -1,0 +1,246 @@
+#include "robustness/FaultyRun.h"
+#include "support/Samples.h"
+#include "support/TestProject.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <set>
+#include <sys/stat.h>
+
+namespace strativo {
+namespace {
+
+const std::string oldBytes =
+    Lines({"!MATERIALS FILE = 'stdmat.lby'", "", "!CONSTRUCTION 'WALL'", "!TYPE OPAQUE", "!PARTS",
+           "_ 1 =       12      0.100      0            * FACE BRICK",
+           "_ 2 =       30      0.013      0            * PLASTER", "!END", ""});
+
+/// A way in which a call fails.
+struct Failure {
+    std::string effect;
+    int error; ///< 0: the call does less than asked, and can be repeated
+};
+
+Failure Errno(int error) {
+    return {"errno=" + std::to_string(error), error};
+}
+
+std::vector<Failure> FailuresOf(const std::string& call) {
+    if (call == "write")
+        return {Errno(EIO), Errno(ENOSPC), Errno(EDQUOT), {"zero", EIO}};
+    if (call == "mkostemp")
+        return {Errno(EIO), Errno(ENOSPC), Errno(EACCES), Errno(EMFILE), Errno(EROFS)};
+    if (call == "open")
+        return {Errno(EIO), Errno(EMFILE)};
+    if (call == "fsync" || call == "close")
+        return {Errno(EIO), Errno(ENOSPC), Errno(EDQUOT)};
+    if (call == "rename")
+        return {Errno(EIO), Errno(ENOSPC), Errno(EACCES), Errno(EROFS)};
+    return {Errno(EIO), Errno(EPERM)};
+}
+
+/// Failures that are none of saving. The first look at the file only asks whether it is still the
+/// one that was read; without a group the file has the user's own; and the folder's descriptor is
+/// free whatever closing it says.
+bool MayFail(const FaultyRun& run) {
+    const auto failed = std::find_if(run.calls.begin(), run.calls.end(),
+                                     [](const LoggedCall& call) { return !call.effect.empty(); });
+    if (failed == run.calls.end())
+        return false;
+    const bool temporary = failed->arguments.at(0).find(".strativo-") != std::string::npos;
+    return failed == run.calls.begin() || failed->name == "fchown"
+           || (failed->name == "close" && !temporary);
+}
+
+class SaveFaults : public testing::Test {
+protected:
+    SaveFaults() {
+        folder.Write("stdmat.lby", standardLibraryBytes);
+        Restore();
+        const FaultyRun run = RunWithFaults("save", "house.con", "");
+        calls = run.calls;
+        newBytes = folder.Read("house.con");
+        EXPECT_EQ(run.Value("saved"), "1");
+        EXPECT_NE(newBytes, oldBytes);
+        EXPECT_THAT(newBytes, testing::HasSubstr("0.250"));
+        Restore();
+    }
+
+    void Restore() {
+        for (const std::string& name : folder.Entries())
+            if (name != "stdmat.lby")
+                std::filesystem::remove(folder.Path() / name);
+        folder.Write("house.con", oldBytes);
+        ASSERT_EQ(chmod("house.con", 0640), 0);
+    }
+
+    bool TemporaryFileLeft() const {
+        const auto names = folder.Entries();
+        return std::any_of(names.begin(), names.end(),
+                           [](const auto& name) { return name.starts_with(".strativo-"); });
+    }
+
+    void ExpectOldOrNew() const {
+        const std::string bytes = folder.Read("house.con");
+        EXPECT_TRUE(bytes == oldBytes || bytes == newBytes) << bytes;
+    }
+
+    void ExpectSaved(const FaultyRun& run) const {
+        EXPECT_EQ(folder.Read("house.con"), newBytes);
+        EXPECT_EQ(run.Value("changed"), "0");
+        EXPECT_THAT(run.All("message"), testing::IsEmpty());
+    }
+
+    void ExpectNotSaved(const FaultyRun& run, int error) const {
+        ExpectOldOrNew();
+        EXPECT_EQ(run.Value("changed"), "1");
+        EXPECT_EQ(run.Value("message"),
+                  std::string("house.con|The file was not saved: ") + std::strerror(error));
+    }
+
+    /// Saves with one fault and checks everything that was promised.
+    void SaveWith(const std::string& fault, const Failure& failure) {
+        SCOPED_TRACE(fault);
+        Restore();
+        const FaultyRun run = RunWithFaults("save", "house.con", fault);
+        EXPECT_TRUE(run.Hit(failure.effect));
+        EXPECT_EQ(run.Value("file"), "house.con");
+        EXPECT_THAT(run.All("question"), testing::IsEmpty());
+        EXPECT_FALSE(TemporaryFileLeft());
+        if (run.Value("saved") == "1") {
+            ExpectSaved(run);
+            EXPECT_TRUE(failure.error == 0 || MayFail(run)) << "a failure went unseen";
+        } else {
+            ExpectNotSaved(run, failure.error);
+        }
+    }
+
+    std::set<std::string> NamesOfCalls() const {
+        std::set<std::string> names;
+        for (const LoggedCall& call : calls)
+            names.insert(call.name);
+        names.erase("made"); // no call, but the name that mkostemp gave
+        return names;
+    }
+
+    int CountOf(const std::string& name) const {
+        return static_cast<int>(std::count_if(
+            calls.begin(), calls.end(), [&](const LoggedCall& call) { return call.name == name; }));
+    }
+
+    int CountOfAll() const { return static_cast<int>(calls.size()) - CountOf("made"); }
+
+    TemporaryFolder folder;
+    std::vector<LoggedCall> calls;
+    std::string newBytes;
+};
+
+TEST_F(SaveFaults, TheCallsOfASaveAreSeen) {
+    EXPECT_THAT(NamesOfCalls(), testing::UnorderedElementsAre(
+                                    "stat", "readlink", "faccessat", "mkostemp", "write", "fchown",
+                                    "fchmod", "fstat", "fsync", "close", "rename", "open"));
+    EXPECT_EQ(CountOf("fsync"), 2) << "the file, and its folder";
+}
+
+TEST_F(SaveFaults, EachCallFailsOnce) {
+    for (const std::string& call : NamesOfCalls())
+        for (int number = 1; number <= CountOf(call); ++number)
+            for (const Failure& failure : FailuresOf(call))
+                SaveWith(call + ":" + std::to_string(number) + ":" + failure.effect, failure);
+}
+
+TEST_F(SaveFaults, EachCallFailsFromThenOn) {
+    for (const std::string& call : NamesOfCalls())
+        for (int number = 1; number <= CountOf(call); ++number)
+            for (const Failure& failure : FailuresOf(call))
+                SaveWith(call + ":" + std::to_string(number) + ":" + failure.effect + ":always",
+                         failure);
+}
+
+TEST_F(SaveFaults, ShortAndInterruptedWritesAreRepeated) {
+    for (const Failure& failure : {Failure{"short", 0}, Failure{Errno(EINTR).effect, 0}})
+        SaveWith("write:1:" + failure.effect, failure);
+    SaveWith("write:1:short:always", {"short", 0});
+}
+
+/// A device that fills up after any number of bytes.
+TEST_F(SaveFaults, ADiskThatFillsUpKeepsTheOldFile) {
+    int writes = 1;
+    for (; writes < 100; ++writes) {
+        Restore();
+        const std::string full = "write:1:short:always;write:" + std::to_string(writes)
+                                 + ":errno=" + std::to_string(ENOSPC) + ":always";
+        const FaultyRun run = RunWithFaults("save", "house.con", full);
+        if (run.Value("saved") == "1")
+            break;
+        EXPECT_EQ(folder.Read("house.con"), oldBytes);
+        EXPECT_FALSE(TemporaryFileLeft());
+        ExpectNotSaved(run, ENOSPC);
+    }
+    EXPECT_EQ(folder.Read("house.con"), newBytes);
+    EXPECT_GT(writes, 5);
+}
+
+TEST_F(SaveFaults, ASaveAfterAFailedOneWritesWithoutAQuestion) {
+    for (int number = 1; number <= CountOfAll(); ++number) {
+        Restore();
+        const std::string fault = "*:" + std::to_string(number) + ":" + Errno(EIO).effect;
+        SCOPED_TRACE(fault);
+        const FaultyRun run = RunWithFaults("save-again", "house.con", fault);
+        EXPECT_EQ(run.Value("again"), "1");
+        EXPECT_THAT(run.All("question"), testing::IsEmpty());
+        EXPECT_EQ(folder.Read("house.con"), newBytes);
+    }
+}
+
+TEST_F(SaveFaults, AKillAtAnyCallLeavesAWholeFileAndTheNextSaveCopes) {
+    for (int number = 1; number <= CountOfAll(); ++number) {
+        Restore();
+        const std::string fault = "*:" + std::to_string(number) + ":kill";
+        SCOPED_TRACE(fault);
+        EXPECT_TRUE(RunWithFaults("save", "house.con", fault).killed);
+        ExpectOldOrNew();
+        const FaultyRun next = RunWithFaults("save", "house.con", "");
+        EXPECT_EQ(next.Value("saved"), "1");
+        ExpectSaved(next);
+    }
+    Restore();
+    const FaultyRun run =
+        RunWithFaults("save", "house.con", "*:" + std::to_string(CountOfAll() + 1) + ":kill");
+    EXPECT_EQ(run.Value("saved"), "1") << "the calls were all there were";
+}
+
+TEST_F(SaveFaults, AKillInTheMiddleOfAWriteLeavesTheOldFile) {
+    EXPECT_TRUE(RunWithFaults("save", "house.con", "write:1:torn").killed);
+    EXPECT_EQ(folder.Read("house.con"), oldBytes);
+    EXPECT_TRUE(TemporaryFileLeft()) << "the write had begun";
+    EXPECT_EQ(RunWithFaults("save", "house.con", "").Value("saved"), "1");
+    EXPECT_EQ(folder.Read("house.con"), newBytes);
+}
+
+TEST_F(SaveFaults, TheFirstSaveOfAProjectLeavesNoHalfFile) {
+    std::filesystem::remove("house.con");
+    const FaultyRun whole = RunWithFaults("save-new", "house.con", "");
+    const std::string bytes = folder.Read("house.con");
+    EXPECT_EQ(whole.Value("saved"), "1");
+    for (int number = 1; number <= static_cast<int>(whole.calls.size()) - 1; ++number) {
+        const std::string fault = "*:" + std::to_string(number) + ":" + Errno(EIO).effect;
+        SCOPED_TRACE(fault);
+        std::filesystem::remove("house.con");
+        const FaultyRun run = RunWithFaults("save-new", "house.con", fault);
+        EXPECT_TRUE(run.Hit(Errno(EIO).effect));
+        EXPECT_FALSE(TemporaryFileLeft());
+        EXPECT_EQ(run.Value("changed"), run.Value("saved") == "1" ? "0" : "1");
+        EXPECT_EQ(run.Value("file"), run.Value("saved") == "1" ? "house.con" : "");
+        if (std::filesystem::exists("house.con"))
+            EXPECT_EQ(folder.Read("house.con"), bytes);
+        else
+            EXPECT_EQ(run.Value("saved"), "0");
+    }
+}
+
+} // namespace
+} // namespace strativo
