@@ -168,8 +168,6 @@ void UValueMDI::ActiveChanged(int id) {
     project.dialogActive = id == dialogId;
     if (InUse(project, id))
         strativo::ActivateConstruction(project, id);
-    if (id == glassId)
-        RefreshGlassTypes();
 }
 
 /// Constructions are closed only by the program's own command; an empty window may go.

@@ -173,7 +173,9 @@ void WindowArea::Activate(int id) {
     Child& child = children.at(id);
     QWidget* content = child.frame->Content();
     if (content != nullptr && !content->isAncestorOf(window()->focusWidget())) {
-        QWidget* focus = child.lastFocus != nullptr ? child.lastFocus.data() : content;
+        // A button that is disabled by now cannot take it.
+        const bool canReturn = child.lastFocus != nullptr && child.lastFocus->isEnabled();
+        QWidget* focus = canReturn ? child.lastFocus.data() : content;
         focus->setFocus(Qt::OtherFocusReason);
     }
     ShowVisible();
