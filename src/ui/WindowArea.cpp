@@ -124,8 +124,10 @@ void WindowArea::Raise(int id) {
     order.erase(std::find(order.begin(), order.end(), id));
     order.push_back(id);
     Child& child = children.at(id);
-    if (child.frame == nullptr)
+    if (child.frame == nullptr) {
         MakeFrame(id);
+        changed = true; // others may be let go for it
+    }
     child.frame->raise();
     child.frame->show();
 }
@@ -391,6 +393,7 @@ void WindowArea::DropUnseenFrames(const std::vector<int>& seen) {
         child.frame->hide();
         child.frame->deleteLater();
         child.frame = nullptr;
+        child.lastFocus = nullptr;
     }
 }
 

@@ -45,6 +45,7 @@ MainWindowTest::MainWindowTest()
       watch(std::make_unique<QObject>()) {
     folder.Write("settings/Stratv.ini", "[Files]\nStdMat=" + library + "\n");
     setenv("XDG_CONFIG_HOME", (folder.Path() / "settings").c_str(), 1);
+    setenv("XDG_STATE_HOME", (folder.Path() / "state").c_str(), 1);
     WatchForBoxes();
 }
 
@@ -218,6 +219,7 @@ bool MainWindowTest::Drop(QMimeData* data, QWidget* on, QPoint place) {
     QDragEnterEvent enter(place, actions, data, Qt::LeftButton, {});
     QApplication::sendEvent(on, &enter);
     QDragMoveEvent move(place, actions, data, Qt::LeftButton, {});
+    move.setAccepted(enter.isAccepted()); // as the toolkit does
     QApplication::sendEvent(on, &move);
     if (!enter.isAccepted() || !move.isAccepted()) {
         QDragLeaveEvent leave;

@@ -1,0 +1,96 @@
+#include "MainWindowTest.h"
+#include "ui/ChildWindow.h"
+#include "ui/UValue.h"
+#include "ui/WindowArea.h"
+
+#include <QElapsedTimer>
+
+namespace strativo {
+namespace {
+
+/// A file of 5,000 constructions: "Wall N" with a layer of N millimetres.
+class ManyWindows : public MainWindowTest {
+protected:
+    static constexpr int many = 5000;
+    static constexpr int mostThatCanBeSeen = 80;
+
+    void StartWithMany() {
+        std::string bytes = "!MATERIALS FILE = '" + library + "'\r\n";
+        for (int number = 1; number <= many; ++number)
+            bytes += "!CONSTRUCTION 'Wall " + std::to_string(number)
+                     + "'\r\n!TYPE OPAQUE\r\n!PARTS\r\n_ 1 = 12 " + std::to_string(0.001 * number)
+                     + " 0\r\n!END\r\n";
+        Start(folder.Write("many.con", bytes + "!EOF\r\n"));
+        ASSERT_EQ(TheProject().constructionCount, many);
+    }
+
+    void ExpectShown(int number) {
+        EXPECT_EQ(Area().Active(), number);
+        EXPECT_EQ(TheProject().currentConstruction, number);
+        EXPECT_EQ(TextOf(number, "NameText"), "Wall " + std::to_string(number));
+        EXPECT_EQ(TextOf(number, "EditThick"), std::to_string(number));
+        EXPECT_EQ(LayersShown(number), std::vector<std::string>{"FACE BRICK"});
+        EXPECT_TRUE(List(number)->hasFocus());
+    }
+};
+
+TEST_F(ManyWindows, ExistOnlyWhereAPartOfThemCanBeSeen) {
+    StartWithMany();
+    EXPECT_LT(Area().ExistingWindows(), 12);
+    EXPECT_EQ(Area().Windows().size(), many + 1U);
+    ExpectShown(many);
+}
+
+TEST_F(ManyWindows, AnyOfThemCanBeActivated) {
+    StartWithMany();
+    for (int number = 1; number <= many; number += 50)
+        Area().Activate(number);
+    EXPECT_LT(Area().ExistingWindows(), mostThatCanBeSeen);
+    for (const int number : {1, 2500, many}) {
+        Area().Activate(number);
+        ExpectShown(number);
+    }
+}
+
+TEST_F(ManyWindows, AnUnseenWindowThatWasLetGoShowsItsContentAgain) {
+    StartWithMany();
+    Area().Activate(3);
+    for (int number = 100; number < 200; ++number)
+        Area().Activate(number);
+    QTest::qWait(1);
+    EXPECT_EQ(program->ConstructionWindow(3), nullptr);
+    Area().Activate(3);
+    ExpectShown(3);
+}
+
+TEST_F(ManyWindows, AllCanBeIconsAndBackAgain) {
+    StartWithMany();
+    Choose("MakeIcon");
+    EXPECT_TRUE(Area().IsMinimised(1));
+    EXPECT_TRUE(Area().IsMinimised(many));
+    EXPECT_EQ(TheProject().currentConstruction, many);
+    Choose("ArrangeIcons");
+    Choose("Cascade");
+    Area().Activate(4711);
+    ExpectShown(4711);
+}
+
+TEST_F(ManyWindows, TheWindowMenuListsThirtyOfThem) {
+    StartWithMany();
+    EXPECT_EQ(Captions("Winmenu").size(), 4U + 30U + 1U);
+    EXPECT_EQ(Captions("Winmenu").back(), "More windows...");
+}
+
+TEST_F(ManyWindows, RemovingAndReplacingThemAllTakesNoTime) {
+    StartWithMany();
+    QElapsedTimer timer;
+    timer.start();
+    Choose("MakeIcon");
+    Choose("NewProject");
+    EXPECT_EQ(TheProject().constructionCount, 0);
+    EXPECT_EQ(Area().Windows().size(), 1U);
+    EXPECT_LT(timer.elapsed(), 4000) << "a hundred times what it takes";
+}
+
+} // namespace
+} // namespace strativo
