@@ -17,8 +17,10 @@ bool Exists(const std::string& path) {
 }
 
 bool HasDriveLetter(const std::string& name) {
-    const auto letter = static_cast<unsigned char>(name.empty() ? 0 : name[0] | 0x20);
-    return name.size() > 1 && name[1] == ':' && letter >= 'a' && letter <= 'z';
+    if (name.size() < 2 || name[1] != ':')
+        return false;
+    const char letter = static_cast<char>(name[0] | 0x20);
+    return letter >= 'a' && letter <= 'z';
 }
 
 std::string LowerCase(std::string text) {
@@ -28,11 +30,16 @@ std::string LowerCase(std::string text) {
     return text;
 }
 
+std::string Join(const std::string& folder, const std::string& name) {
+    const char* separator = folder.empty() || folder.ends_with('/') ? "" : "/";
+    return folder + separator + name;
+}
+
 /// The entry of the folder whose name differs at most in letter case; the first in name order.
 std::optional<std::string> EntryIgnoringCase(const std::string& folder, const std::string& name) {
     std::vector<std::string> found;
     std::error_code error;
-    for (fs::directory_iterator entry(folder.empty() ? "." : folder, error), end; entry != end;
+    for (fs::directory_iterator entry(Join(folder, "."), error), end; entry != end;
          entry.increment(error)) {
         const std::string entryName = entry->path().filename().string();
         if (LowerCase(entryName) == LowerCase(name))
@@ -41,10 +48,6 @@ std::optional<std::string> EntryIgnoringCase(const std::string& folder, const st
     if (found.empty())
         return std::nullopt;
     return *std::min_element(found.begin(), found.end());
-}
-
-std::string Join(const std::string& folder, const std::string& name) {
-    return folder.empty() || folder.ends_with('/') ? folder + name : folder + "/" + name;
 }
 
 /// The path spelled as the file system spells it, component by component.

@@ -49,7 +49,9 @@ public:
 private:
     void Add(const char* rule, int number, const std::string& text, int layer = 0) {
         const std::string& name = project.constructions[number].name;
-        const std::string place = layer > 0 ? ", layer" + SignPositionNumber(layer) : "";
+        std::string place;
+        if (layer > 0)
+            place = ", layer" + SignPositionNumber(layer);
         findings.push_back(
             {rule, number, layer, 0, name,
              "Construction" + SignPositionNumber(number) + Quoted(name) + place + ": " + text});
@@ -91,8 +93,9 @@ struct TablePlace {
     std::string Text() const {
         if (row > 0)
             return "in row" + SignPositionNumber(row) + ", column" + SignPositionNumber(value);
-        return value == 1 ? "for diffuse light"
-                          : "at" + SignPositionNumber(IncidenceAngle(value)) + " degrees";
+        if (value == 1)
+            return "for diffuse light";
+        return "at" + SignPositionNumber(IncidenceAngle(value)) + " degrees";
     }
 };
 

@@ -32,9 +32,10 @@ std::string FollowLinks(std::string path) {
             Check(errno == EINVAL || errno == ENOENT);
             return path;
         }
-        const std::string next(target.data(), static_cast<std::size_t>(length));
-        const std::string folder = FolderOf(path);
-        path = next.starts_with('/') || folder.empty() ? next : folder + "/" + next;
+        std::string next(target.data(), static_cast<std::size_t>(length));
+        if (!next.starts_with('/'))
+            next.insert(0, path, 0, path.rfind('/') + 1); // it counts from the link's folder
+        path = next;
     }
     errno = ELOOP;
     ThrowSystemError();
@@ -69,8 +70,7 @@ OldFile CheckOldFile(const std::string& path) {
 /// A new file beside the old one; removed again unless it took the old one's place.
 class TemporaryFile {
 public:
-    explicit TemporaryFile(const std::string& folder)
-        : path(folder + (folder.ends_with('/') ? "" : "/") + ".strativo-XXXXXX") {
+    explicit TemporaryFile(const std::string& folder) : path(folder + "/.strativo-XXXXXX") {
         descriptor = mkostemp(path.data(), O_CLOEXEC);
         Check(descriptor >= 0);
     }
@@ -148,7 +148,9 @@ void SyncFolder(const std::string& folder) {
 void ReplaceFile(const std::string& path, std::string_view bytes, FileStamp& stamp) {
     const std::string target = FollowLinks(path);
     const OldFile old = CheckOldFile(target);
-    const std::string folder = FolderOf(target).empty() ? "." : FolderOf(target);
+    std::string folder = FolderOf(target);
+    if (folder.empty())
+        folder = ".";
     TemporaryFile file(folder);
     file.Write(bytes);
     file.TakePermissions(old);

@@ -42,11 +42,12 @@ std::vector<std::string> NamesOf(const Project& project, const std::vector<int>&
     return names;
 }
 
-bool AskAbout(const std::vector<std::string>& names, const std::string& finding,
-              const std::string& title, Desktop& desktop) {
+bool AskAbout(const std::vector<std::string>& names, const char* finding, const char* title,
+              Desktop& desktop) {
     if (names.empty())
         return true;
-    std::string text = finding + "\r\r";
+    std::string text = finding;
+    text += "\r\r";
     for (const std::string& name : names)
         text += name + "\r";
     text += "\rDo you wish to save anyway?\r";
@@ -64,15 +65,17 @@ std::vector<int> ZeroAbsorptionConstructions(const Project& project) {
 }
 
 bool CheckBeforeSave(const Project& project, Desktop& desktop) {
-    return AskAbout(NamesOf(project, ZeroThicknessConstructions(project)),
-                    "The following construction(s) have at least one zero thickness",
-                    "Zero thickness error", desktop)
-           && AskAbout(NamesOf(project, ZeroAbsorptionConstructions(project)),
-                       "The following construction(s) have a total absorption equal to zero",
-                       "Zero absorption error", desktop)
-           && AskAbout(UnreadableNames(project),
-                       "The following name(s) cannot be read back from a construction file",
-                       "Name error", desktop);
+    if (!AskAbout(NamesOf(project, ZeroThicknessConstructions(project)),
+                  "The following construction(s) have at least one zero thickness",
+                  "Zero thickness error", desktop))
+        return false;
+    if (!AskAbout(NamesOf(project, ZeroAbsorptionConstructions(project)),
+                  "The following construction(s) have a total absorption equal to zero",
+                  "Zero absorption error", desktop))
+        return false;
+    return AskAbout(UnreadableNames(project),
+                    "The following name(s) cannot be read back from a construction file",
+                    "Name error", desktop);
 }
 
 } // namespace strativo

@@ -51,9 +51,7 @@ bool WriteNamedFile(Project& project, Desktop& desktop) {
 }
 
 Message CloseQuestion(const Project& project) {
-    const std::string name =
-        project.constructionFile.empty() ? "Untitled.con" : PathToUtf8(project.constructionFile);
-    return {"Save changes to " + name + " ?",
+    return {"Save changes to " + ShownFileName(project.constructionFile) + " ?",
             "Construction Have Changed",
             Buttons::yesNoCancel,
             Icon::question,
@@ -62,6 +60,10 @@ Message CloseQuestion(const Project& project) {
 }
 
 } // namespace
+
+std::string ShownFileName(const std::string& constructionFile) {
+    return constructionFile.empty() ? "Untitled.con" : PathToUtf8(constructionFile);
+}
 
 void FinishStartUp(Project& project, const std::string& commandLine, Desktop& desktop) {
     SortByName(project);

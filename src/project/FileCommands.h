@@ -9,6 +9,9 @@
 
 namespace strativo {
 
+/// The name of a construction file as people read it, in UTF-8; "Untitled.con" where there is none.
+std::string ShownFileName(const std::string& constructionFile);
+
 /// End of start-up: orders the material list and reads the construction file that the whole
 /// command line names, if it is not empty.
 void FinishStartUp(Project& project, const std::string& commandLine, Desktop& desktop);

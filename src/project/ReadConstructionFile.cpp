@@ -30,7 +30,7 @@ void ResetForReading(Project& project, Desktop& desktop) {
 
 ParsedFile ReadLines(Project& project, const std::string& source, Desktop& desktop) {
     bool triedLibrary = false;
-    const CreateConstruction create = [&] {
+    const auto create = [&] {
         // A library that cannot be loaded is reported once, not for each construction.
         if (!project.standardLoaded && !triedLibrary)
             LoadStandardLibrary(project, desktop);
@@ -41,7 +41,7 @@ ParsedFile ReadLines(Project& project, const std::string& source, Desktop& deskt
     project.stampedFile = project.constructionFile;
     project.stamp = StampOf(project.constructionFile);
     const std::string bytes = ReadFileBytes(source);
-    return ParseConstructionFile(bytes, project, desktop, create);
+    return ParseConstructionFile(bytes, project, desktop, std::ref(create));
 }
 
 [[noreturn]] void EndWithoutUserLibrary(Desktop& desktop) {

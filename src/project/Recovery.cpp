@@ -2,8 +2,8 @@
 
 #include "files/ConstructionWriter.h"
 #include "files/FileAccess.h"
+#include "project/FileCommands.h"
 #include "project/ReadConstructionFile.h"
-#include "text/Windows1252.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -36,7 +36,10 @@ std::string HeadLine(const Project& project) {
     const FileStamp stamp = project.stampedFile == name ? project.stamp : FileStamp();
     std::ostringstream line;
     line << headMark << stamp.device << ' ' << stamp.inode << ' ' << stamp.size << ' '
-         << stamp.modified << ' ' << (name.empty() ? "" : fs::absolute(name).string()) << "\r\n";
+         << stamp.modified << ' ';
+    if (!name.empty())
+        line << fs::absolute(name).string();
+    line << "\r\n";
     return line.str();
 }
 
@@ -82,15 +85,14 @@ std::string MarkAsOffered(const fs::path& copy) {
     const fs::path renamed = copy.parent_path() / (offered + rest);
     std::error_code error;
     fs::rename(copy, renamed, error);
-    return (error ? copy : renamed).string();
+    return error ? copy.string() : renamed.string();
 }
 
 Message Offer(const std::string& originalName) {
-    const std::string name = originalName.empty() ? "Untitled.con" : PathToUtf8(originalName);
-    Message message =
-        YesNoQuestion("Strativo ended before the changes to this file were saved:\n" + name
-                          + "\n\nA copy of the project was kept.  Do you wish to open it?",
-                      "Recovered project");
+    Message message = YesNoQuestion(
+        "Strativo ended before the changes to this file were saved:\n" + ShownFileName(originalName)
+            + "\n\nA copy of the project was kept.  Do you wish to open it?",
+        "Recovered project");
     message.encoding = Encoding::utf8;
     return message;
 }

@@ -32,8 +32,9 @@ std::string BytesIfReadable(const std::string& path) {
 } // namespace
 
 std::vector<std::string> SettingsFiles() {
-    const std::string configured = Environment("XDG_CONFIG_HOME");
-    const std::string folder = configured.empty() ? Environment("HOME") + "/.config" : configured;
+    std::string folder = Environment("XDG_CONFIG_HOME");
+    if (folder.empty())
+        folder = Environment("HOME") + "/.config";
     return {folder + "/" + fileName, std::string("/etc/xdg/") + fileName};
 }
 

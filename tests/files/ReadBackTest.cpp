@@ -64,6 +64,9 @@ TEST(UnreadableNames, TakesTwoDimensionalTypesForWhatTheyAre) {
     Project project = StartedProject(desktop);
     AddGlassType2D(project, "Blind 2D");
     EXPECT_THAT(UnreadableNames(project), IsEmpty());
+    AddGlassType2D(project, "Blind / 2D");
+    AddGlassType2D(project, "'2D'");
+    EXPECT_THAT(UnreadableNames(project), ElementsAre("Blind / 2D", "'2D'"));
 }
 
 TEST(UnreadableNames, LeavesOutRemovedConstructions) {

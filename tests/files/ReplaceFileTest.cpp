@@ -152,6 +152,20 @@ TEST(ReplaceFile, RefusesWhatIsNoFile) {
     EXPECT_EQ(Failure("/dev/full", "new"), "It is not a regular file");
     EXPECT_EQ(Failure("missing/a.con", "new"), "No such file or directory");
     EXPECT_EQ(Failure("", "new"), "No such file or directory");
+    folder.Write("file", "");
+    EXPECT_EQ(Failure("file/a.con", "new"), "Not a directory");
+}
+
+TEST(ReplaceFile, RefusesAPathThatMayNotBeLookedAt) {
+    const TemporaryFolder folder;
+    folder.Write("closed/a.con", "old");
+    ASSERT_EQ(chmod("closed", 0), 0);
+    ASSERT_EQ(chmod(folder.Path().c_str(), 0755), 0);
+    std::string failure;
+    AsNobody([&] { failure = Failure("closed/a.con", "new"); });
+    ASSERT_EQ(chmod("closed", 0755), 0);
+    EXPECT_EQ(failure, "Permission denied");
+    EXPECT_EQ(folder.Read("closed/a.con"), "old");
 }
 
 TEST(ReplaceFile, RefusesAFolderWhereNothingMayBeMade) {

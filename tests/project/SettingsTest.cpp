@@ -85,7 +85,7 @@ private:
 TEST_F(SettingsFolders, AreTheUsersAndTheSystems) {
     setenv("XDG_CONFIG_HOME", "/home/me/settings", 1);
     EXPECT_THAT(SettingsFiles(),
-                ElementsAre("/home/me/settings/Stratv.ini", "/etc/xdg/Stratv.ini"));
+                ElementsAre("/elsewhere/settings/Stratv.ini", "/etc/xdg/Stratv.ini"));
 }
 
 TEST_F(SettingsFolders, AreInTheHomeFolderWhereNoOtherIsSet) {
