@@ -83,7 +83,7 @@ private:
 };
 
 TEST_F(SettingsFolders, AreTheUsersAndTheSystems) {
-    setenv("XDG_CONFIG_HOME", "/home/me/settings", 1);
+    setenv("XDG_CONFIG_HOME", "/elsewhere/settings", 1);
     EXPECT_THAT(SettingsFiles(),
                 ElementsAre("/elsewhere/settings/Stratv.ini", "/etc/xdg/Stratv.ini"));
 }
