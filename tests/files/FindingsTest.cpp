@@ -214,5 +214,21 @@ TEST_F(Findings, TwoDimensionalTypesAreCheckedByRowAndColumn) {
     EXPECT_EQ(FindingsOf(project)[0].construction, 0);
 }
 
+TEST_F(Findings, TwoDimensionalDiffusionIsCheckedWhereThereIsSuchATable) {
+    GlassType2D& type = AddGlass2D("T");
+    type.diffusion[2][3] = -0.25F;
+    EXPECT_THAT(Rules(), IsEmpty());
+    type.hasDiffusion = true;
+    EXPECT_THAT(Texts(), ElementsAre("Two-dimensional glass type 1 \"T\": diffusion in row 2, "
+                                     "column 3 is -0.25"));
+}
+
+TEST_F(Findings, AnEmptySlotBetweenLayersIsNoLayer) {
+    AddConstruction(project, desktop, {"BRICK", "", "BRICK"});
+    project.constructions[1].layers.Edit(2).materialCode = 99;
+    project.constructions[1].layers.Edit(3).materialCode = 1;
+    EXPECT_THAT(Rules(), IsEmpty());
+}
+
 } // namespace
 } // namespace strativo
