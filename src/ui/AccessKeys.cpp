@@ -9,6 +9,8 @@
 #include <QMenu>
 #include <QMenuBar>
 
+#include <algorithm>
+
 namespace strativo {
 
 namespace {
@@ -61,7 +63,12 @@ void AccessKeys::OpenMenu(QKeyCombination wanted) {
         if (KeyOf(action->text()) != wanted)
             continue;
         menus.setActiveAction(action);
-        action->menu()->setActiveAction(action->menu()->actions().front());
+        const QList<QAction*> items = action->menu()->actions();
+        const auto first = std::find_if(items.begin(), items.end(), [](const QAction* item) {
+            return item->isEnabled() && !item->isSeparator();
+        });
+        if (first != items.end())
+            action->menu()->setActiveAction(*first);
         return;
     }
 }

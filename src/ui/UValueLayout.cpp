@@ -22,6 +22,7 @@ constexpr double windowHeight = 5350; // twips, frame included
 constexpr int margin = 10;
 constexpr int fieldHeight = 22;
 constexpr int fieldColumn = 128;
+constexpr int dropLabelWidth = 40;
 
 constexpr int nameRow = 8;
 constexpr int typeRow = 36;
@@ -77,13 +78,14 @@ void UValue::BuildHeadings() {
     const auto column = [&](int characters) {
         return margin + 3 + static_cast<int>(character * characters);
     };
+    const int firstLabel = width() - margin - dropLabelWidth;
     const struct {
         const char* objectName;
         QString text;
         int from, to;
     } headings[] = {{"Draglabel_0", tr("&Name of Component "), column(0), column(32)},
                     {"Draglabel_1", tr("  Resistance      m2C/W"), column(34), column(46)},
-                    {"Draglabel_2", tr("Material Thickness  mm"), column(46), column(58)}};
+                    {"Draglabel_2", tr("Material Thickness  mm"), column(46), firstLabel - 4}};
     for (const auto& heading : headings) {
         QLabel* label =
             AddLabel(QLatin1String(heading.objectName), heading.text,
@@ -101,12 +103,13 @@ void UValue::BuildEntryRows() {
         label->setObjectName(QLatin1String(objectName));
         label->setAlignment(Qt::AlignCenter);
         label->setFrameStyle(QFrame::Panel | QFrame::Sunken);
-        label->setGeometry(x, y, 40, 18);
+        label->setGeometry(x, y, dropLabelWidth, 18);
         label->setAcceptDrops(true);
         return label;
     };
-    ui.First = dropLabel("Draglabel_3", tr("First"), width() - margin - 40, headingRow + 8);
-    ui.Last = dropLabel("Draglabel_4", tr("Last"), width() - margin - 40, below);
+    ui.First =
+        dropLabel("Draglabel_3", tr("First"), width() - margin - dropLabelWidth, headingRow + 8);
+    ui.Last = dropLabel("Draglabel_4", tr("Last"), width() - margin - dropLabelWidth, below);
     ui.ConName = AddLabel(QStringLiteral("ConName"), QString(),
                           QRect(margin, below, width() - 2 * margin - 50, 18));
     ui.ConName->setTextFormat(Qt::PlainText);

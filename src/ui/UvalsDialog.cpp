@@ -76,7 +76,7 @@ void UvalsDialog::BuildHeadings() {
         return margin + 3 + static_cast<int>(character * characters);
     };
     QLabel* name = AddLabel(QStringLiteral("Label4"), tr(" &Name   of     component"),
-                            QRect(column(0), headingRow, column(30) - column(0), headingHeight));
+                            QRect(column(0), headingRow, column(29) - column(0), headingHeight));
     name->setBuddy(ui.UValueList);
     name->setAlignment(Qt::AlignLeft | Qt::AlignBottom);
     // The last heading is wider than its column and stands out over the scroll bar.
