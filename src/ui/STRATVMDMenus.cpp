@@ -251,6 +251,7 @@ void UValueMDI::BuildStatusBar() {
         auto* label = new QLabel(this);
         label->setObjectName(QLatin1String(objectName));
         label->setTextFormat(Qt::PlainText);
+        label->setMinimumWidth(1); // a long name is cut; it must not widen the main window
         statusBar()->addWidget(label, stretch);
         return label;
     };
@@ -275,10 +276,14 @@ void UValueMDI::RefreshStatus() {
     ui.FileStatus->setText(file.isEmpty() ? tr("Untitled") : file);
     ui.FileStatus->setToolTip(PathText(project.constructionFile));
     ui.ChangedStatus->setText(project.changed ? tr("* unsaved changes") : QString());
+    const QString libraries = tr("Standard library: %1   User library: %2");
     const QString none = tr("none loaded");
-    const QString standard = project.standardLoaded ? PathText(project.standardLibraryFile) : none;
-    const QString user = project.userLoaded ? PathText(project.userLibraryFile) : none;
-    ui.LibraryStatus->setText(tr("Standard library: %1   User library: %2").arg(standard, user));
+    const std::string& standard = project.standardLibraryFile;
+    const std::string& user = project.userLibraryFile;
+    ui.LibraryStatus->setText(libraries.arg(project.standardLoaded ? fileName(standard) : none,
+                                            project.userLoaded ? fileName(user) : none));
+    ui.LibraryStatus->setToolTip(libraries.arg(project.standardLoaded ? PathText(standard) : none,
+                                               project.userLoaded ? PathText(user) : none));
 }
 
 void UValueMDI::EndProgress() {

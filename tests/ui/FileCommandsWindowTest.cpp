@@ -197,7 +197,7 @@ TEST_F(FileCommandsInWindow, TheStatusBarNamesTheFileTheChangesAndTheLibraries) 
               "Standard library: none loaded   User library: none loaded");
     Choose("NewUValue");
     EXPECT_EQ(StatusText("LibraryStatus"),
-              "Standard library: " + library + "   User library: none loaded");
+              "Standard library: stdmat.lby   User library: none loaded");
     Insert("PLASTER");
     EXPECT_EQ(StatusText("ChangedStatus"), "* unsaved changes");
     TheProject().constructions[1].layers.Edit(1).thickness = 13;
@@ -207,8 +207,20 @@ TEST_F(FileCommandsInWindow, TheStatusBarNamesTheFileTheChangesAndTheLibraries) 
     EXPECT_EQ(StatusText("ChangedStatus"), "");
     ChooseFile(folder.Write("user.lby", "12* HEMP,0.04 40 1600\r\n"));
     Choose("LoadMaterials");
-    EXPECT_EQ(StatusText("LibraryStatus"),
-              "Standard library: " + library + "   User library: " + Path("user.lby"));
+    EXPECT_EQ(StatusText("LibraryStatus"), "Standard library: stdmat.lby   User library: user.lby");
+    EXPECT_EQ(
+        program->findChild<QWidget*>(QStringLiteral("LibraryStatus"))->toolTip().toStdString(),
+        "Standard library: " + library + "   User library: " + Path("user.lby"));
+}
+
+TEST_F(FileCommandsInWindow, ALongFileNameDoesNotWidenTheMainWindow) {
+    Start();
+    const int before = program->minimumSizeHint().width();
+    const std::string name = std::string(200, 'w') + ".con";
+    EXPECT_TRUE(DropFiles({Write(name, {"Roof"})}, &Area()));
+    EXPECT_EQ(StatusText("FileStatus"), name);
+    EXPECT_EQ(program->minimumSizeHint().width(), before);
+    EXPECT_EQ(program->width(), 1080);
 }
 
 TEST_F(FileCommandsInWindow, ProgressIsShownOnlyAfterHalfASecond) {
