@@ -20,8 +20,10 @@ inline constexpr char standardMaterials[] =
     "-7'BELOW' 0.5 1 1\n"
     "40000'BEYOND' 0.5 1 1\n"
     "5'HUGE' 1e39 1 1\n"
-    "6'NEGATIVE' -4 -1 -1\n";
-inline constexpr char userMaterials[] = "12* HEMP,0.04 40 1600\n15* CORK,0.045 150 1880\n";
+    "6'NEGATIVE' -4 -1 -1\n"
+    "-8'NO NUMBER' 1e30 1 1\n";
+inline constexpr char userMaterials[] = "12* HEMP,0.04 40 1600\n15* CORK,0.045 150 1880\n"
+                                        "\"16* OVER TWO\n!EOF LINES\",1 2 3\n";
 
 /// A project just started, with both libraries loaded.
 inline void PrepareProject(Project& project, Desktop& desktop) {

@@ -1,6 +1,7 @@
 #include "edit/GlassTypes.h"
 #include "edit/LayerClipboard.h"
 #include "files/ConstructionWriter.h"
+#include "files/ReadBack.h"
 #include "fuzz/ProjectSupport.h"
 #include "fuzz/Targets.h"
 #include "text/Lines.h"
@@ -189,7 +190,9 @@ void WriteRead(std::string_view input) {
     PrepareProject(project, desktop);
     if (!Fill(project, input, bytes, desktop))
         return;
-    MakeStorable(project);
+    if (!UnreadableNames(project).empty())
+        MakeStorable(project);
+    Require(UnreadableNames(project).empty(), "names without what ends them can be read back");
     const std::string first = FormatConstructionFile(project);
     const std::string second = WrittenAgain(first, project.userLoaded);
     const std::string third = WrittenAgain(second, project.userLoaded);

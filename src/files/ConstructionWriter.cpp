@@ -3,6 +3,9 @@
 #include "calc/CavityTypes.h"
 #include "text/Format.h"
 
+#include <algorithm>
+#include <cstdint>
+#include <limits>
 #include <string_view>
 
 namespace strativo {
@@ -63,15 +66,31 @@ private:
         out += "_ ";
         AppendNumber(out, slot, "#0");
         out += layer.library == userLibraryNumber ? " =      @" : " =       ";
-        // A cavity is written by its conductivity, which holds its code.
-        AppendNumber(out, layer.materialCode > 0 ? layer.materialCode : layer.conductivity, "##0");
+        AppendNumber(out, MaterialNumber(layer), "##0");
         out += "      ";
         WriteThickness(layer);
         out += "   0      ";
         if (transparent)
             AppendNumber(out, layer.absorption, "0.00");
+        WriteLayerName(layer.name);
+    }
+
+    /// A cavity is written by its conductivity, which holds its code. That of another layer without
+    /// a number may be any, but one beyond 16 bits would make the file unreadable.
+    static double MaterialNumber(const Layer& layer) {
+        using Limits = std::numeric_limits<std::int16_t>;
+        if (layer.materialCode > 0)
+            return layer.materialCode;
+        return std::clamp<double>(layer.conductivity, Limits::min(), Limits::max());
+    }
+
+    /// A quoted name of a user library may go over lines, a comment may not.
+    void WriteLayerName(const std::string& name) {
         out += "      * ";
-        Line(layer.name);
+        const auto start = static_cast<std::ptrdiff_t>(out.size());
+        out += name;
+        std::replace(out.begin() + start, out.end(), '\n', ' ');
+        Line("");
     }
 
     void WriteThickness(const Layer& layer) {

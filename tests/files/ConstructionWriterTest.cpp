@@ -99,6 +99,20 @@ TEST_F(ConstructionWriter, WritesAMaterialNumberedZeroByItsRoundedConductivity) 
     EXPECT_EQ(PartLine(), "_ 1 =       2      0.100      0            * ODD");
 }
 
+TEST_F(ConstructionWriter, WritesNoMaterialNumberThatCannotBeRead) {
+    Layer& layer = AddLayer("ODD");
+    layer.materialCode = 0;
+    layer.conductivity = 1e30F;
+    EXPECT_EQ(PartLine(), "_ 1 =       32767      0.100      0            * ODD");
+    layer.conductivity = -1e30F;
+    EXPECT_EQ(PartLine(), "_ 1 =       -32768      0.100      0            * ODD");
+}
+
+TEST_F(ConstructionWriter, WritesALayersNameOnOneLine) {
+    AddLayer("TWO\n!EOF LINES").materialCode = 12;
+    EXPECT_EQ(PartLine(), "_ 1 =       12      0.100      0            * TWO !EOF LINES");
+}
+
 TEST_F(ConstructionWriter, RoundsTheThicknessHalfAwayFromZero) {
     Layer& layer = AddLayer("A");
     layer.thickness = 13.5;
