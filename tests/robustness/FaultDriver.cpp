@@ -118,6 +118,7 @@ int main(int argc, char** argv) {
     try {
         Run(argv[1], argv[2]);
     } catch (const ProgramEnd&) {
+        Call("DisarmFaults");
     }
     return 0;
 }

@@ -33,9 +33,10 @@ struct Fault {
 
 bool armed = false;
 int logFile = -1;
-std::vector<Fault> faults;
 constexpr int maxDescriptors = 256;
-std::string paths[maxDescriptors];
+// Never destroyed, since files are closed after all destructors ran.
+std::vector<Fault>& faults = *new std::vector<Fault>;
+std::vector<std::string>& paths = *new std::vector<std::string>(maxDescriptors);
 
 template <class Function>
 Function* Next(const char* name) {
@@ -70,12 +71,14 @@ void Log(const std::string& line) {
 }
 
 std::string PathOf(int descriptor) {
-    return armed && descriptor >= 0 && descriptor < maxDescriptors ? paths[descriptor] : "";
+    return armed && descriptor >= 0 && descriptor < maxDescriptors
+               ? paths[static_cast<std::size_t>(descriptor)]
+               : "";
 }
 
 void Remember(int descriptor, const char* path) {
     if (armed && descriptor >= 0 && descriptor < maxDescriptors)
-        paths[descriptor] = path;
+        paths[static_cast<std::size_t>(descriptor)] = path;
 }
 
 /// Logs the call and gives its effect, "" for none.
