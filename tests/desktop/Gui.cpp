@@ -1,10 +1,10 @@
 #include "desktop/Gui.h"
 
-#include <QAbstractNativeEventFilter>
 #include <QApplication>
 #include <QWindow>
 
 #include <atomic>
+#include <cstdlib>
 #include <gtest/gtest.h>
 #include <thread>
 #include <xcb/xcb.h>
@@ -13,37 +13,37 @@ namespace strativo {
 
 namespace {
 
-/// Sees the markers that the stories send behind their input.
-class Markers : public QAbstractNativeEventFilter {
+/// A window that never shows and is asked to close behind each input. Only requests to close take
+/// the same queues as input, all the way; a tool tip gets them also while a box is open.
+class Marker : public QWindow {
 public:
-    Markers() {
-        window.create();
-        id = window.winId();
-        qApp->installNativeEventFilter(this);
+    Marker() {
+        setFlags(Qt::ToolTip);
+        create();
     }
 
-    bool nativeEventFilter(const QByteArray&, void* message, qintptr*) override {
-        const auto* event = static_cast<xcb_generic_event_t*>(message);
-        if ((event->response_type & 0x7f) != XCB_CLIENT_MESSAGE)
-            return false;
-        const auto* marker = reinterpret_cast<const xcb_client_message_event_t*>(event);
-        if (marker->window != id)
-            return false;
-        seen = marker->data.data32[0];
+    std::atomic<long> requests = 0;
+
+protected:
+    bool event(QEvent* event) override {
+        if (event->type() != QEvent::Close)
+            return QWindow::event(event);
+        ++requests;
+        event->ignore();
         return true;
     }
-
-    WId Window() const { return id; }
-    bool HasSeen(long number) const { return seen >= number; }
-
-private:
-    QWindow window;
-    WId id = 0;
-    std::atomic<long> seen = 0;
 };
 
+/// Waits until the server has done what the windows asked of it: before a closed menu has let go of
+/// the pointer it would get the next input.
+void CatchUpWithServer() {
+    xcb_connection_t* server =
+        qApp->nativeInterface<QNativeInterface::QX11Application>()->connection();
+    std::free(xcb_get_input_focus_reply(server, xcb_get_input_focus(server), nullptr));
+}
+
 XScreen* screen = nullptr;
-Markers* markers = nullptr;
+Marker* marker = nullptr;
 
 } // namespace
 
@@ -61,18 +61,21 @@ void WaitFor(const std::string& what, const std::function<bool()>& condition) {
 }
 
 void WaitForInput() {
-    static long sent = 0;
-    screen->SendMarker(markers->Window(), ++sent);
-    WaitFor("input to be dealt with", [] { return markers->HasSeen(sent); });
+    const long before = marker->requests;
+    screen->WaitForWindowManager();
+    screen->AskToClose(marker->winId());
+    WaitFor("input to be dealt with", [before] { return marker->requests > before; });
+    InGui(CatchUpWithServer);
 }
 
 int RunStories(int argc, char** argv) {
     XScreen input; // before the windows: they learn the keyboard as it is left
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
-    Markers seen;
+    QApplication::setDoubleClickInterval(0); // clicks are double only where a story says so
+    Marker markerWindow;
     screen = &input;
-    markers = &seen;
+    marker = &markerWindow;
     int status = 1;
     std::atomic<bool> over = false;
     std::thread stories([&] {

@@ -8,14 +8,14 @@
 
 #include <QAbstractButton>
 #include <QApplication>
-#include <QDialog>
 #include <QDir>
 #include <QImage>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
-#include <QPointer>
 #include <QWindow>
+
+#include <algorithm>
 
 namespace strativo {
 
@@ -46,9 +46,17 @@ QDialog* BoxInFront() {
     return qobject_cast<QDialog*>(QApplication::activeModalWidget());
 }
 
+/// The window lies, painted and active, where the program believes that it lies.
 bool IsReadyForInput(const QWidget* widget) {
-    return widget != nullptr && widget->isActiveWindow() && widget->windowHandle() != nullptr
-           && widget->windowHandle()->isExposed();
+    if (widget == nullptr || !widget->isActiveWindow() || widget->windowHandle() == nullptr
+        || !widget->windowHandle()->isExposed())
+        return false;
+    const std::string title = Utf8(widget->windowTitle());
+    const QPoint place = widget->geometry().topLeft();
+    const std::vector<WindowOnScreen> windows = Screen().Windows();
+    return std::any_of(windows.begin(), windows.end(), [&](const WindowOnScreen& found) {
+        return found.active && found.title == title && QPoint(found.x, found.y) == place;
+    });
 }
 
 std::string WithoutAccessKey(QString caption) {
@@ -91,9 +99,15 @@ void Story::SavePicture() const {
 void Story::Start(const std::string& commandLine) {
     InGui([&] { window = new UValueMDI; });
     QMetaObject::invokeMethod(
-        window, [this, commandLine] { window->MDIForm_Load(commandLine); }, Qt::QueuedConnection);
-    WaitFor("the main window", [this] {
-        return IsReadyForInput(window) || IsReadyForInput(QApplication::activeModalWidget());
+        window,
+        [this, commandLine] {
+            window->MDIForm_Load(commandLine);
+            loaded = true;
+        },
+        Qt::QueuedConnection);
+    WaitFor("the main window", [&] {
+        const QWidget* front = BoxInFront();
+        return front != nullptr ? IsReadyForInput(front) : loaded && IsReadyForInput(window);
     });
 }
 
@@ -214,6 +228,14 @@ void Story::WaitForBox(const std::string& title) {
     });
 }
 
+void Story::WaitForEndOf(const QPointer<QDialog>& front) {
+    WaitFor("the box to go", [&] {
+        const QDialog* next = BoxInFront();
+        return next != nullptr ? next != front && IsReadyForInput(next)
+                               : !window->isVisible() || IsReadyForInput(window);
+    });
+}
+
 void Story::Answer(const std::string& title, const std::string& text, const char* button) {
     WaitForBox(title);
     EXPECT_EQ(TextOf(box, "MessageText"), text);
@@ -225,7 +247,7 @@ void Story::Answer(const std::string& title, const std::string& text, const char
     });
     const QPointer<QDialog> front = InGui(BoxInFront);
     Click(place);
-    WaitFor("the box to go", [&] { return front.isNull() || !front->isVisible(); });
+    WaitForEndOf(front);
 }
 
 void Story::ChooseFile(const std::string& title, const std::string& path) {
@@ -235,14 +257,14 @@ void Story::ChooseFile(const std::string& title, const std::string& path) {
     Type(path);
     EXPECT_EQ(TextOf(box, "fileNameEdit"), path);
     Press(Key::enter);
-    WaitFor("the prompt to go", [&] { return front.isNull() || !front->isVisible(); });
+    WaitForEndOf(front);
 }
 
 void Story::CancelPrompt(const std::string& title) {
     WaitForBox(title);
     const QPointer<QDialog> front = InGui(BoxInFront);
     Press(Key::escape);
-    WaitFor("the prompt to go", [&] { return front.isNull() || !front->isVisible(); });
+    WaitForEndOf(front);
 }
 
 void Story::Enter(const std::string& number) {

@@ -5,6 +5,9 @@
 #include "support/TestProject.h"
 #include "ui/STRATVMD.h"
 
+#include <QDialog>
+#include <QPointer>
+
 #include <gtest/gtest.h>
 #include <string>
 #include <vector>
@@ -69,16 +72,18 @@ protected:
     std::string Focus();
     int ActiveWindow();
 
-    /// The list of a construction, or of another child window, by its control name.
     QWidget* Control(int child, const char* name) const;
 
     TemporaryFolder folder;
     UValueMDI* window = nullptr;
 
 private:
+    bool loaded = false;
+
     void SavePicture() const;
+    /// Waits until the box has gone and whatever comes then is ready.
+    void WaitForEndOf(const QPointer<QDialog>& front);
     QPoint MenuItem(const char* menu, const char* item, bool& enabled);
-    void WaitForBoxToGo();
 };
 
 } // namespace strativo

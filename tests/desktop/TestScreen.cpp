@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <poll.h>
 #include <stdexcept>
+#include <thread>
 #include <unistd.h>
 
 namespace strativo {
@@ -44,8 +45,13 @@ void TestScreen::StartServer() {
     setenv("DISPLAY", (":" + number).c_str(), 1);
 }
 
+/// A window shown before the manager is at work could stay out of sight.
 void TestScreen::StartWindowManager() {
-    manager = std::make_unique<ChildProcess>(std::vector<std::string>{"openbox"});
+    const std::string sign = home.Path() / "ready";
+    manager = std::make_unique<ChildProcess>(
+        std::vector<std::string>{"openbox", "--startup", "touch " + sign});
+    for (int waited = 0; waited < patience && !std::filesystem::exists(sign); waited += 10)
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
 }
 
 } // namespace strativo

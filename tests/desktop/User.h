@@ -35,9 +35,6 @@ public:
 
 private:
     void PressButton(int button);
-
-    QPoint pointer;
-    QPoint lastPress{-1, -1};
 };
 
 } // namespace strativo

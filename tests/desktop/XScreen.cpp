@@ -45,7 +45,8 @@ struct XScreen::Connection {
     std::string Property(Window window, const char* name, int format) const;
     /// The windows that a property of the root window lists.
     std::vector<Window> WindowsIn(const char* property) const;
-    void WaitForWindowManager() const;
+    /// Sends a message about the window to the receiver: to the manager when that is the root.
+    void SendMessage(Window about, Window receiver, const char* type, Atom content) const;
     void LearnKeyboard();
     Stroke StrokeFor(Key key) const;
 
@@ -78,9 +79,17 @@ std::vector<Window> XScreen::Connection::WindowsIn(const char* property) const {
     return windows;
 }
 
-void XScreen::Connection::WaitForWindowManager() const {
-    for (int i = 0; i < 6000 && WindowsIn("_NET_SUPPORTING_WM_CHECK").empty(); ++i)
-        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+void XScreen::Connection::SendMessage(Window about, Window receiver, const char* type,
+                                      Atom content) const {
+    XEvent event{};
+    event.xclient.type = ClientMessage;
+    event.xclient.window = about;
+    event.xclient.message_type = AtomOf(type);
+    event.xclient.format = 32;
+    event.xclient.data.l[0] = static_cast<long>(content);
+    const long mask = receiver == Root() ? SubstructureRedirectMask | SubstructureNotifyMask : 0;
+    XSendEvent(display, receiver, False, mask, &event);
+    XSync(display, False);
 }
 
 /// Puts the further letters on keys that have none, and notes which key types what.
@@ -113,7 +122,6 @@ XScreen::Connection::Stroke XScreen::Connection::StrokeFor(Key key) const {
 }
 
 XScreen::XScreen() : connection(std::make_unique<Connection>()) {
-    connection->WaitForWindowManager();
     connection->LearnKeyboard();
 }
 
@@ -157,15 +165,19 @@ void XScreen::Type(std::u32string_view text) {
     }
 }
 
-void XScreen::SendMarker(unsigned long window, long number) {
-    XEvent event{};
-    event.xclient.type = ClientMessage;
-    event.xclient.window = window;
-    event.xclient.message_type = connection->AtomOf("TEST_MARKER");
-    event.xclient.format = 32;
-    event.xclient.data.l[0] = number;
-    XSendEvent(connection->display, window, False, NoEventMask, &event);
-    XSync(connection->display, False);
+/// The question for the size of a frame is the one that every manager answers, with a property.
+void XScreen::WaitForWindowManager() {
+    Connection& x = *connection;
+    const Window asking = XCreateSimpleWindow(x.display, x.Root(), 0, 0, 1, 1, 0, 0, 0);
+    x.SendMessage(asking, x.Root(), "_NET_REQUEST_FRAME_EXTENTS", 0);
+    for (int i = 0; i < 40000 && x.Property(asking, "_NET_FRAME_EXTENTS", 32).empty(); ++i)
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    XDestroyWindow(x.display, asking);
+}
+
+void XScreen::AskToClose(unsigned long window) {
+    const Atom close = connection->AtomOf("WM_DELETE_WINDOW");
+    connection->SendMessage(window, window, "WM_PROTOCOLS", close);
 }
 
 std::vector<WindowOnScreen> XScreen::Windows() {

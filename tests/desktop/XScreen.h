@@ -51,8 +51,7 @@ struct Picture {
 /// through the X server.
 class XScreen {
 public:
-    /// Of the environment's display, once its window manager is at work.
-    XScreen();
+    XScreen(); ///< of the environment's display
     ~XScreen();
 
     void MovePointer(int x, int y);
@@ -63,8 +62,10 @@ public:
     /// Presses and releases the keys for the text, Shift where it takes that.
     void Type(std::u32string_view text);
 
-    /// Tells the window's program how far the input has come; it gets this behind all of it.
-    void SendMarker(unsigned long window, long number);
+    /// Waits until the window manager has dealt with all input so far: it sees presses first.
+    void WaitForWindowManager();
+    /// Asks the window's program, as a window manager does, to close it.
+    void AskToClose(unsigned long window);
 
     /// The programs' windows, without menus and the like.
     std::vector<WindowOnScreen> Windows();
