@@ -14,6 +14,15 @@ namespace {
 constexpr int buttonSize = 19;
 constexpr int margin = 4;
 
+QWidget* NextInChain(QWidget* widget, bool next) {
+    return next ? widget->nextInFocusChain() : widget->previousInFocusChain();
+}
+
+bool TakesTab(const QWidget& widget) {
+    return (widget.focusPolicy() & Qt::TabFocus) == Qt::TabFocus && widget.isVisible()
+           && widget.isEnabled() && widget.focusProxy() == nullptr;
+}
+
 enum class Glyph { minimise, restore, close };
 
 /// A button's sign in the colour of the caption, which the style's own pictures do not have.
@@ -148,6 +157,20 @@ void ChildWindow::paintEvent(QPaintEvent*) {
     painter.fillRect(QRect(0, 0, width(), titleHeight + border), bar);
     painter.setPen(active ? bar.darker(140) : colours.color(QPalette::Mid));
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
+}
+
+bool ChildWindow::focusNextPrevChild(bool next) {
+    QWidget* const start = window()->focusWidget();
+    if (!isAncestorOf(start))
+        return false;
+    for (QWidget* widget = NextInChain(start, next); widget != start;
+         widget = NextInChain(widget, next)) {
+        if (isAncestorOf(widget) && TakesTab(*widget)) {
+            widget->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+            return true;
+        }
+    }
+    return false;
 }
 
 void ChildWindow::resizeEvent(QResizeEvent*) {

@@ -48,6 +48,8 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    /// Tab goes round within the window.
+    bool focusNextPrevChild(bool next) override;
 
 private:
     QToolButton* AddButton(const QString& objectName);

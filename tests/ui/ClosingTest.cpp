@@ -148,6 +148,19 @@ TEST_F(Closing, TheEndOfTheProgramAsksNothingAndClosesTheHelpViewer) {
     EXPECT_TRUE(Close()) << "no question is left";
 }
 
+TEST_F(Closing, ANewConstructionWithoutALibraryEndsTheProgram) {
+    std::filesystem::remove(library);
+    Start();
+    Answer("OK");
+    CancelPrompt();
+    Answer("OK");
+    program->findChild<QAction*>(QStringLiteral("NewUValue"))->trigger();
+    EXPECT_EQ(boxes[0].text, "Standard material file is missing.");
+    EXPECT_EQ(LastBox().text, "Cancel pressed aborting load");
+    EXPECT_TRUE(program->HasEnded());
+    EXPECT_EQ(TheProject().constructionCount, 0) << "nothing was made";
+}
+
 TEST_F(Closing, TheProgramCanEndBeforeItsEventLoop) {
     const std::string file =
         folder.Write("a.con", "!MATERIALS FILE = '" + (folder.Path() / "gone.lby").string()

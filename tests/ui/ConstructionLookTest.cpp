@@ -163,6 +163,23 @@ TEST_F(Look, TheTabKeyGoesThroughTheControlsInOrder) {
                                      "AbsorpText", "VWConComments"));
 }
 
+TEST_F(Look, TheTabKeyStaysInTheWindow) {
+    StartWithTransparentConstruction();
+    Choose("NewUValue");
+    Find(2, "VWConComments")->setFocus();
+    Press(Qt::Key_Tab);
+    EXPECT_TRUE(Find(2, "NameText")->hasFocus());
+    Press(Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_TRUE(Find(2, "VWConComments")->hasFocus());
+    Press(Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_TRUE(Find(2, "EditThick")->hasFocus()) << "the absorption is hidden";
+    Area().Activate(UValueMDI::dialogId);
+    Press(Qt::Key_Tab);
+    EXPECT_EQ(Focus(), "MatOption_0");
+    Press(Qt::Key_Tab);
+    EXPECT_EQ(Focus(), "UValueList");
+}
+
 TEST_F(Look, TooltipsStateTheUnitsAndWhatTheUValueAssumes) {
     StartWithTransparentConstruction();
     const auto tip = [this](const char* name) { return Find(1, name)->toolTip().toStdString(); };

@@ -216,6 +216,25 @@ TEST_F(EntryFields, HalfTypedTextOutlivesBoxesAndMenus) {
     }
 }
 
+TEST_F(EntryFields, HalfTypedTextOutlivesTheMenuKeysAndOtherPrograms) {
+    StartWithTwoLayers();
+    Field("EditThick")->setFocus();
+    Type("77");
+    Press(Qt::Key_F10);
+    QTest::keyClick(Menu("Filemenu"), Qt::Key_Escape);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    EXPECT_EQ(TextOf(1, "EditThick"), "77");
+    EXPECT_EQ(Focus(), "EditThick");
+    QWidget otherProgram;
+    otherProgram.show();
+    TakeKeyboard(otherProgram);
+    EXPECT_FALSE(Field("EditThick")->hasFocus());
+    TakeKeyboard(*program);
+    EXPECT_EQ(TextOf(1, "EditThick"), "77");
+    EXPECT_EQ(Focus(), "EditThick");
+    EXPECT_FALSE(Field("EditThick")->hasSelectedText());
+}
+
 TEST_F(EntryFields, HalfTypedNameOutlivesACommandOnTheLayers) {
     StartWithTwoLayers();
     Field("NameText")->setFocus();

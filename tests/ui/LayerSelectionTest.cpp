@@ -117,6 +117,13 @@ TEST_F(LayerSelection, ArrowsMoveTheCurrentLayer) {
     ExpectMarked({1});
 }
 
+TEST_F(LayerSelection, LettersMoveToALayerOfThatName) {
+    StartWithFiveLayers();
+    Press(Qt::Key_D);
+    ExpectMarked({4});
+    EXPECT_EQ(Current(), 4);
+}
+
 TEST_F(LayerSelection, ControlAMarksAllLines) {
     StartWithFiveLayers();
     ClickLine(List(1), 2);
