@@ -1,5 +1,6 @@
 #include "project/LibraryCommands.h"
 
+#include "files/ConstructionWriter.h"
 #include "support/Samples.h"
 
 #include <gmock/gmock.h>
@@ -146,6 +147,17 @@ TEST_F(LibraryCommands, PutTheOldNameBackOverAnEmptyLibraryAfterAWrongVersion) {
     EXPECT_EQ(desktop.Count("EnableOption 1 0"), 1);
     EXPECT_EQ(desktop.Count("SelectOption 0"), 1);
     EXPECT_EQ(desktop.Count("SelectOption 1"), 0);
+}
+
+TEST_F(LibraryCommands, SaveUserLayersWithoutTheLibraryLineAfterAWrongVersion) {
+    desktop.OpensFile("user.lby").OpensFile("wrong.lby");
+    LoadMaterials(project, desktop);
+    AddConstruction(project, desktop, {"HEMP"});
+    project.constructions[1].layers.Edit(1).library = userLibraryNumber;
+    LoadMaterials(project, desktop);
+    const std::string bytes = FormatConstructionFile(project);
+    EXPECT_EQ(bytes.find("!MATERIALS USER FILE"), std::string::npos);
+    EXPECT_NE(bytes.find("_ 1 =      @1      0.100"), std::string::npos);
 }
 
 } // namespace
