@@ -21,7 +21,7 @@ class UValue : public QWidget {
     Q_OBJECT
 
 public:
-    UValue(int constructionNumber, Program& program, QWidget* parent = nullptr);
+    UValue(int constructionNumber, Program& owner, QWidget* parent = nullptr);
 
     /// The size that the window always has, without its frame, in logical pixels.
     static QSize FixedSize(const QWidget& screenWidget);

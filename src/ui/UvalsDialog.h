@@ -17,7 +17,7 @@ class UvalsDialog : public QWidget {
     Q_OBJECT
 
 public:
-    explicit UvalsDialog(Program& program, QWidget* parent = nullptr);
+    explicit UvalsDialog(Program& owner, QWidget* parent = nullptr);
 
     /// Lists the materials of the shown library anew; nothing is selected afterwards.
     void RefreshMaterialList();
