@@ -158,6 +158,28 @@ TEST_F(LayerDragging, HoveringOverTheLabelsShowsTheEndsOfTheList) {
     EXPECT_EQ(list->TopLine(), 0);
 }
 
+TEST_F(LayerDragging, ALineShowsWhereADropWouldInsert) {
+    StartWithTwoWindows();
+    QWidget* area = List(2)->viewport();
+    const auto isMarked = [&](int row) {
+        const QColor colour = area->grab().toImage().pixelColor(200, row * rowHeight);
+        return colour == area->palette().color(QPalette::Highlight);
+    };
+    const std::unique_ptr<QMimeData> data(MakeDragPayload(DragKind::layers));
+    QDragEnterEvent enter({60, 5}, Qt::MoveAction, data.get(), Qt::LeftButton, {});
+    QApplication::sendEvent(area, &enter);
+    QDragMoveEvent move({60, 8 * rowHeight}, Qt::MoveAction, data.get(), Qt::LeftButton, {});
+    QApplication::sendEvent(area, &move);
+    EXPECT_TRUE(isMarked(2)) << "behind the last line";
+    QDragMoveEvent up({60, rowHeight + 2}, Qt::MoveAction, data.get(), Qt::LeftButton, {});
+    QApplication::sendEvent(area, &up);
+    EXPECT_TRUE(isMarked(1));
+    EXPECT_FALSE(isMarked(2));
+    QDragLeaveEvent leave;
+    QApplication::sendEvent(area, &leave);
+    EXPECT_FALSE(isMarked(1));
+}
+
 TEST_F(LayerDragging, DropsInAScrolledListCountFromItsFirstVisibleLine) {
     StartWithTwoWindows();
     Fill(2, "ABCDEFGHIJKLM");

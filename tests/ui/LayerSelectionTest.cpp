@@ -94,6 +94,10 @@ TEST_F(LayerSelection, ShiftAndArrowsExtendFromTheLineClickedLast) {
     Press(Qt::Key_Home, Qt::ShiftModifier);
     ExpectMarked({1, 2, 3, 4});
     EXPECT_EQ(Current(), 1);
+    Press(Qt::Key_PageDown, Qt::ShiftModifier);
+    ExpectMarked({4, 5});
+    Press(Qt::Key_PageUp, Qt::ShiftModifier);
+    ExpectMarked({1, 2, 3, 4});
 }
 
 TEST_F(LayerSelection, ShiftAndArrowsExtendFromTheLayerPastedLast) {
@@ -174,6 +178,13 @@ TEST_F(LayerSelection, ControlTogglesOnRelease) {
     ExpectMarked({1, 2, 3});
     ReleaseMouse(1, Qt::ControlModifier);
     ExpectMarked({1, 3});
+}
+
+TEST_F(LayerSelection, ADoubleClickIsAClick) {
+    StartWithFiveLayers();
+    QTest::mouseDClick(List(1)->viewport(), Qt::LeftButton, {}, LinePosition(List(1), 2));
+    ExpectMarked({3});
+    EXPECT_FALSE(TheProject().changed);
 }
 
 TEST_F(LayerSelection, MovingWithinTheDragDistanceIsStillAClick) {
