@@ -62,6 +62,7 @@ void LayerList::keyPressEvent(QKeyEvent* event) {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (!enter && !ExtendRange(*event)) {
         ColumnList::keyPressEvent(event);
+        MarkWhereMoveEnds(*event);
         if (!(event->modifiers() & Qt::ShiftModifier))
             rangeStart = currentRow();
     }
@@ -71,6 +72,15 @@ void LayerList::keyPressEvent(QKeyEvent* event) {
 
 /// Shift and a key that moves through the lines. The toolkit's own range would start where its
 /// keyboard was last used, not at the line that was clicked since.
+/// The focused line may be unmarked; a move that stays on it marks it like any other.
+void LayerList::MarkWhereMoveEnds(const QKeyEvent& event) {
+    const bool plain = (event.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    if (!plain || !MoveOf(event.key()) || currentItem() == nullptr || currentItem()->isSelected())
+        return;
+    clearSelection();
+    currentItem()->setSelected(true);
+}
+
 bool LayerList::ExtendRange(const QKeyEvent& event) {
     const std::optional<CursorAction> action = MoveOf(event.key());
     if (!action || count() == 0 || !(event.modifiers() & Qt::ShiftModifier))

@@ -44,6 +44,7 @@ protected:
 
 private:
     static std::optional<CursorAction> MoveOf(int key);
+    void MarkWhereMoveEnds(const QKeyEvent& event);
     bool ExtendRange(const QKeyEvent& event);
     void MarkRange(int line);
     void ShowDropRow(int row);
