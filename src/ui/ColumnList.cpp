@@ -88,6 +88,13 @@ void ColumnList::focusInEvent(QFocusEvent* event) {
         FocusLine(before.row());
 }
 
+QModelIndex ColumnList::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
+    // Without a focused line every key would lead to the first one.
+    if (action == MoveEnd && !currentIndex().isValid() && count() > 0)
+        return model()->index(count() - 1, 0);
+    return QListWidget::moveCursor(action, modifiers);
+}
+
 void ColumnList::FocusLine(int line) {
     selectionModel()->setCurrentIndex(line < 0 ? QModelIndex() : model()->index(line, 0),
                                       QItemSelectionModel::NoUpdate);
