@@ -1,11 +1,14 @@
 #include "desktop/Gui.h"
 
 #include <QApplication>
+#include <QDir>
+#include <QImage>
 #include <QWindow>
 
 #include <atomic>
 #include <cstdlib>
 #include <gtest/gtest.h>
+#include <iostream>
 #include <thread>
 #include <xcb/xcb.h>
 
@@ -43,6 +46,28 @@ void CatchUpWithServer() {
 }
 
 XScreen* screen = nullptr;
+
+/// Keeps a picture of the screen as it is when a story goes wrong.
+class Photographer : public testing::EmptyTestEventListener {
+    void OnTestStart(const testing::TestInfo& started) override { story = &started; }
+
+    void OnTestPartResult(const testing::TestPartResult& result) override {
+        if (!result.failed())
+            return;
+        Picture picture = screen->TakePicture();
+        const QImage image(reinterpret_cast<const uchar*>(picture.pixels.data()), picture.width,
+                           picture.height, QImage::Format_RGB32);
+        QDir().mkpath(QStringLiteral(PICTURES));
+        const std::string path = std::string(PICTURES) + "/" + story->test_suite_name() + "."
+                                 + story->name() + "." + std::to_string(++taken) + ".png";
+        if (image.save(QString::fromStdString(path)))
+            std::cout << "The screen as it was then: " << path << '\n';
+    }
+
+    const testing::TestInfo* story = nullptr;
+    int taken = 0;
+};
+
 Marker* marker = nullptr;
 
 } // namespace
@@ -76,6 +101,7 @@ int RunStories(int argc, char** argv) {
     Marker markerWindow;
     screen = &input;
     marker = &markerWindow;
+    testing::UnitTest::GetInstance()->listeners().Append(new Photographer);
     int status = 1;
     std::atomic<bool> over = false;
     std::thread stories([&] {

@@ -8,8 +8,6 @@
 
 #include <QAbstractButton>
 #include <QApplication>
-#include <QDir>
-#include <QImage>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
@@ -74,26 +72,12 @@ Story::Story() {
 }
 
 void Story::TearDown() {
-    if (HasFailure())
-        SavePicture();
     for (int i = 0; i < 10 && InGui([] { return BoxInFront() != nullptr; }); ++i)
         InGui([] { BoxInFront()->reject(); });
     InGui([this] {
         window->hide();
         window->deleteLater();
     });
-}
-
-void Story::SavePicture() const {
-    Picture picture = Screen().TakePicture();
-    const QImage image(reinterpret_cast<const uchar*>(picture.pixels.data()), picture.width,
-                       picture.height, QImage::Format_RGB32);
-    const auto* test = testing::UnitTest::GetInstance()->current_test_info();
-    QDir().mkpath(Named(PICTURES));
-    const std::string path =
-        std::string(PICTURES) + "/" + test->test_suite_name() + "." + test->name() + ".png";
-    image.save(QString::fromStdString(path));
-    ADD_FAILURE() << "The screen as it was then: " << path;
 }
 
 void Story::Start(const std::string& commandLine) {

@@ -80,7 +80,6 @@ protected:
 private:
     bool loaded = false;
 
-    void SavePicture() const;
     /// Waits until the box has gone and whatever comes then is ready.
     void WaitForEndOf(const QPointer<QDialog>& front);
     QPoint MenuItem(const char* menu, const char* item, bool& enabled);

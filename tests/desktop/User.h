@@ -17,6 +17,8 @@ public:
     void DoubleClick(QPoint place);
     /// Presses the left button and moves, without letting go.
     void PressAndMove(QPoint from, QPoint to);
+    /// Presses the left button where the pointer is.
+    void Grip() { PressButton(leftButton); }
     void Release();
     void Drag(QPoint from, QPoint to);
     /// Turns the wheel by one notch, towards the user or away.

@@ -45,6 +45,7 @@ int main(int argc, char** argv) {
     for (int i = 1; i < argc; ++i)
         urls.append(QUrl::fromEncoded(argv[i]));
     Dragger dragger(urls);
+    dragger.move(20, 20); // beside the program's window
     dragger.show();
     return QApplication::exec();
 }

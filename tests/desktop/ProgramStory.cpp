@@ -1,0 +1,150 @@
+#include "desktop/FileDrag.h"
+#include "desktop/TwoWindows.h"
+
+#include <algorithm>
+#include <thread>
+
+namespace strativo {
+
+/// Stories of the program itself, in a process of its own: nothing is known of it but what stands
+/// on the screen, what it writes, and how it ends.
+class ProgramStory : public testing::Test, protected User {
+protected:
+    ProgramStory() {
+        folder.Write("stdmat.lby", "12'FACE BRICK' 0.84 1700 800\n"
+                                   "20'BLOCK' 0.19 600 1000\n"
+                                   "30'PLASTER' 0.5 1300 1000\n"
+                                   "41'INSULATION' 0.035 25 1000\n");
+        std::filesystem::create_directory(folder.Path() / "work");
+        std::filesystem::current_path(folder.Path() / "work");
+    }
+
+    void Start(std::vector<std::string> arguments = {}) {
+        arguments.insert(arguments.begin(), STRATIVO);
+        program = std::make_unique<ChildProcess>(arguments);
+    }
+
+    void WaitForActive(const std::string& title) {
+        WaitFor("the window " + title, [&] {
+            const std::vector<WindowOnScreen> windows = Screen().Windows();
+            return std::any_of(windows.begin(), windows.end(), [&](const WindowOnScreen& found) {
+                return found.active && found.title == title;
+            });
+        });
+    }
+
+    void WaitForFile(const std::string& name, const std::string& bytes) {
+        WaitFor(name, [&] {
+            return std::filesystem::exists(folder.Path() / "work" / name)
+                   && folder.Read("work/" + name) == bytes;
+        });
+    }
+
+    const std::string mainTitle = "Brevan Strativo V2.1";
+    TemporaryFolder folder;
+    std::unique_ptr<ChildProcess> program;
+};
+
+TEST_F(ProgramStory, ItIsWorkedWithByTheKeyboardAlone) {
+    Start();
+    WaitForActive(mainTitle);
+    Press(Key::alt);
+    Press(KeyOf('f'));
+    Press(KeyOf('c')); // a new construction
+    Press({Key::ctrl, Key::tab});
+    Press(Key::f10);
+    Press(Key::right);
+    Press(Key::right);
+    Press(KeyOf('c')); // sorted by conductivity
+    Press(Key::end);
+    Press(Key::enter); // FACE BRICK
+    Press(Key::up);
+    Press(Key::enter); // PLASTER before it
+    Press({Key::ctrl, Key::tab});
+    Press(Key::end);
+    Press({Key::ctrl, KeyOf('c')});
+    Press({Key::ctrl, KeyOf('b')}); // FACE BRICK once more before it
+    Press(Key::home);
+    Type("13");
+    Press(Key::enter);
+    Press(Key::tab); // to the thickness
+    Type("105");
+    Press(Key::enter);
+    Type("102.5");
+    Press(Key::enter);
+    Press({Key::alt, KeyOf('c')});
+    Type("Glass Ω wall");
+    Press(Key::enter);
+    Press({Key::alt, KeyOf('y')});
+    Press(Key::down); // transparent
+    Press(Key::tab);
+    Press(Key::home);
+    Press({Key::alt, KeyOf('a')});
+    Type("0.5");
+    Press(Key::enter);
+    Press({Key::alt, KeyOf('f')});
+    Press(KeyOf('s'));
+    WaitForActive("Save Construction file as ");
+    Type("wall");
+    Press(Key::enter);
+    WaitForFile("wall.con", Lines({"!MATERIALS FILE = '..\\stdmat.lby'", "",
+                                   "!CONSTRUCTION 'Glass ? wall'", "!TYPE TRANSPARENT", "!PARTS",
+                                   "_ 1 =       30      0.013      0      0.50      * PLASTER",
+                                   "_ 2 =       12      0.105      0      0.00      * FACE BRICK",
+                                   "_ 3 =       12      0.103      0      0.00      * FACE BRICK",
+                                   "!END", ""}));
+    WaitForActive(mainTitle);
+    Press({Key::alt, KeyOf('f')});
+    Press(KeyOf('x'));
+    EXPECT_EQ(program->ExitStatus(patience), 0);
+}
+
+TEST_F(ProgramStory, ItsCommandLineIsOnePathWithBlanksAndItEndsAfterSaving) {
+    folder.Write("work/Häuser & Ω/mein Haus.con",
+                 Pair({Plaster(1), Block(2)}, {Block(1), Plaster(2)}));
+    Start({"Häuser", "&", "Ω/mein", "Haus.con"});
+    WaitForActive(mainTitle);
+    Press(Key::home); // in the list of the last construction
+    Press(Key::del);
+    Press({Key::alt, Key::f4});
+    WaitForActive("Construction Have Changed");
+    Press(Key::enter);
+    EXPECT_EQ(program->ExitStatus(patience), 0);
+    EXPECT_EQ(folder.Read("work/Häuser & Ω/mein Haus.con"),
+              Pair({Plaster(1), Block(2)}, {Plaster(1)}));
+}
+
+TEST_F(ProgramStory, AMissingLibraryThatIsNotFoundEndsIt) {
+    std::string bytes = Pair({Block(1)}, {Plaster(1)});
+    bytes.replace(bytes.find("../stdmat"), 9, "elsewhere");
+    folder.Write("work/wall.con", bytes);
+    Start({"wall.con"});
+    WaitForActive("Strativo");
+    Press(Key::enter);
+    WaitForActive("Open standard material file");
+    Press(Key::escape);
+    WaitForActive("Strativo");
+    Press(Key::enter);
+    EXPECT_EQ(program->ExitStatus(patience), 0);
+    EXPECT_EQ(folder.Read("work/wall.con"), bytes);
+}
+
+TEST_F(ProgramStory, AFileIsDroppedOnIt) {
+    folder.Write("work/wall.con", Pair({Plaster(1), Block(2)}, {Block(1), Plaster(2)}));
+    Start();
+    WaitForActive(mainTitle);
+    const std::vector<WindowOnScreen> windows = Screen().Windows();
+    const WindowOnScreen& found = windows.front();
+    FileDrag(*this, {FileUrl(folder.Path() / "work/wall.con")})
+        .DropOn({found.x + found.width / 2, found.y + found.height / 2});
+    WaitForActive(mainTitle); // it comes to the front by itself
+    Press(Key::end);
+    Press(Key::del);
+    Press({Key::alt, KeyOf('f')});
+    Press(KeyOf('s'));
+    WaitForFile("wall.con", Pair({Plaster(1), Block(2)}, {Block(1)}));
+    Press({Key::alt, Key::f4});
+    EXPECT_EQ(program->ExitStatus(patience), 0);
+}
+
+} // namespace strativo
