@@ -97,6 +97,7 @@ private:
             const Answer answer = AnswerOf(buttons->standardButton(button));
             const bool isDefault = message.buttons == Buttons::ok || answer == message.onEnter;
             auto* pushButton = static_cast<QPushButton*>(button);
+            pushButton->setIcon({});
             pushButton->setAutoDefault(true);
             pushButton->setDefault(isDefault);
             if (isDefault)

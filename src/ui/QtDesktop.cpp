@@ -10,6 +10,8 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QHeaderView>
+#include <QTreeView>
 
 namespace strativo {
 
@@ -19,6 +21,15 @@ namespace {
 /// regard to letter case.
 QString DialogFilter(const FilePrompt& prompt) {
     return ToText(prompt.filter.substr(0, prompt.filter.find('|')));
+}
+
+/// The toolkit's own widths cut sizes and dates off.
+void ShowColumnsWhole(QFileDialog& box) {
+    auto* details = box.findChild<QTreeView*>(QStringLiteral("treeView"));
+    if (details == nullptr)
+        return;
+    details->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    details->header()->setSectionResizeMode(0, QHeaderView::Stretch);
 }
 
 /// The busy pointer of a long command would be misleading over a box that waits for the user.
@@ -53,6 +64,7 @@ std::optional<std::string> QtDesktop::AskFile(const FilePrompt& prompt, bool sav
     box.setDefaultSuffix(ToText(prompt.defaultExtension).toLower());
     if (!prompt.initialName.empty() && prompt.initialName != singleBlank)
         box.selectFile(PathText(prompt.initialName));
+    ShowColumnsWhole(box);
     if (box.exec() != QDialog::Accepted || box.selectedFiles().isEmpty())
         return std::nullopt;
     const QString path = box.selectedFiles().front();

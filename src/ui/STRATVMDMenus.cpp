@@ -221,7 +221,8 @@ void UValueMDI::Winmenu_Click() {
         if (i < numberedWindows)
             caption.prepend(QStringLiteral("&%1 ").arg(i + 1));
         QAction* item = AddItem(ui.Winmenu, "Window", caption, [this, id] { area->Activate(id); });
-        item->setCheckable(true);
+        // Only one can be marked: the others need no empty box.
+        item->setCheckable(id == area->Active());
         item->setChecked(id == area->Active());
     }
     // The dialog can be hidden, and must be there to be chosen all the same.

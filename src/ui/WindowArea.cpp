@@ -101,10 +101,12 @@ void WindowArea::SetMinimised(int id, bool minimised) {
     Child& child = children.at(id);
     if (minimised == (child.iconSlot >= 0))
         return;
-    if (minimised)
+    if (minimised) {
         TakeIconSlot(child);
-    else
+        Lower(id);
+    } else {
         FreeIconSlot(child);
+    }
     changed = true;
     if (child.frame == nullptr)
         return;
@@ -130,6 +132,14 @@ void WindowArea::Raise(int id) {
     }
     child.frame->raise();
     child.frame->show();
+}
+
+/// Icons lie below all windows, which they would cover otherwise.
+void WindowArea::Lower(int id) {
+    const auto found = std::find(order.begin(), order.end(), id);
+    std::rotate(order.begin(), found, found + 1);
+    if (children.at(id).frame != nullptr)
+        children.at(id).frame->lower();
 }
 
 void WindowArea::SetActive(int id) {

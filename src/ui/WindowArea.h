@@ -95,6 +95,7 @@ private:
     static void ReleaseFocus(const Child& child);
     void BringWithinReach(Child& child);
     void Raise(int id);
+    void Lower(int id);
     void MakeFrame(int id);
     void ConnectFrame(int id, ChildWindow* frame);
     void FillFrame(int id, Child& child);
