@@ -74,14 +74,23 @@ Story::Story() {
 void Story::TearDown() {
     for (int i = 0; i < 10 && InGui([] { return BoxInFront() != nullptr; }); ++i)
         InGui([] { BoxInFront()->reject(); });
+    LetWindowGo();
+}
+
+void Story::LetWindowGo() {
     InGui([this] {
+        if (window == nullptr)
+            return;
         window->hide();
         window->deleteLater();
+        window = nullptr;
+        loaded = false;
     });
 }
 
 void Story::Start(const std::string& commandLine) {
-    InGui([&] { window = new UValueMDI; });
+    LetWindowGo();
+    InGui([this] { window = new UValueMDI; });
     QMetaObject::invokeMethod(
         window,
         [this, commandLine] {

@@ -72,17 +72,19 @@ protected:
     std::string Focus();
     int ActiveWindow();
 
+    /// For use in the windows' thread only.
     QWidget* Control(int child, const char* name) const;
 
     TemporaryFolder folder;
     UValueMDI* window = nullptr;
 
 private:
-    bool loaded = false;
-
+    void LetWindowGo();
     /// Waits until the box has gone and whatever comes then is ready.
     void WaitForEndOf(const QPointer<QDialog>& front);
     QPoint MenuItem(const char* menu, const char* item, bool& enabled);
+
+    bool loaded = false; ///< the program's start is over
 };
 
 } // namespace strativo

@@ -20,7 +20,8 @@ TestScreen::TestScreen() {
     setenv("XDG_RUNTIME_DIR", home.Path().c_str(), 1);
     setenv("QT_QPA_PLATFORM", "xcb", 1);
     setenv("LC_ALL", "C.UTF-8", 1);
-    unsetenv("XAUTHORITY");
+    for (const char* name : {"XAUTHORITY", "QT_SCALE_FACTOR", "QT_FONT_DPI", "QT_STYLE_OVERRIDE"})
+        unsetenv(name);
     StartServer();
     StartWindowManager();
 }
