@@ -18,6 +18,8 @@ TestScreen::TestScreen() {
     setenv("HOME", home.Path().c_str(), 1);
     setenv("XDG_CONFIG_HOME", home.Path().c_str(), 1);
     setenv("XDG_RUNTIME_DIR", home.Path().c_str(), 1);
+    // No session bus: without its address one would be started, which takes time and may hang.
+    setenv("DBUS_SESSION_BUS_ADDRESS", "disabled:", 1);
     setenv("QT_QPA_PLATFORM", "xcb", 1);
     setenv("LC_ALL", "C.UTF-8", 1);
     for (const char* name : {"XAUTHORITY", "QT_SCALE_FACTOR", "QT_FONT_DPI", "QT_STYLE_OVERRIDE"})

@@ -122,6 +122,8 @@ XScreen::Connection::Stroke XScreen::Connection::StrokeFor(Key key) const {
 }
 
 XScreen::XScreen() : connection(std::make_unique<Connection>()) {
+    // On a slow machine a key is held longer than a user would, and must not type twice.
+    XAutoRepeatOff(connection->display);
     connection->LearnKeyboard();
 }
 
