@@ -1,0 +1,167 @@
+#include "benchmarks/Clock.h"
+#include "ui/STRATVMD.h"
+#include "ui/UValue.h"
+#include "ui/WindowArea.h"
+
+#include <QAbstractEventDispatcher>
+#include <QAction>
+#include <QApplication>
+#include <QDropEvent>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QTest>
+#include <QUrl>
+
+#include <algorithm>
+#include <cstdio>
+#include <iostream>
+
+// Drives the windows as a user does and prints how long each step takes until all is painted.
+
+namespace strativo {
+namespace {
+
+constexpr char usage[] =
+    "usage: window-steps ROUNDS FILE-OF-10 FILE-OF-100 FILE-OF-1000 FILE-OF-5000\n"
+    "Drives the windows and prints for each round after the first how long steps take until\n"
+    "everything is painted (microseconds).\n";
+
+void Settle() {
+    while (QAbstractEventDispatcher::instance()->processEvents(QEventLoop::AllEvents)) {
+    }
+}
+
+template <class Action>
+double TimeOf(const Action& action) {
+    Settle();
+    const long long start = Nanoseconds();
+    action();
+    Settle();
+    return static_cast<double>(Nanoseconds() - start) / 1000;
+}
+
+double Median(std::vector<double> values) {
+    std::sort(values.begin(), values.end());
+    return values[values.size() / 2];
+}
+
+class WindowSteps {
+public:
+    explicit WindowSteps(char** fileNames) : files(fileNames) {
+        window.MDIForm_Load("");
+        Settle();
+    }
+
+    void Round(bool print) {
+        MeasureFew();
+        Open(1, "open100");
+        Open(2, "open1000");
+        MeasureActivation("again1000", 1000);
+        MeasureFirstActivation();
+        MeasureKeys();
+        MeasureRemoval();
+        Open(3, "open5000");
+        if (print)
+            std::printf("%s\n", line.c_str());
+        line.clear();
+    }
+
+private:
+    void Note(const char* key, double value) {
+        line += std::string(line.empty() ? "" : " ") + key + '=' + std::to_string(value);
+    }
+
+    void RemoveAll() {
+        window.TheProject().changed = false; // nobody is here to answer the question
+        window.findChild<QAction*>(QStringLiteral("NewProject"))->trigger();
+    }
+
+    double OpenTime(int file) {
+        RemoveAll();
+        return TimeOf([&] { DropFile(files[file]); });
+    }
+
+    void Open(int file, const char* key) { Note(key, OpenTime(file)); }
+
+    void DropFile(const char* path) {
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(QString::fromLocal8Bit(path))});
+        QDragEnterEvent enter({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(&window, &enter);
+        QDropEvent drop({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(&window, &drop);
+    }
+
+    double ActivationTime(int number) {
+        return TimeOf([&] { window.Area().Activate(number); });
+    }
+
+    /// Ten windows are gone through, so that all of them have been seen before.
+    void MeasureActivation(const char* key, int last) {
+        for (int number = last - 9; number <= last; ++number)
+            ActivationTime(number);
+        std::vector<double> times;
+        for (int i = 0; i < 30; ++i)
+            times.push_back(ActivationTime(last - 9 + i * 3 % 10));
+        Note(key, Median(times));
+    }
+
+    void MeasureFew() {
+        OpenTime(0);
+        MeasureActivation("again10", 10);
+    }
+
+    void MeasureFirstActivation() {
+        std::vector<double> times;
+        for (int number = 40; number <= 900; number += 41)
+            times.push_back(ActivationTime(number));
+        Note("first1000", Median(times));
+    }
+
+    void PressEnter(QWidget* field) { QTest::keyClick(field, Qt::Key_Return); }
+
+    void MeasureKeys() {
+        window.Area().Activate(1000);
+        auto* field =
+            window.ConstructionWindow(1000)->findChild<QLineEdit*>(QStringLiteral("EditThick"));
+        std::vector<double> digits;
+        std::vector<double> enters;
+        for (int i = 0; i < 30; ++i) {
+            field->setFocus();
+            Settle();
+            digits.push_back(TimeOf([&] { QTest::keyClick(field, Qt::Key_1); }));
+            digits.push_back(TimeOf([&] { QTest::keyClick(field, Qt::Key(Qt::Key_0 + i % 10)); }));
+            enters.push_back(TimeOf([&] { PressEnter(field); }));
+        }
+        Note("digit", Median(digits));
+        Note("enter", Median(enters));
+    }
+
+    void MeasureRemoval() {
+        Note("remove1000", TimeOf([&] { RemoveAll(); }));
+    }
+
+    char** files;
+    UValueMDI window;
+    std::string line;
+};
+
+} // namespace
+} // namespace strativo
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    if (argc != 6) {
+        std::cerr << strativo::usage;
+        return 2;
+    }
+    Q_INIT_RESOURCE(strativo);
+    QFont font = QApplication::font();
+    font.setPointSizeF(8.25);
+    QApplication::setFont(font);
+    strativo::WindowSteps steps(argv + 2);
+    const int rounds = std::atoi(argv[1]);
+    for (int round = 0; round <= rounds; ++round)
+        steps.Round(round > 0);
+    return 0;
+}
