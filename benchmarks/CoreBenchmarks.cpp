@@ -1,12 +1,10 @@
 #include "benchmarks/ConstructionFileGenerator.h"
+#include "benchmarks/GeneratedProject.h"
 #include "calc/Relink.h"
 #include "edit/MaterialList.h"
-#include "files/ConstructionParser.h"
 #include "files/ConstructionWriter.h"
 #include "files/MaterialLibraryFile.h"
 #include "files/SilentDesktop.h"
-#include "model/Project.h"
-#include "project/NewProject.h"
 
 #include <benchmark/benchmark.h>
 #include <cstring>
@@ -72,21 +70,6 @@ std::string FileBytes(const benchmark::State& state) {
     GeneratedFile content;
     content.constructions = static_cast<int>(state.range(0));
     return MakeConstructionFile(content);
-}
-
-std::unique_ptr<Project> StartedProject() {
-    SilentDesktop desktop;
-    auto project = std::make_unique<Project>();
-    StartUp(*project, Settings(), desktop);
-    project->standardLibrary = ParseStandardLibrary(MakeStandardLibrary()).library;
-    project->standardLoaded = true;
-    return project;
-}
-
-void Parse(std::string_view bytes, Project& project) {
-    SilentDesktop desktop;
-    ParseConstructionFile(bytes, project, desktop,
-                          [&] { OpenConstructionWindow(project, desktop); });
 }
 
 std::unique_ptr<Project> ParsedProject(std::string_view bytes) {
