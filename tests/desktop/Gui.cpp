@@ -90,6 +90,7 @@ void WaitForInput() {
     screen->WaitForWindowManager();
     screen->AskToClose(marker->winId());
     WaitFor("input to be dealt with", [before] { return marker->requests > before; });
+    screen->WaitForPrograms();
     InGui(CatchUpWithServer);
 }
 

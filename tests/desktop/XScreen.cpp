@@ -4,6 +4,8 @@
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
 #include <X11/extensions/XTest.h>
+#include <algorithm>
+#include <array>
 #include <chrono>
 #include <cstring>
 #include <map>
@@ -46,12 +48,16 @@ struct XScreen::Connection {
     /// The windows that a property of the root window lists.
     std::vector<Window> WindowsIn(const char* property) const;
     /// Sends a message about the window to the receiver: to the manager when that is the root.
-    void SendMessage(Window about, Window receiver, const char* type, Atom content) const;
+    void SendMessage(Window about, Window receiver, const char* type,
+                     std::array<long, 3> content) const;
+    void WaitForAnswer(Window asked, long question) const;
+    bool HasAnswered(long question) const;
     void LearnKeyboard();
     Stroke StrokeFor(Key key) const;
 
     Display* display;
     std::map<KeySym, Stroke> strokes;
+    long questions = 1'000'000'000; ///< asked so far; the window manager counts its own from 1
 };
 
 std::string XScreen::Connection::Property(Window window, const char* name, int format) const {
@@ -80,16 +86,40 @@ std::vector<Window> XScreen::Connection::WindowsIn(const char* property) const {
 }
 
 void XScreen::Connection::SendMessage(Window about, Window receiver, const char* type,
-                                      Atom content) const {
+                                      std::array<long, 3> content) const {
     XEvent event{};
     event.xclient.type = ClientMessage;
     event.xclient.window = about;
     event.xclient.message_type = AtomOf(type);
     event.xclient.format = 32;
-    event.xclient.data.l[0] = static_cast<long>(content);
+    std::copy(content.begin(), content.end(), event.xclient.data.l);
     const long mask = receiver == Root() ? SubstructureRedirectMask | SubstructureNotifyMask : 0;
     XSendEvent(display, receiver, False, mask, &event);
     XSync(display, False);
+}
+
+/// A window's answer to the question, or its end.
+void XScreen::Connection::WaitForAnswer(Window asked, long question) const {
+    for (int i = 0; i < 20000; ++i) {
+        const std::vector<Window> windows = WindowsIn("_NET_CLIENT_LIST");
+        if (HasAnswered(question)
+            || std::find(windows.begin(), windows.end(), asked) == windows.end())
+            return;
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+    throw std::runtime_error("a program does not deal with its input");
+}
+
+/// Reads what was sent to the root window up to the answer, or all of it.
+bool XScreen::Connection::HasAnswered(long question) const {
+    while (XPending(display) > 0) {
+        XEvent event{};
+        XNextEvent(display, &event);
+        if (event.type == ClientMessage && event.xclient.window == Root()
+            && event.xclient.data.l[1] == question)
+            return true;
+    }
+    return false;
 }
 
 /// Puts the further letters on keys that have none, and notes which key types what.
@@ -122,6 +152,8 @@ XScreen::Connection::Stroke XScreen::Connection::StrokeFor(Key key) const {
 }
 
 XScreen::XScreen() : connection(std::make_unique<Connection>()) {
+    XSelectInput(connection->display, connection->Root(),
+                 StructureNotifyMask | SubstructureNotifyMask);
     // On a slow machine a key is held longer than a user would, and must not type twice.
     XAutoRepeatOff(connection->display);
     connection->LearnKeyboard();
@@ -171,15 +203,27 @@ void XScreen::Type(std::u32string_view text) {
 void XScreen::WaitForWindowManager() {
     Connection& x = *connection;
     const Window asking = XCreateSimpleWindow(x.display, x.Root(), 0, 0, 1, 1, 0, 0, 0);
-    x.SendMessage(asking, x.Root(), "_NET_REQUEST_FRAME_EXTENTS", 0);
+    x.SendMessage(asking, x.Root(), "_NET_REQUEST_FRAME_EXTENTS", {});
     for (int i = 0; i < 40000 && x.Property(asking, "_NET_FRAME_EXTENTS", 32).empty(); ++i)
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
     XDestroyWindow(x.display, asking);
 }
 
+/// Programs answer the first question when they take it from the server, with the input before it,
+/// and the second after they have dealt with that input.
+void XScreen::WaitForPrograms() {
+    const auto ping = static_cast<long>(connection->AtomOf("_NET_WM_PING"));
+    for (int round = 0; round < 2; ++round)
+        for (const Window window : connection->WindowsIn("_NET_CLIENT_LIST")) {
+            connection->SendMessage(window, window, "WM_PROTOCOLS",
+                                    {ping, ++connection->questions, static_cast<long>(window)});
+            connection->WaitForAnswer(window, connection->questions);
+        }
+}
+
 void XScreen::AskToClose(unsigned long window) {
     const Atom close = connection->AtomOf("WM_DELETE_WINDOW");
-    connection->SendMessage(window, window, "WM_PROTOCOLS", close);
+    connection->SendMessage(window, window, "WM_PROTOCOLS", {static_cast<long>(close)});
 }
 
 std::vector<WindowOnScreen> XScreen::Windows() {

@@ -64,6 +64,8 @@ public:
 
     /// Waits until the window manager has dealt with all input so far: it sees presses first.
     void WaitForWindowManager();
+    /// Waits until all programs with windows have dealt with their input so far.
+    void WaitForPrograms();
     /// Asks the window's program, as a window manager does, to close it.
     void AskToClose(unsigned long window);
 
