@@ -73,30 +73,32 @@ private:
 
     /// The first keyword found decides. False for a line whose comment is not kept.
     bool Interpret(std::string_view line) {
-        const bool hasKeyword = Contains(line, "!");
-        if (hasKeyword && ReadKeyword(line))
+        const auto mark = line.find('!');
+        const bool hasKeyword = mark != npos;
+        if (hasKeyword && ReadKeyword(line, line.substr(mark)))
             return true;
-        if (constructionOpen && Contains(line, "_") && Contains(line, "=")) {
+        if (constructionOpen && Contains(line, '_') && Contains(line, '=')) {
             ParsePartLine(line, transparent, project, desktop);
             return false;
         }
-        if (hasKeyword && !Contains(line, "/") && !Contains(line, "}"))
+        if (hasKeyword && !Contains(line, '/') && !Contains(line, '}'))
             ReadGlassKeyword(line);
         return true;
     }
 
-    bool ReadKeyword(std::string_view line) {
-        if (Contains(line, "!EOF"))
+    /// The keywords are looked for from the first mark on, in front of which none can stand.
+    bool ReadKeyword(std::string_view line, std::string_view keywords) {
+        if (Contains(keywords, "!EOF"))
             atEndMark = true;
-        else if (Contains(line, "!MATERIALS USER FILE"))
+        else if (Contains(keywords, "!MATERIALS USER FILE"))
             ReadUserLibraryLine(line);
-        else if (Contains(line, "!MATERIALS FILE"))
+        else if (Contains(keywords, "!MATERIALS FILE"))
             ReadStandardLibraryLine(line);
-        else if (Contains(line, "!CONSTRUCTION"))
+        else if (Contains(keywords, "!CONSTRUCTION"))
             ReadConstructionLine(line);
-        else if (Contains(line, "!TYPE"))
+        else if (Contains(keywords, "!TYPE"))
             ReadTypeLine(line);
-        else if (Contains(line, "!END"))
+        else if (Contains(keywords, "!END"))
             ReadEndLine();
         else
             return false;
@@ -112,14 +114,14 @@ private:
 
     void ReadUserLibraryLine(std::string_view line) {
         if (auto path = QuotedValue(line))
-            project.userLibraryFile = *path;
+            project.userLibraryFile = std::move(*path);
         parsed.userLineSeen = true;
         section = Section::userLibrary;
     }
 
     void ReadStandardLibraryLine(std::string_view line) {
         if (auto path = QuotedValue(line))
-            project.standardLibraryFile = *path;
+            project.standardLibraryFile = std::move(*path);
         parsed.standardLineSeen = true;
         section = Section::standardLibrary;
     }
@@ -127,7 +129,7 @@ private:
     void ReadConstructionLine(std::string_view line) {
         createConstruction();
         if (auto name = QuotedValue(line))
-            project.constructions[project.currentConstruction].name = *name;
+            project.constructions[project.currentConstruction].name = std::move(*name);
         parsed.lastConstruction = project.currentConstruction;
         constructionOpen = true;
         section = Section::construction;

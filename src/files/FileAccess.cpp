@@ -79,10 +79,11 @@ ErrorNumber ErrorNumberOf(int systemError) {
 
 std::string ReadFileBytes(const std::string& path) {
     const OpenFile file(path);
-    std::string bytes(RegularFileSize(file.Descriptor()), '\0');
+    // One byte more than is known shows whether the file grew since its size was asked. It is there
+    // from the start, since a string that grows is copied.
+    std::string bytes(RegularFileSize(file.Descriptor()) + 1, '\0');
     std::size_t length = 0;
     for (;;) {
-        // One byte more than is known shows whether the file grew since its size was asked.
         if (length == bytes.size())
             bytes.resize(length + 1);
         const ssize_t count = read(file.Descriptor(), bytes.data() + length, bytes.size() - length);

@@ -6,6 +6,9 @@ namespace strativo {
 
 namespace {
 
+/// Most constructions have fewer, and are spared to move their layers while they grow.
+constexpr std::size_t usualLayers = 8;
+
 void CheckSlot(int slot) {
     if (slot < LayerSlots::first || slot > LayerSlots::last)
         throw std::out_of_range("layer slot");
@@ -13,14 +16,16 @@ void CheckSlot(int slot) {
 
 } // namespace
 
-const Layer& LayerSlots::operator[](int slot) const {
+const Layer& LayerSlots::Unused(int slot) {
     static const Layer empty;
     CheckSlot(slot);
-    return slot <= HighestUsed() ? used[static_cast<std::size_t>(slot) - 1] : empty;
+    return empty;
 }
 
 Layer& LayerSlots::Edit(int slot) {
     CheckSlot(slot);
+    if (used.empty())
+        used.reserve(usualLayers);
     if (slot > HighestUsed())
         used.resize(static_cast<std::size_t>(slot));
     return used[static_cast<std::size_t>(slot) - 1];

@@ -31,7 +31,10 @@ public:
     static constexpr int first = 1;
     static constexpr int last = maxLayers;
 
-    const Layer& operator[](int slot) const;
+    const Layer& operator[](int slot) const {
+        const bool isUsed = slot >= first && slot <= HighestUsed();
+        return isUsed ? used[static_cast<std::size_t>(slot) - 1] : Unused(slot);
+    }
     /// The slot, to be changed.
     Layer& Edit(int slot);
     /// Empties the slots from this one to the last.
@@ -40,6 +43,8 @@ public:
     int HighestUsed() const { return static_cast<int>(used.size()); }
 
 private:
+    static const Layer& Unused(int slot);
+
     std::vector<Layer> used;
 };
 

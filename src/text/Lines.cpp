@@ -10,10 +10,12 @@ namespace {
 
 constexpr char endOfFileMark = 26;
 
-/// A line that needs more than its ends trimmed.
-bool NeedsCopy(std::string_view line) {
-    return std::any_of(line.begin(), line.end(),
-                       [](char c) { return c == '\t' || c == '\r' || c == endOfFileMark; });
+/// A line that may need more than its ends trimmed. One comparison for all of them, since every
+/// character of a file comes by here.
+bool HasControls(std::string_view line) {
+    return std::any_of(line.begin(), line.end(), [](char c) {
+        return static_cast<unsigned char>(c) <= static_cast<unsigned char>(endOfFileMark);
+    });
 }
 
 std::string_view WithoutLeadingBlanks(std::string_view line) {
@@ -30,13 +32,12 @@ std::string_view LineReader::Next() {
 }
 
 std::string_view CleanLine(std::string_view line, std::string& scratch) {
-    line = line.substr(0, line.find('\n'));
     if (line.ends_with('\r'))
         line.remove_suffix(1);
-    if (!NeedsCopy(line))
+    if (!HasControls(line))
         return WithoutLeadingBlanks(line);
     scratch.clear();
-    for (const char c : line)
+    for (const char c : line.substr(0, line.find('\n')))
         if (c != '\r' && c != endOfFileMark)
             scratch += c == '\t' ? ' ' : c;
     return WithoutLeadingBlanks(scratch);
@@ -60,10 +61,10 @@ void PieceReader::SkipBlanks() {
 }
 
 std::string_view PieceReader::PieceBeforeBlank() {
-    const auto blank = text.find(' ', position);
-    if (blank == std::string_view::npos)
+    const std::string_view piece = Piece();
+    if (position == text.size())
         throw RuntimeError(ErrorNumber::invalidArgument);
-    return Piece();
+    return piece;
 }
 
 std::string_view PieceReader::Piece() {

@@ -26,6 +26,9 @@ private:
 std::string_view CleanLine(std::string_view line, std::string& scratch);
 
 bool Contains(std::string_view text, std::string_view part);
+inline bool Contains(std::string_view text, char part) {
+    return text.find(part) != std::string_view::npos;
+}
 
 /// The text between the first apostrophe and the next one. Run-time error 5 without both.
 std::string_view QuotedText(std::string_view line);

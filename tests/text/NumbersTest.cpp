@@ -3,6 +3,7 @@
 #include "text/RuntimeError.h"
 
 #include <cmath>
+#include <cstdlib>
 #include <gtest/gtest.h>
 #include <limits>
 #include <string>
@@ -58,6 +59,12 @@ constexpr NumberRow rows[] = {
     {"PointAlone", ".", 0},
     {"TwoPoints", "1.2.3", 1.2},
     {"DecimalComma", "1,5", 1},
+    {"FifteenDigits", "0.12345678901234", 0.12345678901234, true},
+    {"SixteenDigits", "9.007199254740993", 9.007199254740993, true},
+    {"SeventeenWholeDigits", "90071992547409931", 90071992547409931.0, true},
+    {"ManyDecimals", "0.000000000000000000001", 1e-21, true},
+    {"DigitsBeyondAnyWholeNumber", "123456789012345678901234567890",
+     123456789012345678901234567890.0, true},
     {"Exponent", "2.5e3", 2500, true},
     {"CapitalExponent", "2.5E-3", 0.0025, true},
     {"ExponentWithPlus", "1e+2", 100, true},
@@ -79,6 +86,16 @@ constexpr NumberRow rows[] = {
     {"UnderflowOfAHugeExponent", "1e-99999999999999999999", 0, true},
     {"ZeroWithAHugeExponent", "0e999", 0, true},
 };
+
+TEST(LeadingNumber, IsTheNearestDoubleOfEveryShortDecimal) {
+    for (int value = 0; value <= 20000; ++value) {
+        const std::string digits = std::to_string(value);
+        for (const char* decimals : {".0", ".001", ".6375", ".000007", ".99999999"}) {
+            const std::string text = digits + decimals;
+            EXPECT_EQ(LeadingNumber(text), std::strtod(text.c_str(), nullptr)) << text;
+        }
+    }
+}
 
 INSTANTIATE_TEST_SUITE_P(Texts, LeadingNumberRow, testing::ValuesIn(rows),
                          [](const auto& row) { return row.param.name; });
