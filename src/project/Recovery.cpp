@@ -56,13 +56,18 @@ CopyHead ReadHead(const std::string& path) {
     return head;
 }
 
-std::string CopyName() {
+std::string MakeCopyName() {
     char time[32] = {};
     const std::time_t now = std::time(nullptr);
     std::tm parts{};
     localtime_r(&now, &parts);
     std::strftime(time, sizeof time, "%Y-%m-%d-%H%M%S-", &parts);
     return std::string(waiting) + time + std::to_string(getpid()) + ".con";
+}
+
+std::string PathOfCopy(const std::string& folder) {
+    static const std::string name = MakeCopyName();
+    return folder + "/" + name;
 }
 
 /// The copies not offered yet, oldest first.
@@ -126,13 +131,18 @@ std::string KeepRecoveryCopy(const Project& project, const std::string& folder) 
         if (!project.changed)
             return "";
         fs::create_directories(folder);
-        const std::string path = folder + "/" + CopyName();
+        const std::string path = PathOfCopy(folder);
         FileStamp stamp;
         ReplaceFile(path, HeadLine(project) + FormatConstructionFile(project), stamp);
         return path;
     } catch (const std::exception&) {
         return ""; // the program is ending: there is nobody left to tell
     }
+}
+
+void DropRecoveryCopy(const std::string& folder) noexcept {
+    std::error_code error;
+    fs::remove(PathOfCopy(folder), error);
 }
 
 bool OfferRecovery(Project& project, const std::string& folder, Desktop& desktop) {

@@ -271,6 +271,8 @@ bool UValueMDI::MDIForm_QueryUnload() {
 
 void UValueMDI::closeEvent(QCloseEvent* event) {
     event->setAccepted(ended || !MDIForm_QueryUnload());
+    if (event->isAccepted() && !ended)
+        DropRecoveryCopy(RecoveryFolder()); // of a log-out that was cancelled
 }
 
 /// The path dropped, as the file system's bytes; empty unless it is one local file.

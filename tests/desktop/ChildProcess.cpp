@@ -44,6 +44,10 @@ bool ChildProcess::IsRunning() {
     return !status;
 }
 
+void ChildProcess::Signal(int number) const {
+    kill(id, number);
+}
+
 std::optional<int> ChildProcess::ExitStatus(std::chrono::milliseconds patience) {
     const auto end = std::chrono::steady_clock::now() + patience;
     while (IsRunning() && std::chrono::steady_clock::now() < end)

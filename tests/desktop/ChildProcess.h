@@ -19,6 +19,7 @@ public:
     /// The exit status; nothing when the program was killed or does not end in time.
     std::optional<int> ExitStatus(std::chrono::milliseconds patience);
     bool IsRunning();
+    void Signal(int number) const;
 
 private:
     pid_t id = -1;

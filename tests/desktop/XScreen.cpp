@@ -226,12 +226,18 @@ void XScreen::AskToClose(unsigned long window) {
     connection->SendMessage(window, window, "WM_PROTOCOLS", {static_cast<long>(close)});
 }
 
+void XScreen::CutOff(unsigned long window) {
+    XKillClient(connection->display, window);
+    XSync(connection->display, False);
+}
+
 std::vector<WindowOnScreen> XScreen::Windows() {
     Connection& x = *connection;
     const std::vector<Window> active = x.WindowsIn("_NET_ACTIVE_WINDOW");
     std::vector<WindowOnScreen> windows;
     for (const Window window : x.WindowsIn("_NET_CLIENT_LIST")) {
         WindowOnScreen found;
+        found.id = window;
         found.title = x.Property(window, "_NET_WM_NAME", 8);
         found.active = !active.empty() && active.front() == window;
         XWindowAttributes attributes{};

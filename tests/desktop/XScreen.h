@@ -37,6 +37,7 @@ constexpr Key KeyOf(char32_t character) {
 }
 
 struct WindowOnScreen {
+    unsigned long id = 0;
     std::string title; ///< UTF-8
     int x = 0, y = 0, width = 0, height = 0;
     bool active = false;
@@ -68,6 +69,9 @@ public:
     void WaitForPrograms();
     /// Asks the window's program, as a window manager does, to close it.
     void AskToClose(unsigned long window);
+
+    /// Ends the connection of the window's program to the screen.
+    void CutOff(unsigned long window);
 
     /// The programs' windows, without menus and the like.
     std::vector<WindowOnScreen> Windows();

@@ -1,5 +1,6 @@
 #include "project/Recovery.h"
 
+#include "files/FileAccess.h"
 #include "project/FileCommands.h"
 #include "project/ReadConstructionFile.h"
 #include "support/TestProject.h"
@@ -99,6 +100,21 @@ TEST_F(Recovery, NamesAProjectThatNeverHadAFileUntitled) {
     EXPECT_EQ(reopened.constructionFile, "");
     EXPECT_TRUE(reopened.changed);
     EXPECT_THAT(next.messages[0].text, HasSubstr("Untitled.con"));
+}
+
+TEST_F(Recovery, ALaterCopyOfTheSameProcessReplacesTheFirst) {
+    KeepRecoveryCopy(project, copies);
+    project.constructions[1].layers.Edit(1).thickness = 330;
+    const std::string path = KeepRecoveryCopy(project, copies);
+    EXPECT_THAT(Copies(), ElementsAre(StartsWith("recovery-")));
+    EXPECT_THAT(ReadFileBytes(path), HasSubstr("0.330"));
+}
+
+TEST_F(Recovery, TheCopyOfAProgramThatWentOnAndWasClosedIsNotOffered) {
+    DropRecoveryCopy(copies); // there is none
+    KeepRecoveryCopy(project, copies);
+    DropRecoveryCopy(copies);
+    EXPECT_THAT(Copies(), IsEmpty());
 }
 
 TEST_F(Recovery, SaysNothingWhereNoCopyWaits) {
