@@ -116,8 +116,12 @@ void TakeMessages(std::size_t index) {
     if (status == IceProcessMessagesSuccess)
         return;
     connections.erase(connections.begin() + static_cast<std::ptrdiff_t>(index));
-    if (status == IceProcessMessagesIOError)
-        IceCloseConnection(connection);
+    if (status != IceProcessMessagesIOError)
+        return;
+    std::erase_if(programs, [connection](SmsConn program) {
+        return SmsGetIceConnection(program) == connection;
+    });
+    IceCloseConnection(connection);
 }
 
 void ServeOnce(const std::vector<IceListenObj>& places) {
@@ -143,6 +147,8 @@ SessionManager::SessionManager() {
     char error[256] = {};
     int count = 0;
     IceListenObj* listening = nullptr;
+    programs.clear();
+    connections.clear();
     loggingOut = false;
     IceSetIOErrorHandler([](IceConn) {});
     SmsInitialize("Stories", "1", Welcome, nullptr, TrustEverybody, sizeof error, error);
