@@ -223,6 +223,13 @@ TEST_F(GlassGraph, SelectsNothingBesideAMarker) {
     }
 }
 
+TEST_F(GlassGraph, SelectsTheOutermostColumns) {
+    PressAt(201, 1500);
+    EXPECT_EQ(Column(), 1);
+    PressAt(4599, 1500);
+    EXPECT_EQ(Column(), profileColumns);
+}
+
 TEST_F(GlassGraph, SelectsNothingBesideTheColumns) {
     for (const double x : {-300.0, 0.0, 199.0, 4601.0, 5000.0}) {
         Column() = 5;

@@ -125,6 +125,14 @@ TEST_F(GlassTypesTest, AreDeletedByTheFirstOfEqualNames) {
                                                  "Delete Window Type", Answer::no));
 }
 
+TEST_F(GlassTypesTest, AreDeletedFirstAndLast) {
+    AddAll({"A", "B", "C"});
+    desktop.Answers(Answer::yes).Answers(Answer::yes);
+    EXPECT_TRUE(DeleteGlassType(project, "A", desktop));
+    EXPECT_TRUE(DeleteGlassType(project, "C", desktop));
+    EXPECT_EQ(Slots(), (Names{"", "B", ""}));
+}
+
 TEST_F(GlassTypesTest, StayWhenDeletionIsRefused) {
     AddAll({"CLEAR"});
     for (const Answer answer : {Answer::no, Answer::cancel}) {
