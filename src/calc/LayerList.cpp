@@ -46,11 +46,9 @@ LayerListView ViewLayerList(const Construction& construction) {
         if (layer.name.empty())
             continue;
         view.lines.push_back(FormatLayerLine(layer));
-        // Marks go by line number, whatever slot the line shows.
-        view.marks.push_back(construction.layers[static_cast<int>(view.lines.size())].selected);
+        view.marks.push_back(layer.selected);
     }
-    const int current = construction.currentLayer;
-    const Layer shown = current > 0 ? construction.layers[current] : Layer();
+    const Layer& shown = CurrentLayer(construction);
     view.editThick = ThicknessText(construction.window.shownThickness);
     view.absorpText = AbsorptionText(shown.absorption);
     view.conName = shown.name;
@@ -60,11 +58,11 @@ LayerListView ViewLayerList(const Construction& construction) {
 
 void RefreshLayerList(Project& project, int number, Desktop& desktop) {
     Construction& construction = project.constructions[number];
-    const int current = construction.currentLayer;
-    if (current == 0)
+    const double thickness = CurrentLayer(construction).thickness;
+    if (construction.currentLayer == 0)
         construction.window.shownThickness = 0;
-    else if (construction.layers[current].thickness > 0)
-        construction.window.shownThickness = construction.layers[current].thickness;
+    else if (thickness > 0)
+        construction.window.shownThickness = thickness;
     desktop.RefreshConstructionWindow(number);
 }
 

@@ -74,7 +74,7 @@ EntryResult EnterThickness(Project& project, int number, std::string_view text, 
     layer.thickness = ToSingle(*value);
     project.changed = true;
     construction->window.edited = true;
-    RestoreThickness(*construction);
+    construction->window.shownThickness = layer.thickness;
     AdvanceToNextLayer(*construction);
     RefreshLayerList(project, number, desktop);
     return EntryResult::accepted;
@@ -101,19 +101,18 @@ void ChangeType(Project& project, int number, int typeIndex) {
 
 void SelectLine(Project& project, int number, int line, const std::vector<bool>& marks) {
     Construction& construction = project.constructions[number];
-    CloseUpLayers(construction);
     const int lines = LayerCount(construction);
     construction.currentLayer = static_cast<std::int16_t>(std::clamp(line + 1, 0, lines));
     for (int layer = 1; layer <= lines; ++layer) {
         const auto index = static_cast<std::size_t>(layer) - 1;
-        construction.layers.Edit(layer).selected = index < marks.size() && marks[index];
+        const int slot = SlotOfLayer(construction, layer);
+        construction.layers.Edit(slot).selected = index < marks.size() && marks[index];
     }
     RestoreThickness(construction);
 }
 
 void RestoreThickness(Construction& construction) {
-    const int current = construction.currentLayer;
-    const double thickness = current > 0 ? construction.layers[current].thickness : 0;
+    const double thickness = CurrentLayer(construction).thickness;
     if (thickness >= 0)
         construction.window.shownThickness = thickness;
 }

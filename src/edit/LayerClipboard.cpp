@@ -10,15 +10,20 @@ namespace strativo {
 
 namespace {
 
-/// The construction to act on, its slots closed up; null after a beep when there is none.
+/// The construction to act on; null after a beep when there is none.
+Construction* CurrentConstruction(Project& project, Desktop& desktop) {
+    if (InUse(project, project.currentConstruction))
+        return &project.constructions[project.currentConstruction];
+    desktop.Beep();
+    return nullptr;
+}
+
+/// The same with its slots closed up, to be changed.
 Construction* EditedConstruction(Project& project, Desktop& desktop) {
-    if (!InUse(project, project.currentConstruction)) {
-        desktop.Beep();
-        return nullptr;
-    }
-    Construction& construction = project.constructions[project.currentConstruction];
-    CloseUpLayers(construction);
-    return &construction;
+    Construction* construction = CurrentConstruction(project, desktop);
+    if (construction != nullptr)
+        CloseUpLayers(*construction);
+    return construction;
 }
 
 ClipEntry MaterialEntry(const Material& material, std::int16_t library) {
@@ -50,18 +55,18 @@ void CopyMaterial(Project& project) {
 }
 
 void CopyMarkedLayers(const Construction& construction, LayerClipboard& clipboard) {
-    const int lines = LayerCount(construction);
-    if (construction.currentLayer == 0 || MarkedLayersUpTo(construction, lines) == 0)
+    if (construction.currentLayer == 0 || MarkedLayersUpTo(construction, maxLayers) == 0)
         return;
-    int slot = 1;
-    for (int layer = 1; layer <= lines; ++layer) {
-        if (!construction.layers[layer].selected)
+    int entry = 1;
+    for (int slot = 1; slot <= construction.layers.HighestUsed(); ++slot) {
+        const Layer& layer = construction.layers[slot];
+        if (layer.name.empty() || !layer.selected)
             continue;
-        clipboard[slot] = construction.layers[layer];
-        clipboard[slot++].selected = false;
+        clipboard[entry] = layer;
+        clipboard[entry++].selected = false;
     }
-    for (; slot <= LayerClipboard::last; ++slot)
-        clipboard[slot].name.clear();
+    for (; entry <= LayerClipboard::last; ++entry)
+        clipboard[entry].name.clear();
 }
 
 /// Marks exactly these layers; layer 0 stands for none.
@@ -129,7 +134,7 @@ Construction* PasteTarget(Project& project, Desktop& desktop) {
 void CopyLayers(Project& project, Desktop& desktop) {
     if (project.dialogActive)
         CopyMaterial(project);
-    else if (const Construction* construction = EditedConstruction(project, desktop))
+    else if (const Construction* construction = CurrentConstruction(project, desktop))
         CopyMarkedLayers(*construction, project.clipboard);
 }
 
@@ -197,8 +202,9 @@ void ClearMarks(Construction& construction) {
 
 int MarkedLayersUpTo(const Construction& construction, int layerNumber) {
     int count = 0;
-    for (int layer = 1; layer <= layerNumber; ++layer)
-        count += construction.layers[layer].selected ? 1 : 0;
+    const int last = std::min(layerNumber, LayerCount(construction));
+    for (int layer = 1; layer <= last; ++layer)
+        count += construction.layers[SlotOfLayer(construction, layer)].selected ? 1 : 0;
     return count;
 }
 

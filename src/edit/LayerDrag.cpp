@@ -40,10 +40,9 @@ int VisibleRow(double y, double rowHeight, int visibleRows) {
 
 bool StartLayerDrag(Project& project, int number, int line, bool copy) {
     Construction& construction = project.constructions[number];
-    CloseUpLayers(construction);
     if (line < 0 || line >= LayerCount(construction))
         return false;
-    construction.layers.Edit(line + 1).selected = true;
+    construction.layers.Edit(SlotOfLayer(construction, line + 1)).selected = true;
     construction.currentLayer = static_cast<std::int16_t>(line + 1);
     project.drag = {number, copy};
     return true;
@@ -54,7 +53,7 @@ void DropLayers(Project& project, int target, int row, Desktop& desktop) {
     if (!InUse(project, drag.source) || !InUse(project, target))
         return;
     Construction& source = project.constructions[drag.source];
-    const int moved = MarkedLayersUpTo(source, LayerCount(source));
+    const int moved = MarkedLayersUpTo(source, maxLayers);
     if (moved == 0)
         return;
     project.currentConstruction = drag.source;
@@ -66,7 +65,7 @@ void DropLayers(Project& project, int target, int row, Desktop& desktop) {
         desktop.Beep();
         return;
     } else {
-        const int above = MarkedLayersUpTo(source, std::min(row, LayerCount(source)));
+        const int above = MarkedLayersUpTo(source, row);
         CutLayers(project, desktop);
         row -= otherConstruction ? 0 : above;
     }

@@ -29,5 +29,9 @@ struct Construction {
 
 /// Number of layer slots that hold a layer: the lines of the layer list.
 int LayerCount(const Construction& construction);
+/// The slot that holds the layer of that number, empty slots not counted; 0 when there is none.
+int SlotOfLayer(const Construction& construction, int layer);
+/// An empty layer when there is none.
+const Layer& CurrentLayer(const Construction& construction);
 
 } // namespace strativo

@@ -77,14 +77,19 @@ TEST_F(LayerListOfAWindow, ShowsTheMarksOfTheLayers) {
     EXPECT_EQ(Refreshed().marks, (std::vector<bool>{false, true}));
 }
 
-TEST_F(LayerListOfAWindow, SkipsEmptySlotsButMarksLinesByNumber) {
+// Files can hold layers of materials without a name; the U-value takes slots by number all the
+// same.
+TEST_F(LayerListOfAWindow, SkipsEmptySlots) {
     construction().layers.Edit(2) = Layer();
     construction().layers.Edit(3) = MakeLayer("PLASTER", 0.5F, 13);
     construction().layers.Edit(3).selected = true;
+    construction().currentLayer = 2;
     const LayerListView view = Refreshed();
     ASSERT_EQ(view.lines.size(), 2U);
     EXPECT_EQ(view.lines[1].substr(0, 7), "PLASTER");
-    EXPECT_EQ(view.marks, (std::vector<bool>{false, false}));
+    EXPECT_EQ(view.marks, (std::vector<bool>{false, true}));
+    EXPECT_EQ(view.editThick, "13");
+    EXPECT_EQ(view.conName, "PLASTER");
     EXPECT_EQ(view.result, "n/a");
 }
 

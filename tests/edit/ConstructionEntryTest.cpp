@@ -103,12 +103,19 @@ TEST_F(LineSelection, StaysWithinTheLines) {
     EXPECT_EQ(Marks(), Layers{1});
 }
 
-TEST_F(LineSelection, ClosesUpEmptySlotsSoThatLinesAndLayersAgree) {
+// Merely looking at layers must change neither the U-value nor what would be saved.
+TEST_F(LineSelection, LeavesEmptySlotsWhereTheyAre) {
     Add("ABC");
     Current().layers.Edit(2) = Layer();
+    Current().layers.Edit(3).thickness = 13;
     SelectLine(project, 1, 1, {false, true});
+    EXPECT_EQ(Current().layers[3].name, "C");
+    EXPECT_EQ(Marks(), Layers{3});
+    EXPECT_EQ(CurrentLayer(), 2);
+    EXPECT_EQ(Current().window.shownThickness, 13);
+    EXPECT_EQ(EnterThickness(project, 1, "20", desktop), EntryResult::accepted);
     EXPECT_EQ(Current().layers[2].name, "C");
-    EXPECT_EQ(Marks(), Layers{2});
+    EXPECT_EQ(Current().layers[2].thickness, 20);
 }
 
 } // namespace

@@ -182,6 +182,15 @@ TEST_F(LayerClipboardTest, ClosesUpEmptySlotsBeforeEditing) {
     EXPECT_EQ(Current().layers[2].name, "C");
 }
 
+TEST_F(LayerClipboardTest, CopyLeavesEmptySlotsWhereTheyAre) {
+    Add("ABCD");
+    Current().layers.Edit(2) = Layer();
+    Mark(project, 1, {3, 4}, 2);
+    CopyLayers(project, desktop);
+    EXPECT_EQ(ClipNames(), "CD");
+    EXPECT_EQ(Current().layers[4].name, "D");
+}
+
 TEST_F(LayerClipboardTest, CutThenPasteInTheMiddleIsNoIdentityButPasteBeforeRestores) {
     Add("ABCD");
     Click(2);

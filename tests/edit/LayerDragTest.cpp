@@ -154,6 +154,18 @@ TEST_F(LayerDragTest, HasThePressedLineAlwaysAmongTheDragged) {
     EXPECT_TRUE(project.drag.copy);
 }
 
+TEST_F(LayerDragTest, ClosesUpEmptySlotsOnlyAtTheDrop) {
+    Add("ABCD");
+    Current().layers.Edit(2) = Layer();
+    Mark(project, 1, {}, 1);
+    Drag(1, 2, false);
+    EXPECT_EQ(Current().layers[4].name, "D");
+    EXPECT_EQ(Marks(), Layers{4});
+    DropLayers(project, 1, 0, desktop);
+    EXPECT_EQ(Names(), "DAC");
+    EXPECT_EQ(Current().layers[3].name, "C");
+}
+
 TEST_F(LayerDragTest, DoesNotStartWhereThereIsNoLine) {
     Add("AB");
     EXPECT_FALSE(StartLayerDrag(project, 1, 2, false));

@@ -72,6 +72,28 @@ TEST(LayerCount, LeavesOutSlotsWithoutAName) {
     EXPECT_EQ(LayerCount(construction), 2);
 }
 
+TEST(SlotOfLayer, CountsSlotsWithANameOnly) {
+    Construction construction;
+    EXPECT_EQ(SlotOfLayer(construction, 1), 0);
+    construction.layers.Edit(2).name = "BRICK";
+    construction.layers.Edit(4).name = "PLASTER";
+    EXPECT_EQ(SlotOfLayer(construction, 0), 0);
+    EXPECT_EQ(SlotOfLayer(construction, 1), 2);
+    EXPECT_EQ(SlotOfLayer(construction, 2), 4);
+    EXPECT_EQ(SlotOfLayer(construction, 3), 0);
+}
+
+TEST(CurrentLayer, IsAnEmptyOneWhereThereIsNone) {
+    Construction construction;
+    EXPECT_EQ(CurrentLayer(construction), Layer());
+    construction.currentLayer = 1;
+    EXPECT_EQ(CurrentLayer(construction), Layer());
+    construction.layers.Edit(3).name = "BRICK";
+    EXPECT_EQ(CurrentLayer(construction).name, "BRICK");
+    construction.currentLayer = 0;
+    EXPECT_EQ(CurrentLayer(construction), Layer());
+}
+
 TEST(Construction, StartsOpaqueWithoutLayersAndNotInUse) {
     const Construction construction;
     EXPECT_EQ(construction.type, opaqueType);
