@@ -56,7 +56,8 @@ std::vector<bool> LayerList::Marks() const {
 
 void LayerList::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Delete) {
-        deletePressed = true;
+        // A key held down since a box was in front only repeats here.
+        deletePressed = deletePressed || !event->isAutoRepeat();
         return;
     }
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
@@ -70,8 +71,6 @@ void LayerList::keyPressEvent(QKeyEvent* event) {
         emit LineTouched(currentRow());
 }
 
-/// Shift and a key that moves through the lines. The toolkit's own range would start where its
-/// keyboard was last used, not at the line that was clicked since.
 /// The focused line may be unmarked; a move that stays on it marks it like any other.
 void LayerList::MarkWhereMoveEnds(const QKeyEvent& event) {
     const bool plain = (event.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
@@ -81,6 +80,8 @@ void LayerList::MarkWhereMoveEnds(const QKeyEvent& event) {
     currentItem()->setSelected(true);
 }
 
+/// Shift and a key that moves through the lines. The toolkit's own range would start where its
+/// keyboard was last used, not at the line that was clicked since.
 bool LayerList::ExtendRange(const QKeyEvent& event) {
     const std::optional<CursorAction> action = MoveOf(event.key());
     if (!action || count() == 0 || !(event.modifiers() & Qt::ShiftModifier))

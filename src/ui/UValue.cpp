@@ -70,7 +70,10 @@ void UValue::RefreshLayerList() {
     const LayerListView view = ViewLayerList(Record());
     ui.Construction->SetLines(view.lines);
     ui.Construction->SetMarks(view.marks, Record().currentLayer - 1);
-    ui.EditThick->setText(ToText(view.editThick));
+    // A current layer without thickness leaves the field as it is, text being typed included.
+    if (!ui.EditThick->isModified() || CurrentLayer(Record()).thickness > 0
+        || Record().currentLayer == 0)
+        ui.EditThick->setText(ToText(view.editThick));
     ui.AbsorpText->setText(ToText(view.absorpText));
     ui.ConName->setText(ToText(view.conName));
     ShowUValue();
@@ -107,8 +110,7 @@ void UValue::ConnectSignals() {
     for (EntryField* field : {ui.NameText, ui.EditThick, ui.AbsorpText})
         connect(field, &EntryField::Escaped, this, &UValue::FocusList);
     connect(ui.Construction, &LayerList::LineTouched, this, &UValue::Construction_Click);
-    connect(ui.Construction, &LayerList::DragWanted, this,
-            [this](int line, QPoint, bool ctrlHeld) { Construction_MouseMove(line, ctrlHeld); });
+    connect(ui.Construction, &LayerList::DragWanted, this, &UValue::Construction_MouseMove);
     connect(ui.Construction, &LayerList::Dropped, this, &UValue::Construction_DragDrop);
     connect(ui.Construction, &LayerList::DeleteReleased, this, [this] {
         program.perform([this] { DeleteLayers(program.project, program.desktop); });
@@ -184,7 +186,7 @@ void UValue::Construction_Click(int line) {
     ShowLayerFields();
 }
 
-void UValue::Construction_MouseMove(int line, bool ctrlHeld) {
+void UValue::Construction_MouseMove(int line, QPoint position, bool ctrlHeld) {
     bool started = false;
     program.perform([&] { started = StartLayerDrag(program.project, number, line, ctrlHeld); });
     if (!started)
@@ -193,11 +195,14 @@ void UValue::Construction_MouseMove(int line, bool ctrlHeld) {
     QStringList dragged;
     for (const QListWidgetItem* item : ui.Construction->selectedItems())
         dragged.append(item->text());
-    ui.DragImage->setText(dragged.join(QLatin1Char('\n')));
-    ui.DragImage->adjustSize();
+    const int row =
+        VisibleRow(position.y(), ui.Construction->RowHeightInPixels(), visibleLayerRows);
+    QLabel* image = ui.Label2[row];
+    image->setText(dragged.join(QLatin1Char('\n')));
+    image->adjustSize();
     QDrag drag(ui.Construction);
     drag.setMimeData(MakeDragPayload(DragKind::layers));
-    drag.setPixmap(ui.DragImage->grab());
+    drag.setPixmap(image->grab());
     // One action only, so that the pointer tells what will happen.
     drag.exec(ctrlHeld ? Qt::CopyAction : Qt::MoveAction);
 }
@@ -236,6 +241,7 @@ bool UValue::WindowKey(QKeyEvent* event) {
         return false;
     ui.EditThick->setFocus();
     ui.EditThick->setText(event->text());
+    ui.EditThick->setModified(true);
     return true;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "edit/LayerDrag.h"
 #include "ui/DragPayload.h"
 #include "ui/Program.h"
 
@@ -58,7 +59,7 @@ private:
         EntryField* AbsorpText;
         QPushButton* VWConComments;
         QLabel* Result;
-        QLabel* DragImage;
+        QLabel* Label2[visibleLayerRows];
     };
 
     void BuildNameRows();
@@ -83,7 +84,7 @@ private:
     void AbsorpText_KeyPress();
     void AbsorpText_LostFocus();
     void Construction_Click(int line);
-    void Construction_MouseMove(int line, bool ctrlHeld);
+    void Construction_MouseMove(int line, QPoint position, bool ctrlHeld);
     void Construction_DragDrop(DragKind kind, int row);
     void VWConComments_Click();
     void ShowAbsorption(bool shown);

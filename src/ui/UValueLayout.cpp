@@ -137,15 +137,16 @@ void UValue::BuildEntryRows() {
 
 void UValue::BuildDragImages() {
     for (int row = 0; row < visibleLayerRows; ++row) {
-        ui.DragImage = AddLabel(QStringLiteral("Label2_%1").arg(row),
-                                tr("  Conductivity                    W/m/°C"), QRect());
-        ui.DragImage->hide();
+        QLabel* image = AddLabel(QStringLiteral("Label2_%1").arg(row),
+                                 tr("  Conductivity                    W/m/°C"), QRect());
+        image->hide();
+        image->setTextFormat(Qt::PlainText);
+        image->setFont(ColumnFont());
+        image->setAutoFillBackground(true);
+        image->setFrameStyle(QFrame::Panel | QFrame::Plain);
+        image->setMargin(2);
+        ui.Label2[row] = image;
     }
-    ui.DragImage->setTextFormat(Qt::PlainText);
-    ui.DragImage->setFont(ColumnFont());
-    ui.DragImage->setAutoFillBackground(true);
-    ui.DragImage->setFrameStyle(QFrame::Panel | QFrame::Plain);
-    ui.DragImage->setMargin(2);
 }
 
 void UValue::Describe() {

@@ -101,10 +101,12 @@ void UvalsDialog::BuildDragImages() {
         QLabel* image = AddLabel(QStringLiteral("Label2_%1").arg(row),
                                  tr(" &Name   of     component"), QRect());
         image->hide();
+        image->setTextFormat(Qt::PlainText);
         image->setFont(ColumnFont());
         image->setAutoFillBackground(true);
         image->setFrameStyle(QFrame::Panel | QFrame::Plain);
         image->setMargin(2);
+        ui.Label2[row] = image;
     }
 }
 
@@ -175,7 +177,7 @@ void UvalsDialog::UValueList_MouseMove(QPoint position) {
         return;
     const int row = VisibleRow(ToTwips(position.y(), *this), MaterialList::listHeight / 4.0,
                                visibleMaterialRows);
-    auto* image = findChild<QLabel*>(QStringLiteral("Label2_%1").arg(row));
+    QLabel* image = ui.Label2[row];
     image->setText(ToText(program.project.clipboard[1].name));
     image->adjustSize();
     QDrag drag(ui.UValueList);

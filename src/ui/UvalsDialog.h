@@ -1,5 +1,6 @@
 #pragma once
 
+#include "edit/LayerDrag.h"
 #include "ui/Program.h"
 
 #include <QWidget>
@@ -31,7 +32,7 @@ private:
         QRadioButton* MatOption[2];
         QButtonGroup* MatOptions;
         MaterialList* UValueList;
-        QLabel* DragImage;
+        QLabel* Label2[visibleMaterialRows];
     };
 
     void BuildOptions();

@@ -180,12 +180,6 @@ void Profile::ConnectSignals() {
     connect(ui.GlassText, &EntryField::Escaped, this, &Profile::reject);
     connect(ui.OkBut, &QPushButton::clicked, this, &Profile::OkBut_Click);
     connect(ui.CancelBut, &QPushButton::clicked, this, &Profile::CancelBut_Click);
-    for (QWidget* control :
-         {static_cast<QWidget*>(ui.GlassText), static_cast<QWidget*>(ui.Graph),
-          static_cast<QWidget*>(ui.GlassProp[0]), static_cast<QWidget*>(ui.GlassProp[1]),
-          static_cast<QWidget*>(ui.EditLevel), static_cast<QWidget*>(ui.OkBut),
-          static_cast<QWidget*>(ui.CancelBut)})
-        control->installEventFilter(this);
 }
 
 void Profile::Form_Load() {

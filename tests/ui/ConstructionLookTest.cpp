@@ -186,8 +186,15 @@ TEST_F(Look, TooltipsStateTheUnitsAndWhatTheUValueAssumes) {
     EXPECT_THAT(tip("EditThick"), testing::HasSubstr("mm"));
     EXPECT_THAT(tip("Construction"), testing::HasSubstr("m2C/W"));
     EXPECT_THAT(tip("Result"),
-                testing::AllOf(testing::HasSubstr("0.06"), testing::HasSubstr("0.12"),
-                               testing::HasSubstr("steady state")));
+                testing::AllOf(testing::HasSubstr("W/m2C"), testing::HasSubstr("0.06"),
+                               testing::HasSubstr("0.12"), testing::HasSubstr("steady state")));
+    EXPECT_THAT(tip("AbsorpText"), testing::HasSubstr("fraction from 0 to 1"));
+    EXPECT_THAT(Materials()->toolTip().toStdString(),
+                testing::AllOf(testing::HasSubstr("W/m/\xC2\xB0"
+                                                  "C"),
+                               testing::HasSubstr("kg/m3"),
+                               testing::HasSubstr("J/kg/\xC2\xB0"
+                                                  "C")));
 }
 
 TEST_F(Look, NamesOfLayersAreNoMarkup) {
@@ -202,7 +209,11 @@ TEST_F(Look, NamesOfLayersAreNoMarkup) {
 TEST_F(Look, CommentsAreShownInTheirBox) {
     Start(folder.Write("a.con", "!MATERIALS FILE = '" + library
                                     + "'\r\n!CONSTRUCTION 'A' * seen on site\r\n!END\r\n"));
-    InBox([](QWidget& box) { EXPECT_EQ(box.objectName(), QStringLiteral("ConCommentBox")); });
+    InBox([](QWidget& box) {
+        EXPECT_EQ(box.objectName(), QStringLiteral("ConCommentBox"));
+        EXPECT_TRUE(box.isModal());
+        EXPECT_EQ(box.parentWidget(), nullptr) << "it has no owner window";
+    });
     Find<QPushButton>(1, "VWConComments")->click();
     EXPECT_EQ(boxes.size(), 1U);
 }

@@ -11,7 +11,6 @@ namespace strativo {
 namespace {
 
 using testing::ElementsAre;
-using testing::StartsWith;
 
 /// A transparent construction of FACE BRICK and PLASTER, each 100 mm thick, the first current.
 class EntryFields : public MainWindowTest {
@@ -113,6 +112,29 @@ TEST_F(EntryFields, ThickLayersAreAskedAbout) {
     Answer("Yes");
     Enter("EditThick", "1500");
     EXPECT_EQ(Thickness(1), 1500);
+}
+
+TEST_F(EntryFields, ClosingOrJustEndingTheQuestionIsANo) {
+    StartWithTwoLayers();
+    const auto close = [](QWidget& box) { box.close(); };
+    const auto enter = [](QWidget& box) { QTest::keyClick(box.focusWidget(), Qt::Key_Return); };
+    for (const auto& answer :
+         {std::function<void(QWidget&)>(close), std::function<void(QWidget&)>(enter)}) {
+        InBox(answer);
+        Enter("EditThick", "1500");
+        EXPECT_EQ(Thickness(1), 100);
+        EXPECT_EQ(Field("EditThick")->selectedText(), QStringLiteral("1500"));
+    }
+}
+
+TEST_F(EntryFields, PaintingTheWindowLeavesHalfTypedTextAlone) {
+    StartWithTwoLayers();
+    for (const char* name : {"NameText", "EditThick", "AbsorpText"}) {
+        Field(name)->setFocus();
+        Type("7");
+        Window(1)->grab();
+        EXPECT_EQ(TextOf(1, name), "7") << name;
+    }
 }
 
 TEST_F(EntryFields, TheLimitsThemselvesAreNotAskedAbout) {
@@ -354,6 +376,25 @@ TEST_F(EntryFields, ALayerWithoutThicknessShowsAnEmptyField) {
     Record().layers.Edit(1).thickness = 0.25;
     ClickLine(List(1), 0);
     EXPECT_EQ(TextOf(1, "EditThick"), "0.250");
+}
+
+TEST_F(EntryFields, KeepAHalfTypedThicknessWhenALayerWithoutOneIsPasted) {
+    StartWithTwoLayers();
+    Press(Qt::Key_7);
+    Choose("Edit_Paste");
+    EXPECT_EQ(TextOf(1, "EditThick"), "7") << "the layer pasted has none to show";
+    Choose("Edit_Cut");
+    EXPECT_EQ(Record().currentLayer, 2);
+    EXPECT_EQ(TextOf(1, "EditThick"), "100");
+}
+
+TEST_F(EntryFields, ANegativeResistanceIsShownAsItWasEntered) {
+    StartWithTwoLayers();
+    Record().layers.Edit(2).conductivity = -3;
+    ClickLine(List(1), 1);
+    Enter("EditThick", "-5");
+    EXPECT_EQ(Thickness(2), -5);
+    EXPECT_EQ(TextOf(1, "EditThick"), "-5.000");
 }
 
 TEST_F(EntryFields, KeepTheStaleThicknessWhenALayerWithoutOneIsPasted) {

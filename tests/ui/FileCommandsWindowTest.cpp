@@ -149,6 +149,21 @@ TEST_F(FileCommandsInWindow, AFileIsOpenedWhereverItIsDropped) {
     }
 }
 
+TEST_F(FileCommandsInWindow, CaptionsNeverNameTheFile) {
+    Start(Write("house.con", {"Roof"}));
+    EXPECT_EQ(program->windowTitle(), QStringLiteral("Brevan Strativo V2.1"));
+    EXPECT_EQ(Area().Caption(1), QStringLiteral("Construction 1"));
+}
+
+TEST_F(FileCommandsInWindow, TheLayerClipboardSurvivesOpeningAFile) {
+    Start();
+    Choose("NewUValue");
+    Insert("PLASTER");
+    EXPECT_TRUE(DropFiles({Write("house.con", {"Roof"})}, &Area()));
+    Press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_THAT(LayersShown(1), ElementsAre("FACE BRICK", "PLASTER"));
+}
+
 TEST_F(FileCommandsInWindow, ADropAsksNothing) {
     Start();
     Choose("NewUValue");

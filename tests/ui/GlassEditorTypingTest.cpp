@@ -37,6 +37,15 @@ TEST_F(GlassEditor, TakesATypedValueAtEveryKey) {
     EXPECT_FLOAT_EQ(Accepted()[4], 0.9F);
 }
 
+TEST_F(GlassEditor, DrawingItselfLeavesHalfTypedTextAlone) {
+    OpenToType(4);
+    Type("0");
+    editor->grab();
+    EXPECT_EQ(Level(), "0");
+    Type(".7");
+    EXPECT_FLOAT_EQ(Accepted()[4], 0.7F);
+}
+
 TEST_F(GlassEditor, RewritesTheTypedTextOnLeaving) {
     OpenToType(4);
     Type("1.5");

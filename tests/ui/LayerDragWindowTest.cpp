@@ -215,14 +215,33 @@ TEST_F(LayerDragging, OtherProgramsDataAreRefused) {
     EXPECT_EQ(Layers(1), "ABCD");
 }
 
-TEST_F(LayerDragging, ThePictureShowsEveryDraggedLine) {
+TEST_F(LayerDragging, ThePictureIsThatOfTheRowAndShowsEveryDraggedLine) {
     StartWithTwoWindows();
     ClickLine(List(1), 0);
     ClickLine(List(1), 1, Qt::ShiftModifier);
     StartDrag(List(1), 1);
-    const auto* image = Find<QLabel>(1, "Label2_8");
+    const auto* image = Find<QLabel>(1, "Label2_1");
     EXPECT_EQ(image->text(),
               List(1)->item(0)->text() + QLatin1Char('\n') + List(1)->item(1)->text());
+    EXPECT_EQ(image->textFormat(), Qt::PlainText);
+    Fill(1, "ABCDEFGHIJKLMNO");
+    List(1)->scrollToBottom();
+    StartDrag(List(1), 14);
+    EXPECT_EQ(Find<QLabel>(1, "Label2_8")->text().left(1), QStringLiteral("O"));
+}
+
+TEST_F(LayerDragging, TheListScrollsAtItsEdges) {
+    StartWithTwoWindows();
+    EXPECT_TRUE(List(2)->hasAutoScroll());
+}
+
+TEST_F(LayerDragging, ControlPressedAfterTheStartMovesAllTheSame) {
+    StartWithTwoWindows();
+    StartDrag(List(1), 1);
+    MoveMouse(List(1), QPoint(60, 5), Qt::ControlModifier);
+    EXPECT_TRUE(Drop(MakeDragPayload(DragKind::layers), List(2)->viewport(), {60, 5}));
+    EXPECT_EQ(Layers(1), "ACD");
+    EXPECT_EQ(Layers(2), "BXY");
 }
 
 } // namespace

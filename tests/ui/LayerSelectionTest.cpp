@@ -264,6 +264,48 @@ TEST_F(LayerSelection, DeletePressedElsewhereRemovesNothing) {
     EXPECT_EQ(Layers(), "ABCDE");
 }
 
+TEST_F(LayerSelection, DeleteThatOnlyRepeatsHereRemovesNothing) {
+    StartWithFiveLayers();
+    QKeyEvent repeated(QEvent::KeyPress, Qt::Key_Delete, {}, QString(), true);
+    QApplication::sendEvent(List(1), &repeated);
+    QTest::keyRelease(List(1), Qt::Key_Delete);
+    EXPECT_EQ(Layers(), "ABCDE") << "the key went down in a box that has closed";
+}
+
+TEST_F(LayerSelection, DeleteOfTheLastLineGoesOnWithTheOneThatIsLastThen) {
+    StartWithFiveLayers();
+    ClickLine(List(1), 2);
+    Press(Qt::Key_Delete);
+    EXPECT_EQ(Layers(), "ABDE");
+    ExpectMarked({3});
+    ClickLine(List(1), 3);
+    Press(Qt::Key_Delete);
+    EXPECT_EQ(Layers(), "ABD");
+    ExpectMarked({3});
+    ClickLine(List(1), 0);
+    ClickLine(List(1), 2, Qt::ControlModifier);
+    Press(Qt::Key_Delete);
+    EXPECT_EQ(Layers(), "B");
+    ExpectMarked({1});
+}
+
+TEST_F(LayerSelection, AClickLeavesEmptySlotsWhereTheyAre) {
+    StartWithFiveLayers();
+    TheProject().constructions[1].layers.Edit(2) = Layer();
+    program->RefreshConstruction(1);
+    const std::string result = TextOf(1, "Result");
+    ClickLine(List(1), 1);
+    EXPECT_EQ(TextOf(1, "ConName"), "C");
+    EXPECT_EQ(TextOf(1, "EditThick"), "30");
+    EXPECT_THAT(MarksShown(1), ElementsAre(1));
+    EXPECT_EQ(TheProject().constructions[1].layers[3].name, "C");
+    program->RefreshConstruction(1);
+    EXPECT_EQ(TextOf(1, "Result"), result);
+    Press(Qt::Key_Delete);
+    EXPECT_EQ(Layers(), "ADE");
+    ExpectMarked({2});
+}
+
 TEST_F(LayerSelection, DeleteWithAModifierRemovesNothing) {
     StartWithFiveLayers();
     for (const Qt::KeyboardModifier modifier :

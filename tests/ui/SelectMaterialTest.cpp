@@ -301,6 +301,17 @@ TEST_F(SelectMaterial, TheDragLabelIsThatOfTheRow) {
     EXPECT_EQ(LabelText("Label2_0"), " &Name   of     component");
 }
 
+TEST_F(SelectMaterial, NamesInTheDragLabelAreNoMarkup) {
+    StartWithConstruction();
+    TheProject().standardLibrary[9].name = "<b>A&B</b>";
+    program->RefreshDialog();
+    Materials()->scrollToBottom();
+    StartDrag(Materials(), 8);
+    const auto* label = FindInDialog<QLabel>("Label2_3");
+    EXPECT_EQ(label->text(), QStringLiteral("<b>A&B</b>"));
+    EXPECT_EQ(label->textFormat(), Qt::PlainText);
+}
+
 TEST_F(SelectMaterial, TheCloseBoxHidesItAndTheWindowMenuBringsItBack) {
     StartWithConstruction();
     Area().Activate(UValueMDI::dialogId);

@@ -99,6 +99,17 @@ TEST_F(WindowKeys, KeypadDigitsCountAndModifiedOnesDoNot) {
     EXPECT_EQ(TextOf(1, "EditThick"), "5");
 }
 
+TEST_F(WindowKeys, DigitsOfAnyKeyboardLayoutCount) {
+    StartWithThreeLayers();
+    QKeyEvent meta(QEvent::KeyPress, Qt::Key_5, Qt::MetaModifier, QStringLiteral("5"));
+    QApplication::sendEvent(List(1), &meta);
+    EXPECT_EQ(Focus(), "Construction");
+    QKeyEvent shifted(QEvent::KeyPress, Qt::Key_ParenLeft, Qt::ShiftModifier, QStringLiteral("5"));
+    QApplication::sendEvent(List(1), &shifted);
+    EXPECT_EQ(Focus(), "EditThick");
+    EXPECT_EQ(TextOf(1, "EditThick"), "5");
+}
+
 TEST_F(WindowKeys, DigitsInTheNameAndTheAbsorptionAreText) {
     StartWithThreeLayers();
     Field("NameText")->setFocus();
@@ -167,6 +178,20 @@ TEST_F(WindowKeys, TypeShowsTheAbsorptionAndMarksNothingAsChanged) {
     EXPECT_EQ(Record().type, opaqueType);
     EXPECT_FALSE(Field("AbsorpText")->isVisible());
     EXPECT_FALSE(TheProject().changed);
+}
+
+TEST_F(WindowKeys, ANewWindowLeavesTheTypesOfOthersAlone) {
+    StartWithThreeLayers();
+    Find<QComboBox>(1, "TypeCombo")->setFocus();
+    Press(Qt::Key_Down);
+    Choose("NewUValue");
+    EXPECT_EQ(Record().type, transparentType);
+    EXPECT_EQ(TheProject().constructions[2].type, opaqueType);
+    Area().Activate(1);
+    program->RefreshConstruction(1);
+    program->RefreshConstruction(2);
+    EXPECT_EQ(Find<QComboBox>(1, "TypeCombo")->currentText(), QStringLiteral("Transparent"));
+    EXPECT_EQ(TheProject().constructions[2].type, opaqueType);
 }
 
 TEST_F(WindowKeys, ControlTabGoesRoundAllWindows) {

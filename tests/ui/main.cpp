@@ -9,7 +9,7 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     Q_INIT_RESOURCE(strativo);
     QFont font = QApplication::font();
-    font.setPointSize(8);
+    font.setPointSizeF(8.25); // that of the program
     QApplication::setFont(font);
     return RUN_ALL_TESTS();
 }
