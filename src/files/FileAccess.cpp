@@ -85,7 +85,7 @@ std::string ReadFileBytes(const std::string& path) {
     std::size_t length = 0;
     for (;;) {
         if (length == bytes.size())
-            bytes.resize(length + 1);
+            bytes.resize(2 * length);
         const ssize_t count = read(file.Descriptor(), bytes.data() + length, bytes.size() - length);
         if (count < 0 && errno == EINTR)
             continue;
