@@ -1,9 +1,13 @@
 #include "project/ReadConstructionFile.h"
 
+#include "edit/ConstructionEntry.h"
 #include "edit/ConstructionSlots.h"
 #include "edit/GlassTypes.h"
+#include "edit/LayerClipboard.h"
+#include "edit/LayerDrag.h"
 #include "files/ConstructionWriter.h"
 #include "project/FileCommands.h"
+#include "project/NewProject.h"
 #include "support/Samples.h"
 
 #include <gmock/gmock.h>
@@ -92,6 +96,38 @@ TEST_F(ReadingAFile, NamesCavitiesInTheSpellingOfLayers) {
     EXPECT_EQ(layers[8].name, "Unknown type -12");
     EXPECT_EQ(project.standardLibrary[5].name, "CAVITY Type 2 Low-E")
         << "the material list keeps its own spelling";
+}
+
+// The library and the reader spell the type 3 cavity differently, and so do the files.
+TEST_F(ReadingAFile, ChangesTheSpellingOfANewCavityInTheNextSave) {
+    NewConstruction(project, desktop);
+    for (int number = 1; project.clipboard[1].materialCode != -3; ++number) {
+        project.selectedMaterial = number;
+        ASSERT_TRUE(TakeMaterial(project));
+    }
+    PasteLayers(project, desktop);
+    const std::string saved = FormatConstructionFile(project);
+    EXPECT_THAT(saved, HasSubstr("* CAVITY Type 3 width = resistance\r\n"));
+    folder.Write("saved.con", saved);
+    ReadConstructionFile(project, "saved.con", desktop);
+    EXPECT_THAT(FormatConstructionFile(project),
+                HasSubstr("* CAVITY Tyep 3 width = resistance\r\n"));
+}
+
+TEST_F(ReadingAFile, LeavesTheSlotOfANamelessMaterialEmptyUntilAnEdit) {
+    folder.Write("stdmat.lby",
+                 "12'FACE BRICK' 0.84 1700 800\n5'' 1 2 3\n30'PLASTER' 0.5 1300 1000\n");
+    Read({"!CONSTRUCTION 'A'", "_ 1 = 12 0.1 0", "_ 2 = 5 0.1 0", "_ 3 = 30 0.1 0", "!END"});
+    const std::string untouched = FormatConstructionFile(project);
+    EXPECT_THAT(untouched, HasSubstr("_ 3 =       30 "));
+    SelectLine(project, 1, 1, {false, true});
+    CopyLayers(project, desktop);
+    ASSERT_TRUE(StartLayerDrag(project, 1, 1, false));
+    EXPECT_EQ(FormatConstructionFile(project), untouched);
+    DeleteLayers(project, desktop);
+    EXPECT_EQ(LayerNames(project, 1), "FACE BRICK");
+    PasteLayers(project, desktop);
+    EXPECT_THAT(FormatConstructionFile(project), HasSubstr("_ 2 =       30 "));
 }
 
 TEST_F(ReadingAFile, LeavesALayerWhoseMaterialIsNotFound) {
