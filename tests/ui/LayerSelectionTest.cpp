@@ -8,7 +8,6 @@ namespace strativo {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 /// Layers A, B, C, D, E in construction 1; A is current and marked.
 class LayerSelection : public MainWindowTest {
