@@ -136,7 +136,8 @@ private:
     WinForm* glass = nullptr; ///< belongs to its frame in the window area
     std::unique_ptr<HelpViewer> help;
     Ui ui{};
-    QElapsedTimer reading; ///< runs while a file is read
+    QElapsedTimer reading;    ///< runs while a file is read
+    bool busyPointer = false; ///< shown while that takes long
     int performing = 0;
     bool ended = false;
 };

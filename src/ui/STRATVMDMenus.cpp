@@ -26,6 +26,8 @@
 #include <QShortcut>
 #include <QStatusBar>
 
+#include <utility>
+
 // The menu bar and the status bar of the main window. The key names in the Edit captions are part
 // of the captions: the items bind no keys, the construction window's own handler does.
 
@@ -288,24 +290,25 @@ void UValueMDI::RefreshStatus() {
 }
 
 void UValueMDI::EndProgress() {
-    if (!reading.isValid())
-        return;
+    if (std::exchange(busyPointer, false))
+        QApplication::restoreOverrideCursor();
     reading.invalidate();
-    QApplication::restoreOverrideCursor();
     ui.Progress->hide();
 }
 
+/// Most files are read before anybody could see that something goes on.
 void UValueMDI::ShowProgress(std::size_t done, std::size_t total) {
-    constexpr qint64 patience = 500; // ms before the user is shown that something goes on
+    constexpr qint64 untilPointer = 100; // ms
+    constexpr qint64 untilBar = 500;     // ms
     if (done >= total) {
         EndProgress();
         return;
     }
-    if (!reading.isValid()) {
+    if (!reading.isValid())
         reading.start();
+    if (reading.elapsed() >= untilPointer && !std::exchange(busyPointer, true))
         QApplication::setOverrideCursor(Qt::WaitCursor);
-    }
-    if (reading.elapsed() < patience)
+    if (reading.elapsed() < untilBar)
         return;
     // Drawn at once and without looking at any event, so that nothing else can begin meanwhile.
     ui.Progress->setValue(

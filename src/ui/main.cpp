@@ -26,7 +26,7 @@ int main(int argc, char** argv) {
     Q_INIT_RESOURCE(strativo); // lies in a library, which would otherwise be linked without it
     QApplication::setApplicationName(QStringLiteral("strativo"));
     QApplication::setDesktopFileName(QStringLiteral("strativo"));
-    QApplication::setWindowIcon(QIcon(QStringLiteral(":/strativo.png")));
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/window-icon.png")));
     QFont font = QApplication::font();
     font.setPointSizeF(8.25);
     QApplication::setFont(font);

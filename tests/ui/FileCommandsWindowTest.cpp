@@ -238,13 +238,16 @@ TEST_F(FileCommandsInWindow, ALongFileNameDoesNotWidenTheMainWindow) {
     EXPECT_EQ(program->width(), 1080);
 }
 
-TEST_F(FileCommandsInWindow, ProgressIsShownOnlyAfterHalfASecond) {
+TEST_F(FileCommandsInWindow, ProgressIsShownOnlyAfterHalfASecondAndTheBusyPointerSooner) {
     Start();
     auto* bar = program->findChild<QProgressBar*>(QStringLiteral("Progress"));
     program->ShowProgress(10, 100);
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+    std::this_thread::sleep_for(std::chrono::milliseconds(110));
+    program->ShowProgress(15, 100);
     EXPECT_FALSE(bar->isVisible());
     EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
-    std::this_thread::sleep_for(std::chrono::milliseconds(510));
+    std::this_thread::sleep_for(std::chrono::milliseconds(400));
     program->ShowProgress(20, 100);
     EXPECT_TRUE(bar->isVisible());
     EXPECT_EQ(bar->value(), 200);
@@ -256,6 +259,8 @@ TEST_F(FileCommandsInWindow, ProgressIsShownOnlyAfterHalfASecond) {
 TEST_F(FileCommandsInWindow, ABoxDuringReadingHasAnOrdinaryPointer) {
     Start();
     program->ShowProgress(10, 100);
+    std::this_thread::sleep_for(std::chrono::milliseconds(110));
+    program->ShowProgress(20, 100);
     InBox([](QWidget&) { EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::ArrowCursor); });
     QtDesktop desktop(*program);
     desktop.ShowMessage({"text", ""});
