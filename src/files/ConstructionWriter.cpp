@@ -12,11 +12,35 @@ namespace strativo {
 
 namespace {
 
+// Named, so that the patterns are taken apart by the compiler and not for each number.
+constexpr NumberPattern materialPattern = "##0";
+constexpr NumberPattern thicknessPattern = "#0.000";
+constexpr NumberPattern resistancePattern = "#0.000000";
+constexpr NumberPattern absorptionPattern = "0.00";
+constexpr NumberPattern glassPattern = "0.0##";
+
+/// About as many bytes as the file will have, a little more as a rule: a string that grows while it
+/// is written is copied again and again.
+std::size_t ExpectedSize(const Project& project) {
+    constexpr std::size_t head = 4096;
+    constexpr std::size_t perConstruction = 128;
+    constexpr std::size_t perLayer = 80;
+    constexpr std::size_t perGlassType = 512;
+    constexpr std::size_t perGlassType2D = 8192;
+    std::size_t size = head;
+    for (const Construction& construction : project.constructions)
+        size += perConstruction
+                + perLayer * static_cast<std::size_t>(construction.layers.HighestUsed());
+    return size + perGlassType * static_cast<std::size_t>(project.glassTypes.Size())
+           + perGlassType2D * static_cast<std::size_t>(project.glassTypes2D.Size());
+}
+
 class Writer {
 public:
     explicit Writer(const Project& source) : project(source) {}
 
     std::string Run() {
+        out.reserve(ExpectedSize(project));
         WriteLibraries();
         for (int number = 1; number <= project.constructions.Size(); ++number)
             if (InUse(project, number))
@@ -64,24 +88,26 @@ private:
 
     void WritePart(const Layer& layer, int slot, bool transparent) {
         out += "_ ";
-        AppendNumber(out, slot, "#0");
+        AppendInteger(out, slot);
         out += layer.library == userLibraryNumber ? " =      @" : " =       ";
-        AppendNumber(out, MaterialNumber(layer), "##0");
+        WriteMaterialNumber(layer);
         out += "      ";
         WriteThickness(layer);
         out += "   0      ";
         if (transparent)
-            AppendNumber(out, layer.absorption, "0.00");
+            AppendNumber(out, layer.absorption, absorptionPattern);
         WriteLayerName(layer.name);
     }
 
     /// A cavity is written by its conductivity, which holds its code. That of another layer without
     /// a number may be any, but one beyond 16 bits would make the file unreadable.
-    static double MaterialNumber(const Layer& layer) {
+    void WriteMaterialNumber(const Layer& layer) {
         using Limits = std::numeric_limits<std::int16_t>;
         if (layer.materialCode > 0)
-            return layer.materialCode;
-        return std::clamp<double>(layer.conductivity, Limits::min(), Limits::max());
+            AppendInteger(out, layer.materialCode);
+        else
+            AppendNumber(out, std::clamp<double>(layer.conductivity, Limits::min(), Limits::max()),
+                         materialPattern);
     }
 
     /// A quoted name of a user library may go over lines, a comment may not.
@@ -96,10 +122,10 @@ private:
     void WriteThickness(const Layer& layer) {
         const double metres = layer.thickness / 1000;
         if (layer.materialCode == resistanceCavity) {
-            AppendNumber(out, metres, "#0.000000");
+            AppendNumber(out, metres, resistancePattern);
             return;
         }
-        AppendNumber(out, metres, "#0.000");
+        AppendNumber(out, metres, thicknessPattern);
         out += "   ";
     }
 
@@ -130,7 +156,7 @@ private:
         std::string_view separator;
         for (const float value : row) {
             out += separator;
-            AppendNumber(out, value, "0.0##");
+            AppendNumber(out, value, glassPattern);
             separator = ", ";
         }
         Line("");

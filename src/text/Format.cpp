@@ -83,25 +83,28 @@ void AppendExponent(std::string& out, Decimal decimal) {
     out += digits.size() < 2 ? "0" + digits : digits;
 }
 
-void AppendWhole(std::string& out, std::uint64_t whole, int minDigits) {
-    std::array<char, 24> text{};
-    const auto end = std::to_chars(text.data(), text.data() + text.size(), whole).ptr;
-    const int count = whole == 0 ? 0 : static_cast<int>(end - text.data());
-    out.append(static_cast<std::size_t>(std::max(0, minDigits - count)), '0');
-    out.append(text.data(), static_cast<std::size_t>(count));
-}
-
 constexpr std::array<double, 7> powersOfTen = {1, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6};
 
-void AppendDecimals(std::string& out, std::uint64_t fraction, const NumberPattern& pattern) {
-    std::array<char, 8> digits{};
-    for (int place = pattern.maxDecimals - 1; place >= 0; --place, fraction /= 10)
-        digits[static_cast<std::size_t>(place)] = static_cast<char>('0' + fraction % 10);
-    int count = pattern.maxDecimals;
-    while (count > pattern.minDecimals && digits[static_cast<std::size_t>(count) - 1] == '0')
-        --count;
-    out += '.';
-    out.append(digits.data(), static_cast<std::size_t>(count));
+constexpr int mostWholeDigits = 16; ///< that a pattern may ask for, to be dealt with quickly
+
+/// A number of so many decimals as the pattern has at most, given without its point.
+void AppendDigits(std::string& out, std::uint32_t digits, const NumberPattern& pattern) {
+    std::array<char, mostWholeDigits + powersOfTen.size() + 1> text{};
+    const char* end = text.data() + text.size();
+    char* first = text.data() + text.size();
+    const auto put = [&] {
+        *--first = static_cast<char>('0' + digits % 10);
+        digits /= 10;
+    };
+    for (int place = 0; place < pattern.maxDecimals; ++place)
+        put();
+    for (int place = pattern.maxDecimals; place > pattern.minDecimals && end[-1] == '0'; --place)
+        --end;
+    if (pattern.maxDecimals > 0)
+        *--first = '.';
+    for (int place = 0; place < pattern.minWhole || digits > 0; ++place)
+        put();
+    out.append(first, static_cast<std::size_t>(end - first));
 }
 
 /// Writing spends most of its time here: where the scaled value lies clear of a rounding half,
@@ -110,20 +113,16 @@ bool AppendScaled(std::string& out, double magnitude, const NumberPattern& patte
     constexpr double largest = 1e9;
     constexpr double clearOfHalf = 1e-6;
     const auto places = static_cast<std::size_t>(pattern.maxDecimals);
-    if (pattern.exponent || places >= powersOfTen.size())
+    if (pattern.exponent || places >= powersOfTen.size() || pattern.minWhole > mostWholeDigits)
         return false;
     const double scaled = magnitude * powersOfTen[places];
     if (!(scaled < largest))
         return false;
-    const auto below = static_cast<std::uint64_t>(scaled);
+    const auto below = static_cast<std::uint32_t>(scaled);
     const double rest = scaled - static_cast<double>(below);
     if (std::abs(rest - 0.5) < clearOfHalf)
         return false;
-    const std::uint64_t rounded = below + (rest > 0.5 ? 1 : 0);
-    const auto unit = static_cast<std::uint64_t>(powersOfTen[places]);
-    AppendWhole(out, rounded / unit, pattern.minWhole);
-    if (pattern.maxDecimals > 0)
-        AppendDecimals(out, rounded % unit, pattern);
+    AppendDigits(out, below + (rest > 0.5 ? 1 : 0), pattern);
     return true;
 }
 
@@ -142,6 +141,12 @@ void AppendNumber(std::string& out, double value, NumberPattern pattern) {
     }
     RoundTo(decimal, decimal.point + pattern.maxDecimals);
     AppendPlain(out, decimal, pattern);
+}
+
+void AppendInteger(std::string& out, int value) {
+    std::array<char, 16> text;
+    const auto end = std::to_chars(text.data(), text.data() + text.size(), value).ptr;
+    out.append(text.data(), end);
 }
 
 std::string FormatNumber(double value, NumberPattern pattern) {

@@ -29,6 +29,9 @@ struct NumberPattern {
 /// that reads back to the value. A negative value keeps its minus sign. The value is finite.
 void AppendNumber(std::string& out, double value, NumberPattern pattern);
 
+/// Appends the number as "#0" does, and faster.
+void AppendInteger(std::string& out, int value);
+
 std::string FormatNumber(double value, NumberPattern pattern);
 
 /// The number as the shortest decimal that reads back to it, without exponent for whole numbers
