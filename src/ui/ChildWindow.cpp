@@ -6,6 +6,7 @@
 #include <QToolButton>
 
 #include <algorithm>
+#include <utility>
 
 namespace strativo {
 
@@ -159,6 +160,8 @@ void ChildWindow::paintEvent(QPaintEvent*) {
     painter.fillRect(QRect(0, 0, width(), titleHeight + border), bar);
     painter.setPen(active ? bar.darker(140) : colours.color(QPalette::Mid));
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    if (!std::exchange(painted, true))
+        emit FirstPainted();
 }
 
 bool ChildWindow::focusNextPrevChild(bool next) {

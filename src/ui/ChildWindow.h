@@ -34,8 +34,10 @@ public:
     void SetActive(bool active);
     void SetMinimised(bool minimised);
     bool IsMinimised() const { return minimised; }
+    bool WasPainted() const { return painted; }
 
 signals:
+    void FirstPainted();
     void Activated();
     void MinimiseToggled();
     void CloseRequested();
@@ -65,6 +67,7 @@ private:
     bool dragging = false;
     bool active = false;
     bool minimised = false;
+    bool painted = false;
 };
 
 } // namespace strativo

@@ -24,6 +24,7 @@ constexpr int keptUnseenFrames = 32;
 WindowArea::WindowArea(MakeContent make, ContentSize size, QWidget* parent)
     : QWidget(parent), makeContent(std::move(make)), contentSize(std::move(size)) {
     setObjectName(QStringLiteral("WindowArea"));
+    setAttribute(Qt::WA_OpaquePaintEvent); // it fills all of itself
     connect(qApp, &QApplication::focusChanged, this,
             [this](QWidget*, QWidget* now) { FollowFocus(now); });
 }
@@ -334,6 +335,8 @@ void WindowArea::ConnectFrame(int id, ChildWindow* frame) {
             ShowVisible();
         }
     });
+    connect(frame, &ChildWindow::FirstPainted, this, &WindowArea::ShowVisible,
+            Qt::QueuedConnection);
     connect(frame, &ChildWindow::CloseRequested, this, [this, id] { emit CloseRequested(id); });
     connect(frame, &ChildWindow::Moved, this, [this, id, frame] {
         if (!frame->IsMinimised())
@@ -373,14 +376,26 @@ std::vector<int> WindowArea::SeenWindows() const {
     return seen;
 }
 
+/// The user waits for the active window: others are made once it has been painted.
+bool WindowArea::ActiveComesFirst() const {
+    const auto found = children.find(active);
+    return found != children.end() && found->second.frame != nullptr
+           && !found->second.frame->WasPainted();
+}
+
 void WindowArea::ShowVisible() {
     if (!changed)
         return;
     changed = false;
+    const bool othersWait = ActiveComesFirst();
     const std::vector<int> seen = SeenWindows();
     QWidget* above = nullptr;
     for (const int id : seen) {
         Child& child = children.at(id);
+        if (child.frame == nullptr && othersWait) {
+            changed = true;
+            continue;
+        }
         if (child.frame == nullptr)
             MakeFrame(id);
         if (above != nullptr)

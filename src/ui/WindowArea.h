@@ -64,7 +64,8 @@ public:
     int ExistingWindows() const;
 
     /// Makes the widgets of the windows that can be seen by now, and lets those of long unseen ones
-    /// go. Called after any change; cheap when there was none.
+    /// go. Called after any change; cheap when there was none. A new active window comes alone at
+    /// first, the others that can be seen right after it.
     void ShowVisible();
 
 signals:
@@ -103,6 +104,7 @@ private:
     void SetActive(int id);
     void DropUnseenFrames(const std::vector<int>& seen);
     std::vector<int> SeenWindows() const;
+    bool ActiveComesFirst() const;
     void FollowFocus(QWidget* now);
 
     MakeContent makeContent;

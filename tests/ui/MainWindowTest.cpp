@@ -106,10 +106,10 @@ std::vector<std::string> MainWindowTest::Captions(const char* menuName) {
 }
 
 UValue* MainWindowTest::Window(int number) {
-    UValue* window = program->ConstructionWindow(number);
-    if (window == nullptr)
+    // The windows below a new active one are made after it has been painted.
+    if (!QTest::qWaitFor([&] { return program->ConstructionWindow(number) != nullptr; }))
         throw std::runtime_error("no window " + std::to_string(number));
-    return window;
+    return program->ConstructionWindow(number);
 }
 
 QWidget* MainWindowTest::DialogWidget() {

@@ -39,6 +39,16 @@ TEST_F(ManyWindows, ExistOnlyWhereAPartOfThemCanBeSeen) {
     ExpectShown(many);
 }
 
+TEST_F(ManyWindows, TheActiveOneIsMadeFirstAndTheOthersOnceItIsPainted) {
+    StartWithMany();
+    ChooseFile((folder.Path() / "many.con").string());
+    Choose("OpenProject");
+    EXPECT_NE(program->ConstructionWindow(many), nullptr);
+    EXPECT_EQ(program->ConstructionWindow(many - 1), nullptr);
+    EXPECT_TRUE(
+        QTest::qWaitFor([this] { return program->ConstructionWindow(many - 1) != nullptr; }));
+}
+
 TEST_F(ManyWindows, AnyOfThemCanBeActivated) {
     StartWithMany();
     for (int number = 1; number <= many; number += 50)
