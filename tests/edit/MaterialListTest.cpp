@@ -42,6 +42,7 @@ constexpr LineRow rows[] = {
     {"ExactlyOneHasTwoDecimals", 1, 1, 1, "  1.00         1         1"},
     {"ExactlyTenHasOneDecimal", 10, 1, 1, "  10.0         1         1"},
     {"ExactlyHundredIsWhole", 100, 1, 1, "   100         1         1"},
+    {"BelowHundredThousandIsWhole", 99999, 99999, 99999, " 99999     99999     99999"},
     {"HundredThousandHasAnExponent", 300000, 100000, 250000, " 3E+05     1E+05     3E+05"},
     {"PatternIsChosenBeforeRounding", 9.999, 99999.6, 0.5, " 10.00    100000         1"},
     {"RoundsUpToOne", 0.9999, 1, 1, " 1.000         1         1"},

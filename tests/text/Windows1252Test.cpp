@@ -77,6 +77,7 @@ INSTANTIATE_TEST_SUITE_P(Bytes, InvalidUtf8,
 TEST(IsValidUtf8, TakesCharactersOfEveryLength) {
     EXPECT_TRUE(IsValidUtf8(""));
     EXPECT_TRUE(IsValidUtf8("a\u00E9\u20AC\U0001F600"));
+    EXPECT_TRUE(IsValidUtf8("\u0080\u07FF\u0800\uFFFF\U00010000"));
     EXPECT_TRUE(IsValidUtf8("\uD7FF\uE000\U0010FFFF"));
 }
 
