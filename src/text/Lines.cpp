@@ -68,10 +68,10 @@ std::string_view PieceReader::PieceBeforeBlank() {
 }
 
 std::string_view PieceReader::Piece() {
-    const auto blank = std::min(text.find(' ', position), text.size());
-    const std::string_view piece = text.substr(position, blank - position);
-    position = blank;
-    return piece;
+    const std::size_t start = position;
+    while (position < text.size() && text[position] != ' ')
+        ++position;
+    return text.substr(start, position - start);
 }
 
 } // namespace strativo

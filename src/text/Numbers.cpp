@@ -18,8 +18,9 @@ bool IsDigit(char c) {
 }
 
 std::string_view SkipBlanks(std::string_view text) {
-    const auto start = text.find_first_not_of(" \t");
-    return start == std::string_view::npos ? std::string_view() : text.substr(start);
+    while (!text.empty() && (text[0] == ' ' || text[0] == '\t'))
+        text.remove_prefix(1);
+    return text;
 }
 
 std::string_view SkipSign(std::string_view text) {
@@ -32,29 +33,33 @@ bool StartsWithDigits(std::string_view text) {
     return !text.empty() && IsDigit(text[0]);
 }
 
-/// Takes the digits in front off the text and appends them to the value; returns how many.
-std::size_t TakeDigits(std::string_view& text, std::uint64_t& value) {
+/// The number of digits in front of the text; the value goes on with them.
+std::size_t ReadDigits(std::string_view text, std::uint64_t& value) {
+    std::uint64_t number = value;
     std::size_t count = 0;
     for (; count < text.size() && IsDigit(text[count]); ++count)
-        value = 10 * value + static_cast<std::uint64_t>(text[count] - '0');
-    text.remove_prefix(count);
+        number = 10 * number + static_cast<std::uint64_t>(text[count] - '0');
+    value = number;
     return count;
 }
 
-/// A number without exponent and of so few digits that they and their power of ten are exact: one
-/// division rounds it as it should be. Nearly all numbers of a file are of this kind, and
-/// from_chars takes several times as long for them.
-std::optional<double> ShortDecimal(std::string_view text) {
+/// Takes a number off the text that has no exponent and so few digits that they and their power of
+/// ten are exact: one division rounds it as it should be. Nearly all numbers of a file are of this
+/// kind, and from_chars takes several times as long for them.
+std::optional<double> ShortDecimal(std::string_view& text) {
     constexpr std::array<double, 16> powersOfTen = {1,   1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
                                                     1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
     std::uint64_t value = 0;
-    const std::size_t whole = TakeDigits(text, value);
+    std::size_t length = ReadDigits(text, value);
     std::size_t decimals = 0;
-    if (text.starts_with('.')) {
-        text.remove_prefix(1);
-        decimals = TakeDigits(text, value);
+    std::size_t digits = length;
+    if (length < text.size() && text[length] == '.') {
+        decimals = ReadDigits(text.substr(length + 1), value);
+        digits += decimals;
+        length += 1 + decimals;
     }
-    if (whole + decimals >= powersOfTen.size() || text.starts_with('e') || text.starts_with('E'))
+    text.remove_prefix(length);
+    if (digits >= powersOfTen.size() || text.starts_with('e') || text.starts_with('E'))
         return std::nullopt;
     return static_cast<double>(static_cast<std::int64_t>(value)) / powersOfTen[decimals];
 }
@@ -98,10 +103,14 @@ double AnyNumber(std::string_view digits) {
 
 bool IsNumber(std::string_view text) {
     const std::string_view digits = SkipSign(text);
+    if (!StartsWithDigits(digits))
+        return false;
+    std::string_view rest = digits;
+    if (ShortDecimal(rest) && rest.empty())
+        return true;
+    const char* const end = digits.data() + digits.size();
     double value = 0;
-    return StartsWithDigits(digits)
-           && std::from_chars(digits.data(), digits.data() + digits.size(), value).ptr
-                  == digits.data() + digits.size();
+    return std::from_chars(digits.data(), end, value).ptr == end;
 }
 
 double LeadingNumber(std::string_view text) {
@@ -109,7 +118,8 @@ double LeadingNumber(std::string_view text) {
     const std::string_view digits = SkipSign(number);
     if (!StartsWithDigits(digits))
         return 0;
-    const std::optional<double> decimal = ShortDecimal(digits);
+    std::string_view rest = digits;
+    const std::optional<double> decimal = ShortDecimal(rest);
     const double value = decimal ? *decimal : AnyNumber(digits);
     return number[0] == '-' ? -value : value;
 }
