@@ -33,7 +33,9 @@ private:
 
 QFont ColumnFont() {
     QFont font(QStringList{QStringLiteral("Courier New"), QStringLiteral("Liberation Mono")});
-    font.setStyleHint(QFont::TypeWriter);
+    // Files hold Windows-1252, which any such font has whole: a search for fonts to fall back upon
+    // would only make the start slower.
+    font.setStyleHint(QFont::TypeWriter, QFont::NoFontMerging);
     font.setPointSizeF(8.25);
     return font;
 }
