@@ -18,12 +18,12 @@ void LoadStandard(Project& project, Desktop& desktop) {
     const std::string remembered = project.standardLibraryFile;
     project.standardLibraryFile.clear();
     const bool loaded = LoadStandardLibrary(project, desktop);
+    if (!loaded)
+        project.standardLibraryFile = remembered;
     SortAndRefresh(project, desktop);
     if (loaded) {
         desktop.EnableMatOption(standardLibraryNumber - 1, true);
         ShowLibrary(project, standardLibraryNumber, desktop);
-    } else {
-        project.standardLibraryFile = remembered;
     }
 }
 
@@ -35,13 +35,13 @@ void LoadMaterials(Project& project, Desktop& desktop) {
     const std::string remembered = project.userLibraryFile;
     project.userLibraryFile.clear();
     const bool loaded = LoadUserLibrary(project, desktop) == UserLoad::loaded;
+    // After a wrong version too: the old name comes back although the library is now empty.
+    if (!loaded)
+        project.userLibraryFile = remembered;
     SortAndRefresh(project, desktop);
     if (loaded) {
         desktop.EnableMatOption(userLibraryNumber - 1, true);
         ShowLibrary(project, userLibraryNumber, desktop);
-    } else {
-        // After a wrong version too: the old name comes back although the library is now empty.
-        project.userLibraryFile = remembered;
     }
 }
 

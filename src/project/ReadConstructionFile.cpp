@@ -118,11 +118,17 @@ void ReadFile(Project& project, const std::string& source, Desktop& desktop) {
 void ReplaceProject(Project& project, const std::string& source, const std::string& messagePrefix,
                     Desktop& desktop) {
     ResetForReading(project, desktop);
+    const unsigned activationsBefore = project.activations;
     try {
         ReadFile(project, source, desktop);
     } catch (const RuntimeError& error) {
         project.constructionFile.clear();
         desktop.ShowMessage({messagePrefix + constructionFileMessages.Text(error.Number()), ""});
+        // A library may have been loaded, or only named, before the failure.
+        RefreshMaterialList(project, desktop);
+        // The windows of what was read lie on top: the last of them is the active one.
+        if (project.activations != activationsBefore)
+            desktop.ActivateConstructionWindow(project.currentConstruction);
     } catch (...) {
         project.constructionFile.clear();
         throw;

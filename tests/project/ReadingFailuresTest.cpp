@@ -99,6 +99,22 @@ TEST_F(ReadingFailures, LeaveWhatWasReadUntitled) {
     EXPECT_EQ(folder.Read("half.con"), halfBytes);
 }
 
+TEST_F(ReadingFailures, ActivateTheLastConstructionReadAndListTheMaterialsAnew) {
+    folder.Write("two.con", std::string("!CONSTRUCTION 'Whole'\n!END\n") + halfBytes);
+    ReadConstructionFile(project, "two.con", desktop);
+    ASSERT_GE(desktop.calls.size(), 2U);
+    EXPECT_EQ(desktop.calls.back(), "RefreshGlassTypeList");
+    desktop.calls.pop_back();
+    EXPECT_EQ(desktop.calls.back(), "Activate 2");
+    desktop.calls.pop_back();
+    EXPECT_EQ(desktop.calls.back(), "RefreshMaterialList");
+}
+
+TEST_F(ReadingFailures, ActivateNothingWhereNothingWasRead) {
+    ReadConstructionFile(project, "missing.con", desktop);
+    EXPECT_EQ(desktop.Count("Activate 1"), 0);
+}
+
 TEST_F(ReadingFailures, LeaveTheRemovalOfTheOldConstructionsMarked) {
     AddConstruction(project, desktop, {"A"});
     ReadConstructionFile(project, "missing.con", desktop);

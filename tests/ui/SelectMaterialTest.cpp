@@ -8,6 +8,8 @@
 #include <QRadioButton>
 #include <QToolButton>
 
+#include <sys/stat.h>
+
 namespace strativo {
 namespace {
 
@@ -141,6 +143,20 @@ TEST_F(SelectMaterial, AnotherStandardLibraryCanBeLoaded) {
     EXPECT_EQ(Materials()->count(), 7);
     EXPECT_FALSE(Area().IsHidden(UValueMDI::dialogId));
     EXPECT_EQ(Caption(), "Select Material : " + (folder.Path() / "other.lby").string());
+}
+
+TEST_F(SelectMaterial, IsCaptionedAsBeforeWhenNoOtherLibraryWasLoaded) {
+    StartWithConstruction();
+    CancelPrompt();
+    Choose("LoadStandard");
+    EXPECT_EQ(Caption(), "Select Material : " + library);
+    const std::string pipe = (folder.Path() / "pipe.lby").string();
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    ChooseFile(pipe);
+    Answer("OK");
+    Choose("LoadStandard");
+    EXPECT_EQ(LastBox().text, "Standard material file error 75 occurred.");
+    EXPECT_EQ(Caption(), "Select Material : " + library);
 }
 
 TEST_F(SelectMaterial, DoubleClickInsertsBeforeTheCurrentLayer) {
