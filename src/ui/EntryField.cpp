@@ -3,7 +3,9 @@
 #include "edit/ConstructionEntry.h"
 #include "ui/Text.h"
 
+#include <QApplication>
 #include <QFocusEvent>
+#include <QMenuBar>
 #include <QValidator>
 
 namespace strativo {
@@ -47,6 +49,10 @@ EntryField::EntryField(Kind kind, const QString& objectName, QWidget* parent) : 
     setAcceptDrops(false);
 }
 
+EntryField::~EntryField() {
+    disconnect(watch);
+}
+
 void EntryField::keyPressEvent(QKeyEvent* event) {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (enter && !event->isAutoRepeat())
@@ -59,6 +65,7 @@ void EntryField::keyPressEvent(QKeyEvent* event) {
 
 void EntryField::focusInEvent(QFocusEvent* event) {
     QLineEdit::focusInEvent(event);
+    disconnect(watch);
     ShowFocus(true);
     if (event->reason() == Qt::MouseFocusReason)
         selectOnRelease = true;
@@ -69,8 +76,26 @@ void EntryField::focusInEvent(QFocusEvent* event) {
 void EntryField::focusOutEvent(QFocusEvent* event) {
     QLineEdit::focusOutEvent(event);
     ShowFocus(false);
-    if (!IsAside(event->reason()))
+    if (IsAside(event->reason()))
+        StayWatchful();
+    else
         emit Left();
+}
+
+/// The focus need not come back here: a menu's command or an answered box may give it to another
+/// control.
+void EntryField::StayWatchful() {
+    disconnect(watch);
+    watch = connect(qApp, &QApplication::focusChanged, this,
+                    [this](QWidget*, QWidget* now) { FollowFocus(now); });
+}
+
+void EntryField::FollowFocus(QWidget* now) {
+    if (now == nullptr || now == this || now->window() != window()
+        || qobject_cast<QMenuBar*>(now) != nullptr)
+        return;
+    disconnect(watch);
+    emit Left();
 }
 
 void EntryField::mouseReleaseEvent(QMouseEvent* event) {

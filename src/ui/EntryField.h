@@ -16,6 +16,7 @@ public:
     };
 
     EntryField(Kind kind, const QString& objectName, QWidget* parent);
+    ~EntryField() override;
 
 signals:
     void Entered();
@@ -31,8 +32,11 @@ protected:
 
 private:
     void ShowFocus(bool focused);
+    void StayWatchful();
+    void FollowFocus(QWidget* now);
 
     bool selectOnRelease = false;
+    QMetaObject::Connection watch; ///< while the focus is at a box, a menu or another program
 };
 
 } // namespace strativo

@@ -190,6 +190,9 @@ void WindowArea::Activate(int id) {
         const bool canReturn = child.lastFocus != nullptr && child.lastFocus->isEnabled();
         QWidget* focus = canReturn ? child.lastFocus.data() : content;
         focus->setFocus(Qt::OtherFocusReason);
+        // An empty window takes none, and keys are not to go on to a window that is not active.
+        if (!content->isEnabled() && window()->focusWidget() != nullptr)
+            window()->focusWidget()->clearFocus();
     }
     ShowVisible();
 }
@@ -431,9 +434,14 @@ void WindowArea::FollowFocus(QWidget* now) {
         return;
     const int id = frame->Id();
     Child& child = children.at(id);
+    if (child.iconSlot >= 0 || child.hidden) {
+        // The toolkit gives it to what is hidden when a box closes and nothing else can be seen.
+        ReleaseFocus(child);
+        return;
+    }
     if (frame->Content() != nullptr && frame->Content()->isAncestorOf(now))
         child.lastFocus = now;
-    if (active != id && child.iconSlot < 0) {
+    if (active != id) {
         Raise(id);
         SetActive(id);
     }
