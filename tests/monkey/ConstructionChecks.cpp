@@ -1,0 +1,108 @@
+#include "WindowChecks.h"
+#include "calc/LayerList.h"
+#include "calc/UValue.h"
+#include "fuzz/Invariants.h"
+#include "ui/LayerList.h"
+#include "ui/STRATVMD.h"
+#include "ui/Text.h"
+#include "ui/UValue.h"
+#include "ui/WindowArea.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenuBar>
+
+namespace strativo::monkey {
+
+namespace {
+
+using fuzz::Require;
+
+/// The window of one construction beside its record.
+class ConstructionChecks {
+public:
+    ConstructionChecks(UValue& shown, const Construction& stored, int itsNumber)
+        : window(shown), record(stored), number(itsNumber), view(ViewLayerList(stored)) {}
+
+    void Run() {
+        Require(window.isEnabled(), "a construction's window is enabled");
+        RequireList();
+        RequireTexts();
+        RequireType();
+    }
+
+private:
+    template <class Control>
+    Control* Find(const char* name) {
+        auto* control = window.findChild<Control*>(QLatin1String(name));
+        Require(control != nullptr, "a construction's window has all of its controls");
+        return control;
+    }
+
+    void RequireList() {
+        auto* list = Find<LayerList>("Construction");
+        Require(list->count() == static_cast<int>(view.lines.size()),
+                "the list shown has a line for each layer");
+        for (int line = 0; line < list->count(); ++line)
+            Require(list->item(line)->text() == ToText(view.lines[static_cast<std::size_t>(line)]),
+                    "the lines shown are those of the layers");
+        Require(list->Marks() == view.marks, "the lines selected are the layers marked");
+        const int current = record.currentLayer - 1;
+        Require(list->currentRow() == (current < list->count() ? current : -1),
+                "the list's focused line is the current layer");
+    }
+
+    /// A field that the user is typing into may hold anything, also while a menu or another program
+    /// is looked at.
+    void RequireField(const char* name, const std::string& text, const char* promise) {
+        auto* field = Find<QLineEdit>(name);
+        const QWidget* focus = window.window()->focusWidget();
+        if (window.isActiveWindow() && focus != field
+            && qobject_cast<const QMenuBar*>(focus) == nullptr)
+            Require(field->text() == ToText(text), promise);
+    }
+
+    void RequireTexts() {
+        RequireField("NameText", record.name, "the name shown is the one stored");
+        RequireField("EditThick", ThicknessText(record.window.shownThickness),
+                     "the thickness shown is the one remembered");
+        RequireField("AbsorpText", view.absorpText, "the absorption shown is the current layer's");
+        Require(Find<QLabel>("IndexText")->text() == QString::number(number),
+                "the number shown is the construction's");
+        Require(Find<QLabel>("ConName")->text() == ToText(view.conName),
+                "the layer named is the current one");
+        Require(Find<QLabel>("Result")->text() == ToText(UValueText(record)),
+                "the U-value shown is that of the layers");
+    }
+
+    void RequireType() {
+        Require(Find<QComboBox>("TypeCombo")->currentIndex() == record.type,
+                "the type shown is the one stored");
+        Require(Find<QLineEdit>("AbsorpText")->isVisibleTo(&window)
+                    == (record.type == transparentType),
+                "only transparent constructions show an absorption");
+    }
+
+    UValue& window;
+    const Construction& record;
+    int number;
+    LayerListView view;
+};
+
+} // namespace
+
+void RequireConstructionWindows(UValueMDI& program) {
+    const Project& project = program.TheProject();
+    for (const int id : program.Area().Windows()) {
+        UValue* window = id > 0 ? program.ConstructionWindow(id) : nullptr;
+        if (window == nullptr)
+            continue;
+        if (InUse(project, id))
+            ConstructionChecks(*window, project.constructions[id], id).Run();
+        else
+            Require(!window->isEnabled(), "a window without a construction is without function");
+    }
+}
+
+} // namespace strativo::monkey

@@ -1,0 +1,125 @@
+#include "Monkey.h"
+#include "WindowChecks.h"
+#include "calc/Relink.h"
+#include "files/ConstructionWriter.h"
+#include "files/FileAccess.h"
+#include "files/ReadBack.h"
+#include "fuzz/FuzzDesktop.h"
+#include "fuzz/Invariants.h"
+#include "fuzz/ReadsBack.h"
+#include "ui/WINFORM.h"
+#include "ui/WindowArea.h"
+
+#include <QApplication>
+
+#include <iostream>
+
+namespace strativo::monkey {
+
+namespace {
+
+using fuzz::Require;
+
+const char* ManyOpen(int constructions) {
+    if (constructions == 0)
+        return "no construction open";
+    if (constructions == 1)
+        return "1 construction open";
+    if (constructions <= 5)
+        return "2 to 5 constructions open";
+    return constructions <= 30 ? "6 to 30 constructions open" : "over 30 constructions open";
+}
+
+/// A library loaded meanwhile can have a material, under the number of a layer, that no layer can
+/// hold. Then the file cannot be read with it.
+bool CanBeLinked(Project project) {
+    fuzz::FuzzBytes none("");
+    fuzz::FuzzDesktop desktop(none);
+    try {
+        RelinkLayers(project, desktop);
+        return true;
+    } catch (const RuntimeError&) {
+        return false;
+    }
+}
+
+} // namespace
+
+void Monkey::Check() {
+    fuzz::RequireInvariants(program->TheProject());
+    const bool isIdle = depth == 1;
+    if (!isIdle)
+        return;
+    RequireWindows(*program);
+    CheckSaved();
+    CountStates();
+}
+
+void Monkey::CountStates() {
+    Journal& journal = stage.journal;
+    const Project& project = program->TheProject();
+    const WindowArea& area = program->Area();
+    journal.Reach(ManyOpen(project.constructionCount));
+    if (InUse(project, project.currentConstruction)
+        && LayerCount(project.constructions[project.currentConstruction]) == maxLayers)
+        journal.Reach("15 layers in a construction");
+    const std::vector<int> windows = area.Windows();
+    if (std::any_of(windows.begin(), windows.end(), [&](int id) { return area.IsMinimised(id); }))
+        journal.Reach("windows as icons");
+    if (area.Has(UValueMDI::dialogId) && area.IsHidden(UValueMDI::dialogId))
+        journal.Reach("dialog hidden");
+    if (area.Has(UValueMDI::glassId))
+        journal.Reach("glass window open");
+    if (area.Has(UValueMDI::glassId) && project.glassTypes.Size() > 1)
+        journal.Reach("glass types listed");
+    if (project.userLoaded)
+        journal.Reach("user library loaded");
+    journal.Reach(project.changed ? "unsaved changes" : "no unsaved changes");
+}
+
+/// A file that is another one than the last time was written by the program.
+void Monkey::CheckSaved() {
+    const Project& project = program->TheProject();
+    const std::string& path = project.constructionFile;
+    if (path.empty() || !world.WasWritten(path))
+        return;
+    world.Know(path);
+    stage.journal.Reach("saves done");
+    const std::string bytes = ReadFileBytes(path);
+    Require(!project.changed, "nothing is left unsaved by a save");
+    Require(bytes == FormatConstructionFile(project), "the file holds the project");
+    if (!UnreadableNames(project).empty() || !CanBeLinked(project))
+        return;
+    try {
+        fuzz::RequireReadsBack(project, bytes);
+    } catch (const fuzz::BrokenPromise&) {
+        std::cerr << bytes << '\n';
+        throw;
+    }
+    stage.journal.Reach("saves read back");
+}
+
+void Monkey::CheckEnd() {
+    const Project& project = program->TheProject();
+    const bool isUsers = !program->HasEnded() && !program->isVisible();
+    try {
+        Require(depth == 0, "no event is left open at the end");
+        fuzz::RequireInvariants(project);
+        CheckSaved();
+        Require(!program->HasEnded() || !project.changed || world.HasRecoveryCopy(),
+                "unsaved changes are kept when the program ends without asking");
+        for (const QWidget* window : QApplication::topLevelWidgets())
+            Require(!isUsers || window == program.get() || window->isHidden(),
+                    "no window is left at the end");
+    } catch (const fuzz::BrokenPromise& broken) {
+        stage.journal.Fail(broken.what());
+    }
+    if (isUsers)
+        stage.journal.Reach("ended by its user");
+    if (program->HasEnded() && !stage.sessionEnding)
+        stage.journal.Reach("ended by itself");
+    if (program->HasEnded() && project.changed)
+        stage.journal.Reach("recovery copies kept");
+}
+
+} // namespace strativo::monkey
