@@ -15,6 +15,8 @@
 #include <algorithm>
 #include <cstdio>
 #include <iostream>
+#include <stdexcept>
+#include <unistd.h>
 
 // Drives the windows as a user does and prints how long each step takes until all is painted.
 
@@ -49,6 +51,8 @@ class WindowSteps {
 public:
     explicit WindowSteps(char** fileNames) : files(fileNames) {
         window.MDIForm_Load("");
+        if (!QTest::qWaitForWindowActive(&window))
+            throw std::runtime_error("the window did not become active");
         Settle();
     }
 
@@ -128,6 +132,7 @@ private:
         std::vector<double> enters;
         for (int i = 0; i < 30; ++i) {
             field->setFocus();
+            field->selectAll();
             Settle();
             digits.push_back(TimeOf([&] { QTest::keyClick(field, Qt::Key_1); }));
             digits.push_back(TimeOf([&] { QTest::keyClick(field, Qt::Key(Qt::Key_0 + i % 10)); }));
@@ -159,6 +164,7 @@ int main(int argc, char** argv) {
     QFont font = QApplication::font();
     font.setPointSizeF(8.25);
     QApplication::setFont(font);
+    alarm(600); // a box that nobody answers would wait for ever
     strativo::WindowSteps steps(argv + 2);
     const int rounds = std::atoi(argv[1]);
     for (int round = 0; round <= rounds; ++round)
