@@ -43,12 +43,14 @@ std::size_t ReadDigits(std::string_view text, std::uint64_t& value) {
     return count;
 }
 
+/// The powers of ten of so few digits that any number of so many digits is exact.
+constexpr std::array<double, 16> powersOfTen = {1,   1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                                1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+
 /// Takes a number off the text that has no exponent and so few digits that they and their power of
 /// ten are exact: one division rounds it as it should be. Nearly all numbers of a file are of this
 /// kind, and from_chars takes several times as long for them.
 std::optional<double> ShortDecimal(std::string_view& text) {
-    constexpr std::array<double, 16> powersOfTen = {1,   1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
-                                                    1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
     std::uint64_t value = 0;
     std::size_t length = ReadDigits(text, value);
     std::size_t decimals = 0;
