@@ -16,6 +16,7 @@ std::string WrittenAgain(const std::string& written, const Project& withLibrarie
     FuzzDesktop desktop(none);
     Project project;
     StartUp(project, Settings(), desktop);
+    project.standardLibraryFile.clear(); // a file may name none
     project.standardLibrary = withLibraries.standardLibrary;
     project.userLibrary = withLibraries.userLibrary;
     project.standardLoaded = withLibraries.standardLoaded;
