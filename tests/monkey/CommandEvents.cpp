@@ -13,13 +13,6 @@ namespace strativo::monkey {
 
 namespace {
 
-QWidget* HelpWindow() {
-    for (QWidget* window : QApplication::topLevelWidgets())
-        if (window->isVisible() && window->objectName() == QLatin1String("HelpViewer"))
-            return window;
-    return nullptr;
-}
-
 /// Opens a menu with the mouse or with its key; what is chosen there is the next events' business.
 bool OpenMenu(Stage& stage) {
     QMenuBar* bar = stage.program->menuBar();
@@ -150,7 +143,7 @@ const EventKinds& CommandEvents() {
 }
 
 const EventKinds& EndEvents() {
-    static const EventKinds kinds = {{"close", 2, Close}, {"end request", 1, EndRequest}};
+    static const EventKinds kinds = {{"close", 1, Close}, {"end request", 1, EndRequest}};
     return kinds;
 }
 

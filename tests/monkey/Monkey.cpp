@@ -20,7 +20,7 @@ namespace {
 using fuzz::Require;
 
 constexpr int deepest = 12;          // boxes upon boxes
-constexpr int rarelyEnds = 700;      // events between two ends of the program
+constexpr int rarelyEnds = 500;      // events between two ends of the program
 constexpr int windingDown = 100'000; // looks until everything must have closed
 
 EventKinds Joined(const std::vector<const EventKinds*>& parts) {
@@ -49,13 +49,6 @@ const EventKind& Pick(Dice& dice, const EventKinds& kinds) {
             return kind;
     }
     return kinds.front();
-}
-
-QWidget* HelpWindow() {
-    for (QWidget* window : QApplication::topLevelWidgets())
-        if (window->isVisible() && window->objectName() == QLatin1String("HelpViewer"))
-            return window;
-    return nullptr;
 }
 
 } // namespace

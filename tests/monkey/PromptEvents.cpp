@@ -65,7 +65,7 @@ bool PromptCancel(Stage& stage) {
 const EventKinds& PromptEvents() {
     static const EventKinds kinds = {{"prompt file", 8, PromptFile},
                                      {"prompt name", 1, PromptName},
-                                     {"prompt cancel", 2, PromptCancel}};
+                                     {"prompt cancel", 3, PromptCancel}};
     return kinds;
 }
 

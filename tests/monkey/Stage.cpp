@@ -1,5 +1,7 @@
 #include "Stage.h"
 
+#include <QApplication>
+
 namespace strativo::monkey {
 
 QPoint AnyPlace(Dice& dice, const QWidget& on) {
@@ -32,6 +34,13 @@ QString AnyText(Dice& dice) {
         QStringLiteral("   "),      QString(300, QLatin1Char('x')), QStringLiteral("nan"),
         QStringLiteral("North & S")};
     return dice.Pick(texts);
+}
+
+QWidget* HelpWindow() {
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (window->isVisible() && window->objectName() == QLatin1String("HelpViewer"))
+            return window;
+    return nullptr;
 }
 
 QString Describe(const QWidget* widget) {

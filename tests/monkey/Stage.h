@@ -76,6 +76,8 @@ Widget* AnySeen(Dice& dice, const QWidget& window) {
     return seen.empty() ? nullptr : dice.Pick(seen);
 }
 
+/// The help viewer while it can be seen, else null.
+QWidget* HelpWindow();
 QPoint AnyPlace(Dice& dice, const QWidget& on);
 Qt::KeyboardModifiers AnyModifiers(Dice& dice);
 /// A text as somebody might type or paste it: a number, a name, or neither.
