@@ -1,5 +1,6 @@
 #include "benchmarks/ConstructionFileGenerator.h"
 #include "benchmarks/GeneratedProject.h"
+#include "benchmarks/LineScan.h"
 #include "calc/Relink.h"
 #include "edit/MaterialList.h"
 #include "files/ConstructionWriter.h"
@@ -7,7 +8,6 @@
 #include "files/SilentDesktop.h"
 
 #include <benchmark/benchmark.h>
-#include <cstring>
 #include <ctime>
 #include <memory>
 
@@ -26,16 +26,6 @@ double Seconds(const Work& work) {
     const double start = Now();
     work();
     return Now() - start;
-}
-
-std::size_t CountLineEnds(std::string_view bytes) {
-    std::size_t count = 0;
-    while (const void* found = std::memchr(bytes.data(), '\n', bytes.size())) {
-        ++count;
-        bytes.remove_prefix(static_cast<std::size_t>(static_cast<const char*>(found) - bytes.data())
-                            + 1);
-    }
-    return count;
 }
 
 /// Seconds to scan the bytes once; few bytes are scanned often, since the clock is coarse.

@@ -1,4 +1,5 @@
 #include "benchmarks/Clock.h"
+#include "benchmarks/LineScan.h"
 #include "files/FileAccess.h"
 #include "files/SilentDesktop.h"
 #include "project/FileCommands.h"
@@ -6,7 +7,6 @@
 #include "project/ReadConstructionFile.h"
 
 #include <cstdio>
-#include <cstring>
 #include <fcntl.h>
 #include <functional>
 #include <iostream>
@@ -41,16 +41,6 @@ void PrintTimeOf(const std::function<void()>& step) {
 void Require(bool done) {
     if (!done)
         throw std::runtime_error("the step failed");
-}
-
-std::size_t CountLineEnds(std::string_view bytes) {
-    std::size_t count = 0;
-    while (const void* found = std::memchr(bytes.data(), '\n', bytes.size())) {
-        ++count;
-        bytes.remove_prefix(static_cast<std::size_t>(static_cast<const char*>(found) - bytes.data())
-                            + 1);
-    }
-    return count;
 }
 
 /// As little as a program can do that looks at every line: the memory is not even cleared.

@@ -128,8 +128,10 @@ std::string RecoveryFolder() {
 
 std::string KeepRecoveryCopy(const Project& project, const std::string& folder) noexcept {
     try {
-        if (!project.changed)
+        if (!project.changed) {
+            DropRecoveryCopy(folder);
             return "";
+        }
         fs::create_directories(folder);
         const std::string path = PathOfCopy(folder);
         FileStamp stamp;

@@ -3,6 +3,7 @@
 #include "ui/DropLabel.h"
 #include "ui/EntryField.h"
 #include "ui/LayerList.h"
+#include "ui/ListLabels.h"
 #include "ui/Twips.h"
 #include "ui/UValue.h"
 
@@ -84,15 +85,16 @@ void UValue::BuildHeadings() {
         QString text;
         int from, to;
     } headings[] = {{"Draglabel_0", tr("&Name of Component "), column(0), column(32)},
-                    {"Draglabel_1", tr("  Resistance      m2C/W"), column(34), column(46)},
-                    {"Draglabel_2", tr("Material Thickness  mm"), column(46), firstLabel - 4}};
+                    {"Draglabel_1", tr("  Resistance      m2C/W"), column(34), column(45)},
+                    {"Draglabel_2", tr("Material Thickness  mm"), column(45), firstLabel - 4}};
     for (const auto& heading : headings) {
         QLabel* label =
             AddLabel(QLatin1String(heading.objectName), heading.text,
                      QRect(heading.from, headingRow, heading.to - heading.from, headingHeight));
-        label->setWordWrap(true);
-        label->setAlignment((heading.from == column(0) ? Qt::AlignLeft : Qt::AlignHCenter)
-                            | Qt::AlignBottom);
+        const bool hasUnit = heading.from != column(0);
+        label->setAlignment((hasUnit ? Qt::AlignHCenter : Qt::AlignLeft) | Qt::AlignBottom);
+        if (hasUnit)
+            BreakBeforeUnit(*label);
     }
 }
 
@@ -139,12 +141,7 @@ void UValue::BuildDragImages() {
     for (int row = 0; row < visibleLayerRows; ++row) {
         QLabel* image = AddLabel(QStringLiteral("Label2_%1").arg(row),
                                  tr("  Conductivity                    W/m/°C"), QRect());
-        image->hide();
-        image->setTextFormat(Qt::PlainText);
-        image->setFont(ColumnFont());
-        image->setAutoFillBackground(true);
-        image->setFrameStyle(QFrame::Panel | QFrame::Plain);
-        image->setMargin(2);
+        MakeDragImage(*image);
         ui.Label2[row] = image;
     }
 }

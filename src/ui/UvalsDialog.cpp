@@ -5,6 +5,7 @@
 #include "edit/LayerDrag.h"
 #include "edit/MaterialList.h"
 #include "ui/DragPayload.h"
+#include "ui/ListLabels.h"
 #include "ui/MaterialList.h"
 #include "ui/Text.h"
 #include "ui/Twips.h"
@@ -91,8 +92,8 @@ void UvalsDialog::BuildHeadings() {
         QLabel* label =
             AddLabel(QStringLiteral("Label1_%1").arg(index), heading.text,
                      QRect(heading.from, headingRow, heading.to - heading.from, headingHeight));
-        label->setWordWrap(true);
         label->setAlignment((index < 2 ? Qt::AlignRight : Qt::AlignHCenter) | Qt::AlignBottom);
+        BreakBeforeUnit(*label);
     }
 }
 
@@ -100,12 +101,7 @@ void UvalsDialog::BuildDragImages() {
     for (int row = 0; row < visibleMaterialRows; ++row) {
         QLabel* image = AddLabel(QStringLiteral("Label2_%1").arg(row),
                                  tr(" &Name   of     component"), QRect());
-        image->hide();
-        image->setTextFormat(Qt::PlainText);
-        image->setFont(ColumnFont());
-        image->setAutoFillBackground(true);
-        image->setFrameStyle(QFrame::Panel | QFrame::Plain);
-        image->setMargin(2);
+        MakeDragImage(*image);
         ui.Label2[row] = image;
     }
 }

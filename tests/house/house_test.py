@@ -96,7 +96,7 @@ class HouseTest(unittest.TestCase):
                 self.assertTrue(findings[0].startswith(f"docs/text.md:2: {meaning}: "), findings)
 
     def test_words_that_are_fine(self):
-        self.write("docs/text.md", "build/work/x, strativo-test-XXXXXX, Debian, data/root/x\n")
+        self.write("docs/text.md", "build/home/anna/x/y, strativo-test-XXXXXX, Debian, data/root/x\n")
         self.write("build/x.txt", "// TO" "DO\n")
         self.assertEqual(self.findings("words"), [])
 

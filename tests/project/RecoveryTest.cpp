@@ -117,6 +117,13 @@ TEST_F(Recovery, TheCopyOfAProgramThatWentOnAndWasClosedIsNotOffered) {
     EXPECT_THAT(Copies(), IsEmpty());
 }
 
+TEST_F(Recovery, TheCopyOfAProgramThatWentOnAndSavedIsNotOffered) {
+    KeepRecoveryCopy(project, copies);
+    project.changed = false;
+    EXPECT_EQ(KeepRecoveryCopy(project, copies), "");
+    EXPECT_THAT(Copies(), IsEmpty());
+}
+
 TEST_F(Recovery, SaysNothingWhereNoCopyWaits) {
     ScriptedDesktop next;
     Project other = StartedProject(next);

@@ -129,6 +129,28 @@ TEST_F(Look, CaptionsFitTheirLabels) {
         }
 }
 
+TEST_F(Look, HeadingsBreakBeforeTheirUnits) {
+    StartWithTransparentConstruction();
+    const std::pair<QWidget*, const char*> headings[] = {
+        {Window(1), "Draglabel_1"},       {Window(1), "Draglabel_2"},
+        {&program->Dialog(), "Label1_0"}, {&program->Dialog(), "Label1_1"},
+        {&program->Dialog(), "Label1_2"},
+    };
+    for (const auto& [window, name] : headings) {
+        const auto* heading = window->findChild<QLabel*>(QLatin1String(name));
+        ASSERT_NE(heading, nullptr) << name;
+        const QString text = heading->text();
+        const int unit = static_cast<int>(text.lastIndexOf(QLatin1Char(' '))) + 1;
+        const QFontMetrics font = heading->fontMetrics();
+        EXPECT_LE(font.horizontalAdvance(text.left(unit).trimmed()), heading->width())
+            << name << " has no room for its words on the first line";
+        EXPECT_GT(font.horizontalAdvance(text.left(unit + 1)), heading->width())
+            << name << " has room for the start of its unit on the first line";
+        EXPECT_LT(heading->heightForWidth(heading->width()), 3 * font.lineSpacing())
+            << name << " takes more than two lines";
+    }
+}
+
 TEST_F(Look, EveryControlHasAnAccessibleNameOrACaption) {
     StartWithTransparentConstruction();
     const auto isNamed = [](const QWidget& control) {

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QLabel>
+
+namespace strativo {
+
+/// Lets the label of a column break before its unit, not within it: it becomes as wide as the wider
+/// of the two, at its side (left, right or middle) of the place that it had.
+void BreakBeforeUnit(QLabel& heading);
+
+/// Makes a label look like lines lifted from a list, for the pointer to carry.
+void MakeDragImage(QLabel& image);
+
+} // namespace strativo
