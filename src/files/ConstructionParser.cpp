@@ -35,6 +35,30 @@ enum class Section {
     none
 };
 
+/// Looks for keywords, which start with a mark. Nearly all lines have one mark at the most, and are
+/// walked through once and not for each keyword.
+class KeywordFinder {
+public:
+    explicit KeywordFinder(std::string_view line) {
+        const auto mark = line.find('!');
+        if (mark == npos)
+            return;
+        first = line.substr(mark);
+        const auto next = first.find('!', 1);
+        if (next != npos)
+            others = first.substr(next);
+    }
+
+    bool HasAny() const { return !first.empty(); }
+    bool Has(std::string_view keyword) const {
+        return first.starts_with(keyword) || (!others.empty() && Contains(others, keyword));
+    }
+
+private:
+    std::string_view first;  ///< the line from its first mark on
+    std::string_view others; ///< the line from its second mark on
+};
+
 class Parser {
 public:
     Parser(std::string_view bytes, Project& target, Desktop& port, const CreateConstruction& create)
@@ -73,32 +97,30 @@ private:
 
     /// The first keyword found decides. False for a line whose comment is not kept.
     bool Interpret(std::string_view line) {
-        const auto mark = line.find('!');
-        const bool hasKeyword = mark != npos;
-        if (hasKeyword && ReadKeyword(line, line.substr(mark)))
+        const KeywordFinder keywords(line);
+        if (keywords.HasAny() && ReadKeyword(keywords, line))
             return true;
         if (constructionOpen && Contains(line, '_') && Contains(line, '=')) {
             ParsePartLine(line, transparent, project, desktop);
             return false;
         }
-        if (hasKeyword && !Contains(line, '/') && !Contains(line, '}'))
+        if (keywords.HasAny() && !Contains(line, '/') && !Contains(line, '}'))
             ReadGlassKeyword(line);
         return true;
     }
 
-    /// The keywords are looked for from the first mark on, in front of which none can stand.
-    bool ReadKeyword(std::string_view line, std::string_view keywords) {
-        if (Contains(keywords, "!EOF"))
+    bool ReadKeyword(const KeywordFinder& keywords, std::string_view line) {
+        if (keywords.Has("!EOF"))
             atEndMark = true;
-        else if (Contains(keywords, "!MATERIALS USER FILE"))
+        else if (keywords.Has("!MATERIALS USER FILE"))
             ReadUserLibraryLine(line);
-        else if (Contains(keywords, "!MATERIALS FILE"))
+        else if (keywords.Has("!MATERIALS FILE"))
             ReadStandardLibraryLine(line);
-        else if (Contains(keywords, "!CONSTRUCTION"))
+        else if (keywords.Has("!CONSTRUCTION"))
             ReadConstructionLine(line);
-        else if (Contains(keywords, "!TYPE"))
+        else if (keywords.Has("!TYPE"))
             ReadTypeLine(line);
-        else if (Contains(keywords, "!END"))
+        else if (keywords.Has("!END"))
             ReadEndLine();
         else
             return false;

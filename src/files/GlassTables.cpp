@@ -8,9 +8,9 @@ namespace strativo {
 
 namespace {
 
-/// A number, perhaps followed by the comma that separates the values of a table.
-bool IsNumericPiece(std::string_view piece) {
-    return IsNumber(piece.ends_with(',') ? piece.substr(0, piece.size() - 1) : piece);
+/// A piece without the comma that separates the values of a table.
+std::string_view WithoutComma(std::string_view piece) {
+    return piece.substr(0, piece.size() - (piece.ends_with(',') ? 1 : 0));
 }
 
 template <class Row>
@@ -20,9 +20,8 @@ void ReadRow(LineReader& lines, Row& row) {
     int position = Row::first;
     while (!line.empty() && position <= Row::last) {
         const auto blank = std::min(line.find(' '), line.size());
-        const std::string_view piece = line.substr(0, blank);
-        if (IsNumericPiece(piece))
-            row[position++] = ToSingle(LeadingNumber(piece));
+        if (const auto number = WholeNumber(WithoutComma(line.substr(0, blank))))
+            row[position++] = ToSingle(*number);
         line.remove_prefix(std::min(blank + 1, line.size()));
     }
 }

@@ -1,27 +1,36 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
-#include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace strativo {
 
 using CommentLines = std::vector<std::string>;
 
-/// Comment lines that belong to numbered owners (constructions, glass types).
+/// Comment lines that belong to owners numbered from 0 on (constructions, glass types).
 class OwnedComments {
 public:
-    void Add(int owner, std::string text) { lines[owner].push_back(std::move(text)); }
+    void Add(int owner, std::string text) {
+        if (!HasLinesUpTo(owner))
+            lines.resize(static_cast<std::size_t>(owner) + 1);
+        lines[static_cast<std::size_t>(owner)].push_back(std::move(text));
+    }
     /// The owner's comments in the order in which they were added.
     const CommentLines& Of(int owner) const {
         static const CommentLines none;
-        const auto found = lines.find(owner);
-        return found == lines.end() ? none : found->second;
+        return HasLinesUpTo(owner) ? lines[static_cast<std::size_t>(owner)] : none;
     }
-    void Drop(int owner) { lines.erase(owner); }
+    void Drop(int owner) {
+        if (HasLinesUpTo(owner))
+            lines[static_cast<std::size_t>(owner)].clear();
+    }
 
 private:
-    std::unordered_map<int, CommentLines> lines;
+    bool HasLinesUpTo(int owner) const { return static_cast<std::size_t>(owner) < lines.size(); }
+
+    std::vector<CommentLines> lines; ///< by owner
 };
 
 /// The comment lines kept from a construction file, by the section they stood in.

@@ -22,13 +22,12 @@ const Layer& LayerSlots::Unused(int slot) {
     return empty;
 }
 
-Layer& LayerSlots::Edit(int slot) {
+Layer& LayerSlots::Use(int slot) {
     CheckSlot(slot);
     if (used.empty())
         used.reserve(usualLayers);
-    if (slot > HighestUsed())
-        used.resize(static_cast<std::size_t>(slot));
-    return used[static_cast<std::size_t>(slot) - 1];
+    used.resize(static_cast<std::size_t>(slot));
+    return used.back();
 }
 
 void LayerSlots::ClearFrom(int slot) {

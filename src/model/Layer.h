@@ -36,7 +36,10 @@ public:
         return isUsed ? used[static_cast<std::size_t>(slot) - 1] : Unused(slot);
     }
     /// The slot, to be changed.
-    Layer& Edit(int slot);
+    Layer& Edit(int slot) {
+        const bool isUsed = slot >= first && slot <= HighestUsed();
+        return isUsed ? used[static_cast<std::size_t>(slot) - 1] : Use(slot);
+    }
     /// Empties the slots from this one to the last.
     void ClearFrom(int slot);
     /// Number of the highest slot that was written to; all above are empty.
@@ -44,6 +47,7 @@ public:
 
 private:
     static const Layer& Unused(int slot);
+    Layer& Use(int slot);
 
     std::vector<Layer> used;
 };

@@ -7,7 +7,6 @@
 #include <charconv>
 #include <cmath>
 #include <limits>
-#include <optional>
 
 namespace strativo {
 
@@ -33,14 +32,11 @@ bool StartsWithDigits(std::string_view text) {
     return !text.empty() && IsDigit(text[0]);
 }
 
-/// The number of digits in front of the text; the value goes on with them.
-std::size_t ReadDigits(std::string_view text, std::uint64_t& value) {
-    std::uint64_t number = value;
-    std::size_t count = 0;
-    for (; count < text.size() && IsDigit(text[count]); ++count)
-        number = 10 * number + static_cast<std::uint64_t>(text[count] - '0');
-    value = number;
-    return count;
+/// The end of the digits from here on; the value goes on with them.
+const char* ReadDigits(const char* from, const char* end, std::uint64_t& value) {
+    for (; from != end && IsDigit(*from); ++from)
+        value = 10 * value + static_cast<std::uint64_t>(*from - '0');
+    return from;
 }
 
 /// The powers of ten of so few digits that any number of so many digits is exact.
@@ -51,19 +47,23 @@ constexpr std::array<double, 16> powersOfTen = {1,   1e1, 1e2,  1e3,  1e4,  1e5,
 /// ten are exact: one division rounds it as it should be. Nearly all numbers of a file are of this
 /// kind, and from_chars takes several times as long for them.
 std::optional<double> ShortDecimal(std::string_view& text) {
+    const char* const start = text.data();
+    const char* const end = start + text.size();
     std::uint64_t value = 0;
-    std::size_t length = ReadDigits(text, value);
+    const char* last = ReadDigits(start, end, value);
+    auto digits = static_cast<std::size_t>(last - start);
     std::size_t decimals = 0;
-    std::size_t digits = length;
-    if (length < text.size() && text[length] == '.') {
-        decimals = ReadDigits(text.substr(length + 1), value);
+    if (last != end && *last == '.') {
+        const char* const point = last;
+        last = ReadDigits(point + 1, end, value);
+        decimals = static_cast<std::size_t>(last - point) - 1;
         digits += decimals;
-        length += 1 + decimals;
     }
-    text.remove_prefix(length);
+    text.remove_prefix(static_cast<std::size_t>(last - start));
     if (digits >= powersOfTen.size() || text.starts_with('e') || text.starts_with('E'))
         return std::nullopt;
-    return static_cast<double>(static_cast<std::int64_t>(value)) / powersOfTen[decimals];
+    const auto whole = static_cast<double>(static_cast<std::int64_t>(value));
+    return decimals == 0 ? whole : whole / powersOfTen[decimals];
 }
 
 /// The exponent of ten that a number is written with; a very large one is cut short.
@@ -101,18 +101,25 @@ double AnyNumber(std::string_view digits) {
     return 0;
 }
 
+double WithSignOf(std::string_view number, double magnitude) {
+    return number.starts_with('-') ? -magnitude : magnitude;
+}
+
 } // namespace
 
-bool IsNumber(std::string_view text) {
+std::optional<double> WholeNumber(std::string_view text) {
     const std::string_view digits = SkipSign(text);
     if (!StartsWithDigits(digits))
-        return false;
+        return std::nullopt;
     std::string_view rest = digits;
-    if (ShortDecimal(rest) && rest.empty())
-        return true;
-    const char* const end = digits.data() + digits.size();
+    const std::optional<double> decimal = ShortDecimal(rest);
+    if (decimal && rest.empty())
+        return WithSignOf(text, *decimal);
     double value = 0;
-    return std::from_chars(digits.data(), end, value).ptr == end;
+    const char* const end = digits.data() + digits.size();
+    if (std::from_chars(digits.data(), end, value).ptr != end)
+        return std::nullopt;
+    return WithSignOf(text, AnyNumber(digits));
 }
 
 double LeadingNumber(std::string_view text) {
@@ -122,8 +129,7 @@ double LeadingNumber(std::string_view text) {
         return 0;
     std::string_view rest = digits;
     const std::optional<double> decimal = ShortDecimal(rest);
-    const double value = decimal ? *decimal : AnyNumber(digits);
-    return number[0] == '-' ? -value : value;
+    return WithSignOf(number, decimal ? *decimal : AnyNumber(digits));
 }
 
 float ToSingle(double value) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string_view>
 
 namespace strativo {
@@ -9,8 +10,9 @@ namespace strativo {
 /// and digits, exponent. 0 when there is none. A number beyond a double is run-time error 6.
 double LeadingNumber(std::string_view text);
 
-/// The whole text is one decimal number, without blanks around it.
-bool IsNumber(std::string_view text);
+/// The number that the whole text is, without blanks around it; nothing for another text. A number
+/// beyond a double is run-time error 6.
+std::optional<double> WholeNumber(std::string_view text);
 
 /// The value as a 32-bit float; run-time error 6 when it does not fit.
 float ToSingle(double value);

@@ -9,15 +9,10 @@ namespace strativo {
 namespace {
 
 /// Code points of the bytes 0x80 to 0x9F; the five without a meaning keep their number.
-constexpr std::array<char32_t, 32> highTable = {
+constexpr std::array<char16_t, 32> highTable = {
     0x20AC, 0x81,   0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
     0x2039, 0x0152, 0x8D,   0x017D, 0x8F,   0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x9D,   0x017E, 0x0178};
-
-char32_t CodePoint(char byte) {
-    const auto code = static_cast<unsigned char>(byte);
-    return code >= 0x80 && code < 0xA0 ? highTable[code - 0x80U] : code;
-}
 
 char FromCodePoint(char32_t code) {
     if (code < 0x80 || (code >= 0xA0 && code < 0x100))
@@ -77,6 +72,11 @@ std::optional<char32_t> TakeCodePoint(std::string_view& text) {
 }
 
 } // namespace
+
+char16_t CodePoint(char byte) {
+    const auto code = static_cast<unsigned char>(byte);
+    return code >= 0x80 && code < 0xA0 ? highTable[code - 0x80U] : code;
+}
 
 std::string ToUtf8(std::string_view bytes) {
     std::string out;

@@ -5,6 +5,9 @@
 
 namespace strativo {
 
+/// The code point of a Windows-1252 byte.
+char16_t CodePoint(char byte);
+
 /// Windows-1252 bytes as UTF-8. A byte without a meaning there becomes the code point of the same
 /// number.
 std::string ToUtf8(std::string_view bytes);

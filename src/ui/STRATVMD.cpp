@@ -59,6 +59,7 @@ UValueMDI::UValueMDI(QWidget* parent)
       program{project, *desktop, [this](const std::function<void()>& action) { Perform(action); }},
       area(new WindowArea([this](int id) { return MakeContent(id); },
                           [this](int id) { return ContentSize(id); }, this)) {
+    constructionSize = UValue::FixedSize(*this);
     setObjectName(QStringLiteral("UValueMDI"));
     setWindowTitle(QLatin1String(mainCaption));
     setAcceptDrops(true);
@@ -146,7 +147,7 @@ QWidget* UValueMDI::MakeContent(int id) {
 QSize UValueMDI::ContentSize(int id) const {
     if (id == dialogId)
         return dialog->size();
-    return id == glassId ? glass->size() : UValue::FixedSize(*this);
+    return id == glassId ? glass->size() : constructionSize;
 }
 
 QString UValueMDI::CaptionOf(int id) const {

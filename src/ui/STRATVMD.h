@@ -132,6 +132,7 @@ private:
     std::unique_ptr<QtDesktop> desktop;
     Program program;
     WindowArea* area;
+    QSize constructionSize; ///< of what is inside a construction's window
     UvalsDialog* dialog;
     WinForm* glass = nullptr; ///< belongs to its frame in the window area
     std::unique_ptr<HelpViewer> help;

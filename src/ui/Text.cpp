@@ -4,6 +4,8 @@
 
 #include <QFile>
 
+#include <algorithm>
+
 namespace strativo {
 
 namespace {
@@ -15,7 +17,9 @@ QString FromStdUtf8(const std::string& utf8) {
 } // namespace
 
 QString ToText(std::string_view bytes) {
-    return FromStdUtf8(ToUtf8(bytes));
+    QString text(static_cast<qsizetype>(bytes.size()), Qt::Uninitialized);
+    std::transform(bytes.begin(), bytes.end(), text.begin(), CodePoint);
+    return text;
 }
 
 std::string ToBytes(const QString& text) {

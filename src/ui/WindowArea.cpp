@@ -236,7 +236,8 @@ void WindowArea::Cascade() {
 void WindowArea::ArrangeIcons() {
     iconSlots.clear();
     lowestFreeIcon = 0;
-    for (auto& [id, child] : children) {
+    for (const int id : Numbered()) {
+        Child& child = children.at(id);
         if (child.iconSlot < 0)
             continue;
         TakeIconSlot(child);
@@ -248,10 +249,16 @@ void WindowArea::ArrangeIcons() {
 }
 
 std::vector<int> WindowArea::Windows() const {
-    std::vector<int> windows;
-    for (const auto& [id, child] : children)
-        if (!child.hidden)
-            windows.push_back(id);
+    std::vector<int> windows = Numbered();
+    const auto isHidden = [this](int id) { return IsHidden(id); };
+    windows.erase(std::remove_if(windows.begin(), windows.end(), isHidden), windows.end());
+    return windows;
+}
+
+/// All windows in the order in which they were numbered.
+std::vector<int> WindowArea::Numbered() const {
+    std::vector<int> windows = order;
+    std::sort(windows.begin(), windows.end());
     return windows;
 }
 

@@ -5,7 +5,7 @@
 #include <QWidget>
 
 #include <functional>
-#include <map>
+#include <unordered_map>
 #include <vector>
 
 namespace strativo {
@@ -103,13 +103,14 @@ private:
     void PlaceFrame(Child& child);
     void SetActive(int id);
     void DropUnseenFrames(const std::vector<int>& seen);
+    std::vector<int> Numbered() const;
     std::vector<int> SeenWindows() const;
     bool ActiveComesFirst() const;
     void FollowFocus(QWidget* now);
 
     MakeContent makeContent;
     ContentSize contentSize;
-    std::map<int, Child> children;
+    std::unordered_map<int, Child> children;
     std::vector<int> order; ///< from the bottom to the top
     int active = noWindow;
     bool activeClosed = false;

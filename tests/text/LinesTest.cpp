@@ -65,6 +65,18 @@ INSTANTIATE_TEST_SUITE_P(
                     CleanRow{"BlankBehindAMark", "\x1A !END", "!END"}),
     [](const auto& row) { return row.param.name; });
 
+TEST(CleanLine, FindsControlsAtEachPlaceOfALine) {
+    std::string scratch;
+    for (std::size_t length = 1; length <= 20; ++length)
+        for (std::size_t place = 0; place < length; ++place) {
+            std::string line(length, '\xff');
+            line[place] = '\x1A';
+            EXPECT_EQ(CleanLine(line, scratch), std::string(length - 1, '\xff')) << place;
+            line[place] = '\x1B';
+            EXPECT_EQ(CleanLine(line, scratch), line) << place;
+        }
+}
+
 TEST(Contains, LooksAnywhereInTheText) {
     EXPECT_TRUE(Contains("text !END", "!END"));
     EXPECT_FALSE(Contains("!end", "!END"));

@@ -35,7 +35,8 @@ TEST_P(LeadingNumberRow, TakesTheLongestNumberAtTheStart) {
 }
 
 TEST_P(LeadingNumberRow, TellsNumbersFromOtherTexts) {
-    EXPECT_EQ(IsNumber(GetParam().text), GetParam().whole);
+    const auto& [name, text, value, whole] = GetParam();
+    EXPECT_EQ(WholeNumber(text), whole ? std::optional(value) : std::nullopt);
 }
 
 constexpr NumberRow rows[] = {
@@ -135,6 +136,11 @@ INSTANTIATE_TEST_SUITE_P(
                     OverflowRow{"ZerosBefore", "0" + std::string(400, '9')},
                     OverflowRow{"NegativeExponent", std::string(400, '9') + ".5e-5"}),
     [](const auto& row) { return row.param.name; });
+
+TEST(WholeNumber, BeyondADoubleIsErrorSix) {
+    EXPECT_EQ(ErrorOf([] { WholeNumber("-1e999"); }), 6);
+    EXPECT_EQ(WholeNumber("1e999 rest"), std::nullopt);
+}
 
 TEST(LeadingNumber, IgnoresBytesBehindTheView) {
     EXPECT_EQ(LeadingNumber(std::string_view("12345", 2)), 12);
