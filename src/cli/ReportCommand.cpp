@@ -24,7 +24,8 @@ int WriteReport(const Invocation& call, std::ostream& out, std::ostream& err) {
     WriteHtmlReport(page, session.project, session.file);
     try {
         FileStamp stamp;
-        ReplaceFile(call.output, page.str(), stamp);
+        ReplaceFile(
+            call.output, [&](const ByteSink& sink) { sink(page.str()); }, stamp);
     } catch (const WriteError& error) {
         PrintError(err, PathToUtf8(call.output) + ": " + error.what());
         return exitFailure;

@@ -1,7 +1,6 @@
 #include "files/ConstructionWriter.h"
 
 #include "calc/CavityTypes.h"
-#include "text/Format.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -19,28 +18,11 @@ constexpr NumberPattern resistancePattern = "#0.000000";
 constexpr NumberPattern absorptionPattern = "0.00";
 constexpr NumberPattern glassPattern = "0.0##";
 
-/// About as many bytes as the file will have, a little more as a rule: a string that grows while it
-/// is written is copied again and again.
-std::size_t ExpectedSize(const Project& project) {
-    constexpr std::size_t head = 4096;
-    constexpr std::size_t perConstruction = 128;
-    constexpr std::size_t perLayer = 80;
-    constexpr std::size_t perGlassType = 512;
-    constexpr std::size_t perGlassType2D = 8192;
-    std::size_t size = head;
-    for (const Construction& construction : project.constructions)
-        size += perConstruction
-                + perLayer * static_cast<std::size_t>(construction.layers.HighestUsed());
-    return size + perGlassType * static_cast<std::size_t>(project.glassTypes.Size())
-           + perGlassType2D * static_cast<std::size_t>(project.glassTypes2D.Size());
-}
-
 class Writer {
 public:
-    explicit Writer(const Project& source) : project(source) {}
+    Writer(const Project& source, const ByteSink& sink) : project(source), out(sink) {}
 
-    std::string Run() {
-        out.reserve(ExpectedSize(project));
+    void Run() {
         WriteLibraries();
         for (int number = 1; number <= project.constructions.Size(); ++number)
             if (InUse(project, number))
@@ -48,12 +30,15 @@ public:
         WriteGlassTypes(project.glassTypes, project.comments.glassTypes, "!WINDOW = '");
         WriteGlassTypes(project.glassTypes2D, project.comments.glassTypes2D, "!WINDOW 2D = '");
         WriteComments(project.comments.noSection);
-        return std::move(out);
+        out.Flush();
     }
 
 private:
     void Line(std::string_view a, std::string_view b = "", std::string_view c = "") {
-        out.append(a).append(b).append(c).append("\r\n");
+        out.Put(a);
+        out.Put(b);
+        out.Put(c);
+        out.Put("\r\n");
     }
 
     void WriteComments(const CommentLines& comments) {
@@ -87,15 +72,15 @@ private:
     }
 
     void WritePart(const Layer& layer, int slot, bool transparent) {
-        out += "_ ";
-        AppendInteger(out, slot);
-        out += layer.library == userLibraryNumber ? " =      @" : " =       ";
+        out.Put("_ ");
+        out.PutInteger(slot);
+        out.Put(layer.library == userLibraryNumber ? " =      @" : " =       ");
         WriteMaterialNumber(layer);
-        out += "      ";
+        out.Put("      ");
         WriteThickness(layer);
-        out += "   0      ";
+        out.Put("   0      ");
         if (transparent)
-            AppendNumber(out, layer.absorption, absorptionPattern);
+            out.PutNumber(layer.absorption, absorptionPattern);
         WriteLayerName(layer.name);
     }
 
@@ -104,29 +89,31 @@ private:
     void WriteMaterialNumber(const Layer& layer) {
         using Limits = std::numeric_limits<std::int16_t>;
         if (layer.materialCode > 0)
-            AppendInteger(out, layer.materialCode);
+            out.PutInteger(layer.materialCode);
         else
-            AppendNumber(out, std::clamp<double>(layer.conductivity, Limits::min(), Limits::max()),
-                         materialPattern);
+            out.PutNumber(std::clamp<double>(layer.conductivity, Limits::min(), Limits::max()),
+                          materialPattern);
     }
 
     /// A quoted name of a user library may go over lines, a comment may not.
-    void WriteLayerName(const std::string& name) {
-        out += "      * ";
-        const auto start = static_cast<std::ptrdiff_t>(out.size());
-        out += name;
-        std::replace(out.begin() + start, out.end(), '\n', ' ');
-        Line("");
+    void WriteLayerName(std::string_view name) {
+        out.Put("      * ");
+        for (auto end = name.find('\n'); end != std::string_view::npos; end = name.find('\n')) {
+            out.Put(name.substr(0, end));
+            out.Put(" ");
+            name.remove_prefix(end + 1);
+        }
+        Line(name);
     }
 
     void WriteThickness(const Layer& layer) {
         const double metres = layer.thickness / 1000;
         if (layer.materialCode == resistanceCavity) {
-            AppendNumber(out, metres, resistancePattern);
+            out.PutNumber(metres, resistancePattern);
             return;
         }
-        AppendNumber(out, metres, thicknessPattern);
-        out += "   ";
+        out.PutNumber(metres, thicknessPattern);
+        out.Put("   ");
     }
 
     template <class Glass>
@@ -155,8 +142,8 @@ private:
     void WriteRow(const Row& row) {
         std::string_view separator;
         for (const float value : row) {
-            out += separator;
-            AppendNumber(out, value, glassPattern);
+            out.Put(separator);
+            out.PutNumber(value, glassPattern);
             separator = ", ";
         }
         Line("");
@@ -171,13 +158,19 @@ private:
     }
 
     const Project& project;
-    std::string out;
+    OutputBuffer out;
 };
 
 } // namespace
 
+void WriteConstructionText(const Project& project, const ByteSink& sink) {
+    Writer(project, sink).Run();
+}
+
 std::string FormatConstructionFile(const Project& project) {
-    return Writer(project).Run();
+    std::string bytes;
+    WriteConstructionText(project, [&](std::string_view piece) { bytes += piece; });
+    return bytes;
 }
 
 } // namespace strativo

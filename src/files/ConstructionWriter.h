@@ -1,13 +1,17 @@
 #pragma once
 
 #include "model/Project.h"
+#include "text/OutputBuffer.h"
 
 #include <string>
 
 namespace strativo {
 
-/// The project as the bytes of a construction file: constructions in use, named glass types and
-/// the kept comments.
+/// Gives the project to the sink as the bytes of a construction file: constructions in use, named
+/// glass types and the kept comments.
+void WriteConstructionText(const Project& project, const ByteSink& sink);
+
+/// The same bytes as one text.
 std::string FormatConstructionFile(const Project& project);
 
 } // namespace strativo

@@ -1,8 +1,10 @@
 #pragma once
 
 #include "model/FileStamp.h"
+#include "text/OutputBuffer.h"
 #include "text/RuntimeError.h"
 
+#include <functional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -37,11 +39,14 @@ public:
     using std::runtime_error::runtime_error;
 };
 
+/// Gives the bytes of a file to a sink, from the first to the last.
+using ByteSource = std::function<void(const ByteSink& sink)>;
+
 /// Replaces the file by these bytes, all of them or none: they are written to a new file beside
 /// it and brought to the disk before that takes its place. Symbolic links are followed and
 /// permissions kept. A read-only file, or one with further hard links, is refused. Throws
 /// WriteError, with the old file untouched, or when only the folder could not be brought to the
 /// disk. The stamp becomes the new file's as soon as that is in its place.
-void ReplaceFile(const std::string& path, std::string_view bytes, FileStamp& stamp);
+void ReplaceFile(const std::string& path, const ByteSource& source, FileStamp& stamp);
 
 } // namespace strativo

@@ -145,14 +145,14 @@ void SyncFolder(const std::string& folder) {
 
 } // namespace
 
-void ReplaceFile(const std::string& path, std::string_view bytes, FileStamp& stamp) {
+void ReplaceFile(const std::string& path, const ByteSource& source, FileStamp& stamp) {
     const std::string target = FollowLinks(path);
     const OldFile old = CheckOldFile(target);
     std::string folder = FolderOf(target);
     if (folder.empty())
         folder = ".";
     TemporaryFile file(folder);
-    file.Write(bytes);
+    source([&](std::string_view piece) { file.Write(piece); });
     file.TakePermissions(old);
     file.Replace(target, stamp);
     SyncFolder(folder);

@@ -40,7 +40,8 @@ bool WriteNamedFile(Project& project, Desktop& desktop) {
     if (!MayOverwrite(project, desktop))
         return false;
     try {
-        ReplaceFile(project.constructionFile, FormatConstructionFile(project), project.stamp);
+        const auto write = [&](const ByteSink& sink) { WriteConstructionText(project, sink); };
+        ReplaceFile(project.constructionFile, write, project.stamp);
         project.stampedFile = project.constructionFile;
         project.changed = false;
         return true;

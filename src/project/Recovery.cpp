@@ -135,7 +135,11 @@ std::string KeepRecoveryCopy(const Project& project, const std::string& folder) 
         fs::create_directories(folder);
         const std::string path = PathOfCopy(folder);
         FileStamp stamp;
-        ReplaceFile(path, HeadLine(project) + FormatConstructionFile(project), stamp);
+        const auto write = [&](const ByteSink& sink) {
+            sink(HeadLine(project));
+            WriteConstructionText(project, sink);
+        };
+        ReplaceFile(path, write, stamp);
         return path;
     } catch (const std::exception&) {
         return ""; // the program is ending: there is nobody left to tell

@@ -85,74 +85,84 @@ void AppendExponent(std::string& out, Decimal decimal) {
 
 constexpr std::array<double, 7> powersOfTen = {1, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6};
 
-constexpr int mostWholeDigits = 16; ///< that a pattern may ask for, to be dealt with quickly
+/// So many decimal digits; returns their end.
+char* PutDigits(char* place, std::uint32_t value, int count) {
+    for (char* digit = place + count; digit != place; value /= 10)
+        *--digit = static_cast<char>('0' + value % 10);
+    return place + count;
+}
+
+/// Number of digits without leading zeros: none for 0.
+int DigitCount(std::uint32_t value) {
+    int count = 0;
+    for (std::uint64_t bound = 1; bound <= value; bound *= 10)
+        ++count;
+    return count;
+}
 
 /// A number of so many decimals as the pattern has at most, given without its point.
-void AppendDigits(std::string& out, std::uint32_t digits, const NumberPattern& pattern) {
-    std::array<char, mostWholeDigits + powersOfTen.size() + 1> text{};
-    const char* end = text.data() + text.size();
-    char* first = text.data() + text.size();
-    const auto put = [&] {
-        *--first = static_cast<char>('0' + digits % 10);
-        digits /= 10;
-    };
-    for (int place = 0; place < pattern.maxDecimals; ++place)
-        put();
-    for (int place = pattern.maxDecimals; place > pattern.minDecimals && end[-1] == '0'; --place)
-        --end;
-    if (pattern.maxDecimals > 0)
-        *--first = '.';
-    for (int place = 0; place < pattern.minWhole || digits > 0; ++place)
-        put();
-    out.append(first, static_cast<std::size_t>(end - first));
+char* PutScaled(char* place, std::uint32_t scaled, const NumberPattern& pattern) {
+    const auto decimals = static_cast<std::size_t>(pattern.maxDecimals);
+    const auto unit = static_cast<std::uint32_t>(powersOfTen[decimals]);
+    const std::uint32_t whole = scaled / unit;
+    char* end = PutDigits(place, whole, std::max(DigitCount(whole), pattern.minWhole));
+    if (decimals == 0)
+        return end;
+    *end++ = '.';
+    end = PutDigits(end, scaled % unit, pattern.maxDecimals);
+    for (int optional = pattern.maxDecimals - pattern.minDecimals; optional > 0; --optional)
+        if (end[-1] == '0')
+            --end;
+        else
+            break;
+    return end;
 }
 
 /// Writing spends most of its time here: where the scaled value lies clear of a rounding half,
-/// whole numbers give the same digits as the shortest decimal. False where it does not.
-bool AppendScaled(std::string& out, double magnitude, const NumberPattern& pattern) {
+/// whole numbers give the same digits as the shortest decimal. Null where it does not.
+char* TryScaled(char* place, double magnitude, const NumberPattern& pattern) {
     constexpr double largest = 1e9;
     constexpr double clearOfHalf = 1e-6;
     const auto places = static_cast<std::size_t>(pattern.maxDecimals);
-    if (pattern.exponent || places >= powersOfTen.size() || pattern.minWhole > mostWholeDigits)
-        return false;
+    if (pattern.exponent || places >= powersOfTen.size())
+        return nullptr;
     const double scaled = magnitude * powersOfTen[places];
     if (!(scaled < largest))
-        return false;
+        return nullptr;
     const auto below = static_cast<std::uint32_t>(scaled);
     const double rest = scaled - static_cast<double>(below);
     if (std::abs(rest - 0.5) < clearOfHalf)
-        return false;
-    AppendDigits(out, below + (rest > 0.5 ? 1 : 0), pattern);
-    return true;
+        return nullptr;
+    return PutScaled(place, below + (rest > 0.5 ? 1 : 0), pattern);
+}
+
+std::string FormatDecimal(double magnitude, const NumberPattern& pattern) {
+    std::string out;
+    Decimal decimal = ShortestDecimal(magnitude);
+    if (pattern.exponent) {
+        AppendExponent(out, decimal);
+        return out;
+    }
+    RoundTo(decimal, decimal.point + pattern.maxDecimals);
+    AppendPlain(out, decimal, pattern);
+    return out;
 }
 
 } // namespace
 
-void AppendNumber(std::string& out, double value, NumberPattern pattern) {
+char* PutNumber(char* place, double value, NumberPattern pattern) {
     if (value < 0)
-        out += '-';
+        *place++ = '-';
     const double magnitude = std::abs(value);
-    if (AppendScaled(out, magnitude, pattern))
-        return;
-    Decimal decimal = ShortestDecimal(magnitude);
-    if (pattern.exponent) {
-        AppendExponent(out, decimal);
-        return;
-    }
-    RoundTo(decimal, decimal.point + pattern.maxDecimals);
-    AppendPlain(out, decimal, pattern);
-}
-
-void AppendInteger(std::string& out, int value) {
-    std::array<char, 16> text;
-    const auto end = std::to_chars(text.data(), text.data() + text.size(), value).ptr;
-    out.append(text.data(), end);
+    if (char* const end = TryScaled(place, magnitude, pattern))
+        return end;
+    const std::string digits = FormatDecimal(magnitude, pattern);
+    return std::copy(digits.begin(), digits.end(), place);
 }
 
 std::string FormatNumber(double value, NumberPattern pattern) {
-    std::string out;
-    AppendNumber(out, value, pattern);
-    return out;
+    std::array<char, longestNumber> text;
+    return std::string(text.data(), PutNumber(text.data(), value, pattern));
 }
 
 std::string FormatGeneral(double value) {

@@ -25,14 +25,15 @@ struct NumberPattern {
     }
 };
 
-/// Appends the value as the pattern says, rounded half away from zero on the shortest decimal
-/// that reads back to the value. A negative value keeps its minus sign. The value is finite.
-void AppendNumber(std::string& out, double value, NumberPattern pattern);
-
-/// Appends the number as "#0" does, and faster.
-void AppendInteger(std::string& out, int value);
-
+/// The value as the pattern says, rounded half away from zero on the shortest decimal that reads
+/// back to the value. A negative value keeps its minus sign. The value is finite.
 std::string FormatNumber(double value, NumberPattern pattern);
+
+/// More than any pattern with up to 64 places makes of a number.
+inline constexpr std::size_t longestNumber = 400;
+
+/// Writes the same text at a place with room for the longest number, and returns its end.
+char* PutNumber(char* place, double value, NumberPattern pattern);
 
 /// The number as the shortest decimal that reads back to it, without exponent for whole numbers
 /// of up to 15 digits: "3", "-4", "0.5".

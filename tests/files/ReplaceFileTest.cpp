@@ -20,7 +20,8 @@ using testing::HasSubstr;
 std::string Failure(const std::string& path, std::string_view bytes) {
     try {
         FileStamp stamp;
-        ReplaceFile(path, bytes, stamp);
+        ReplaceFile(
+            path, [&](const ByteSink& sink) { sink(bytes); }, stamp);
         return "";
     } catch (const WriteError& error) {
         return error.what();
@@ -31,6 +32,19 @@ unsigned Permissions(const std::string& path) {
     struct stat status {};
     EXPECT_EQ(stat(path.c_str(), &status), 0);
     return status.st_mode & 07777U;
+}
+
+TEST(ReplaceFile, KeepsTheOldFileWhereTheBytesEndEarly) {
+    const TemporaryFolder folder;
+    folder.Write("house.con", "old");
+    FileStamp stamp;
+    const auto endEarly = [](const ByteSink& sink) {
+        sink("new, as far as");
+        throw std::length_error("no more");
+    };
+    EXPECT_THROW(ReplaceFile("house.con", endEarly, stamp), std::length_error);
+    EXPECT_EQ(folder.Read("house.con"), "old");
+    EXPECT_THAT(folder.Entries(), ElementsAre("house.con"));
 }
 
 TEST(ReplaceFile, WritesANewFileWithTheUsualPermissions) {

@@ -13,10 +13,14 @@
 namespace strativo {
 namespace {
 
-const std::string oldBytes =
-    Lines({"!MATERIALS FILE = 'stdmat.lby'", "", "!CONSTRUCTION 'WALL'", "!TYPE OPAQUE", "!PARTS",
-           "_ 1 =       12      0.100      0            * FACE BRICK",
-           "_ 2 =       30      0.013      0            * PLASTER", "!END", ""});
+std::string FileOf(int constructions) {
+    std::string bytes = Lines({"!MATERIALS FILE = 'stdmat.lby'", ""});
+    for (int number = 1; number <= constructions; ++number)
+        bytes += Lines({"!CONSTRUCTION 'WALL " + std::to_string(number) + "'", "!TYPE OPAQUE",
+                        "!PARTS", "_ 1 =       12      0.100      0            * FACE BRICK",
+                        "_ 2 =       30      0.013      0            * PLASTER", "!END", ""});
+    return bytes;
+}
 
 /// A way in which a call fails.
 struct Failure {
@@ -57,7 +61,7 @@ bool MayFail(const FaultyRun& run) {
 
 class SaveFaults : public testing::Test {
 protected:
-    SaveFaults() {
+    explicit SaveFaults(int constructions = 1) : oldBytes(FileOf(constructions)) {
         folder.Write("stdmat.lby", standardLibraryBytes);
         Restore();
         const FaultyRun run = RunWithFaults("save", "house.con", "");
@@ -133,6 +137,7 @@ protected:
 
     int CountOfAll() const { return static_cast<int>(calls.size()) - CountOf("made"); }
 
+    const std::string oldBytes;
     TemporaryFolder folder;
     std::vector<LoggedCall> calls;
     std::string newBytes;
@@ -219,6 +224,29 @@ TEST_F(SaveFaults, AKillInTheMiddleOfAWriteLeavesTheOldFile) {
     EXPECT_TRUE(TemporaryFileLeft()) << "the write had begun";
     EXPECT_EQ(RunWithFaults("save", "house.con", "").Value("saved"), "1");
     EXPECT_EQ(folder.Read("house.con"), newBytes);
+}
+
+/// A file so long that it is written by several calls.
+class SaveFaultsInPieces : public SaveFaults {
+protected:
+    SaveFaultsInPieces() : SaveFaults(900) {}
+};
+
+TEST_F(SaveFaultsInPieces, AnyOfTheWritesFails) {
+    ASSERT_GT(CountOf("write"), 2);
+    for (int number = 1; number <= CountOf("write"); ++number)
+        for (const Failure& failure : FailuresOf("write"))
+            SaveWith("write:" + std::to_string(number) + ":" + failure.effect, failure);
+}
+
+TEST_F(SaveFaultsInPieces, AKillAtAnyCallLeavesAWholeFile) {
+    for (int number = 1; number <= CountOfAll(); ++number) {
+        Restore();
+        SCOPED_TRACE(number);
+        EXPECT_TRUE(
+            RunWithFaults("save", "house.con", "*:" + std::to_string(number) + ":kill").killed);
+        ExpectOldOrNew();
+    }
 }
 
 TEST_F(SaveFaults, TheFirstSaveOfAProjectLeavesNoHalfFile) {

@@ -87,10 +87,18 @@ TEST(NumberPattern, CountsItsPlaces) {
     EXPECT_TRUE(NumberPattern("#E+00").exponent);
 }
 
-TEST(AppendNumber, AppendsToWhatIsThere) {
-    std::string text = "x = ";
-    AppendNumber(text, 1.5, "0.00");
-    EXPECT_EQ(text, "x = 1.50");
+TEST(PutNumber, ReturnsTheEndOfTheNumber) {
+    std::string text(longestNumber + 1, 'x');
+    EXPECT_EQ(PutNumber(text.data(), -1.5, "0.00") - text.data(), 5);
+    EXPECT_EQ(text.substr(0, 6), "-1.50x");
+}
+
+TEST(PutNumber, HasRoomForTheLongestNumber) {
+    std::string text(longestNumber + 1, 'x');
+    const double largest = std::numeric_limits<double>::max();
+    const auto length = PutNumber(text.data(), -largest, "0.00") - text.data();
+    EXPECT_EQ(length, 1 + 309 + 3);
+    EXPECT_EQ(text[static_cast<std::size_t>(length)], 'x');
 }
 
 } // namespace

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "text/Format.h"
+
+#include <charconv>
+#include <functional>
+#include <memory>
+#include <string_view>
+
+namespace strativo {
+
+/// Takes the bytes of a file piece by piece.
+using ByteSink = std::function<void(std::string_view piece)>;
+
+/// Gathers small texts and hands them on in large pieces. A file is written through it in pieces
+/// that stay in the processor's cache; all of its bytes at once would cost as much again in fresh
+/// memory.
+class OutputBuffer {
+public:
+    explicit OutputBuffer(const ByteSink& taker) : sink(taker) {}
+
+    void Put(std::string_view text) {
+        if (text.size() > Room())
+            HandOn(text);
+        else
+            end += text.copy(end, text.size());
+    }
+    void PutInteger(int value) {
+        MakeRoom();
+        end = std::to_chars(end, end + longestNumber, value).ptr;
+    }
+    void PutNumber(double value, NumberPattern pattern) {
+        MakeRoom();
+        end = strativo::PutNumber(end, value, pattern);
+    }
+    /// Hands on what is left; to be called at the end.
+    void Flush();
+
+private:
+    static constexpr std::size_t size = 1 << 16;
+
+    std::size_t Room() const { return static_cast<std::size_t>(bytes.get() + size - end); }
+    void MakeRoom() {
+        if (Room() < longestNumber)
+            Flush();
+    }
+    void HandOn(std::string_view text);
+
+    const ByteSink& sink;
+    std::unique_ptr<char[]> bytes{new char[size]};
+    char* end = bytes.get();
+};
+
+} // namespace strativo
