@@ -8,6 +8,7 @@
 #include "text/Format.h"
 #include "text/Windows1252.h"
 
+#include <cmath>
 #include <ostream>
 #include <vector>
 
@@ -43,6 +44,10 @@ struct ArealSums {
     double mass = 0;         ///< kg/m2
     double heatCapacity = 0; ///< J/m2 C
 };
+
+std::string ShowSum(double value) {
+    return std::isfinite(value) ? FormatNumber(value, "0.0") : "n/a";
+}
 
 ArealSums SumsOf(const Layer& layer) {
     if (layer.conductivity < 0)
@@ -122,8 +127,7 @@ private:
         }
         out << "</tbody>\n<tfoot><tr><td></td><td class=\"text\">Sum</td><td></td><td></td><td>"
                "</td><td>"
-            << FormatNumber(total.mass, "0.0") << "</td><td>"
-            << FormatNumber(total.heatCapacity / 1000, "0.0") << "</td>"
+            << ShowSum(total.mass) << "</td><td>" << ShowSum(total.heatCapacity / 1000) << "</td>"
             << (transparent ? "<td></td>" : "") << "</tr></tfoot>\n</table>\n";
     }
 
@@ -135,8 +139,8 @@ private:
             << (layer.conductivity == resistanceCavity ? "" : FormatNumber(layer.thickness, "0.0"))
             << "</td><td>" << (cavity ? "" : FormatNumber(layer.conductivity, "0.000"))
             << "</td><td>" << (resistance == 0 ? "n/a" : FormatNumber(resistance, "0.000"))
-            << "</td><td>" << (cavity ? "" : FormatNumber(sums.mass, "0.0")) << "</td><td>"
-            << (cavity ? "" : FormatNumber(sums.heatCapacity / 1000, "0.0")) << "</td>";
+            << "</td><td>" << (cavity ? "" : ShowSum(sums.mass)) << "</td><td>"
+            << (cavity ? "" : ShowSum(sums.heatCapacity / 1000)) << "</td>";
         if (transparent)
             out << "<td>" << AbsorptionText(layer.absorption) << "</td>";
         out << "</tr>\n";

@@ -65,8 +65,9 @@ std::string MakeCopyName() {
     return std::string(waiting) + time + std::to_string(getpid()) + ".con";
 }
 
+/// The name outlives all other objects: a process that is ended by others asks for it last.
 std::string PathOfCopy(const std::string& folder) {
-    static const std::string name = MakeCopyName();
+    static const std::string& name = *new std::string(MakeCopyName());
     return folder + "/" + name;
 }
 
@@ -128,10 +129,8 @@ std::string RecoveryFolder() {
 
 std::string KeepRecoveryCopy(const Project& project, const std::string& folder) noexcept {
     try {
-        if (!project.changed) {
-            DropRecoveryCopy(folder);
+        if (!project.changed)
             return "";
-        }
         fs::create_directories(folder);
         const std::string path = PathOfCopy(folder);
         FileStamp stamp;

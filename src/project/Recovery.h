@@ -12,8 +12,7 @@ std::string RecoveryFolder();
 
 /// Keeps a project with unsaved changes as a construction file in the folder, for a program that
 /// ends without having asked. Returns its path; empty when nothing needed to be kept, or when it
-/// could not be. A process has one copy at the most: a later one replaces it, and it goes when
-/// there is nothing to be kept any more.
+/// could not be. A process has one copy: a later one replaces it.
 std::string KeepRecoveryCopy(const Project& project, const std::string& folder) noexcept;
 
 /// Removes the copy of this process, if there is one: the program went on, and its user has saved

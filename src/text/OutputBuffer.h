@@ -18,6 +18,7 @@ using ByteSink = std::function<void(std::string_view piece)>;
 class OutputBuffer {
 public:
     explicit OutputBuffer(const ByteSink& taker) : sink(taker) {}
+    explicit OutputBuffer(ByteSink&&) = delete; // would be gone before the first piece
 
     void Put(std::string_view text) {
         if (text.size() > Room())

@@ -30,6 +30,8 @@
 #include <QMimeData>
 #include <QUrl>
 
+#include <utility>
+
 namespace strativo {
 
 namespace {
@@ -118,6 +120,13 @@ void UValueMDI::Perform(const std::function<void()>& action) {
         ActivateCurrent();
     area->ShowVisible();
     RefreshStatus();
+    if (!project.changed && std::exchange(workKept, false))
+        DropRecoveryCopy(RecoveryFolder());
+}
+
+void UValueMDI::KeepWork() {
+    if (!KeepRecoveryCopy(project, RecoveryFolder()).empty())
+        workKept = true;
 }
 
 void UValueMDI::EndByRequest() {

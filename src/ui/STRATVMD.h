@@ -36,6 +36,9 @@ public:
     bool HasEnded() const { return ended; }
     /// Ends the program without a question; unsaved changes are kept as a recovery copy.
     void EndByRequest();
+    /// Keeps unsaved changes as a recovery copy, for a session that ends and may not wait; the copy
+    /// goes when the program went on and they are saved after all.
+    void KeepWork();
 
     Project& TheProject() { return project; }
     WindowArea& Area() { return *area; }
@@ -139,6 +142,7 @@ private:
     Ui ui{};
     QElapsedTimer reading;    ///< runs while a file is read
     bool busyPointer = false; ///< shown while that takes long
+    bool workKept = false;    ///< a recovery copy was made, and the program went on
     int performing = 0;
     bool ended = false;
 };

@@ -36,9 +36,8 @@ int main(int argc, char** argv) {
     QObject::connect(&endRequests, &QSocketNotifier::activated, &window,
                      &strativo::UValueMDI::EndByRequest);
     // A log-out asks nothing: the session may end before anybody has answered.
-    QObject::connect(&application, &QApplication::commitDataRequest, &window, [&window] {
-        strativo::KeepRecoveryCopy(window.TheProject(), strativo::RecoveryFolder());
-    });
+    QObject::connect(&application, &QApplication::commitDataRequest, &window,
+                     &strativo::UValueMDI::KeepWork);
     window.MDIForm_Load(CommandLine(argc, argv));
     return window.HasEnded() ? 0 : QApplication::exec();
 }

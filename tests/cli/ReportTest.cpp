@@ -40,6 +40,13 @@ TEST_F(ReportCommand, ShowsTextsFromFilesWithoutRunningThem) {
     EXPECT_THAT(result.out, HasSubstr("&lt;script&gt;alert(1)&lt;/script&gt; &amp; &quot;x&quot;"));
 }
 
+TEST_F(ReportCommand, SumsBeyondAllNumbersAreNotAvailable) {
+    folder.Write("std.lby", "12'FACE BRICK' 0.84 1e308 800\r\n");
+    const RunResult result = RunTool({"report", "wall.con"});
+    EXPECT_THAT(result.out, HasSubstr("<td>n/a</td></tr></tfoot>"));
+    EXPECT_THAT(result.out, Not(HasSubstr("i.o")));
+}
+
 TEST_F(ReportCommand, WritesTheFileThatOutputNames) {
     const RunResult result = RunTool({"report", "wall.con", "-o", "wall.html"});
     EXPECT_EQ(result.status, 0);

@@ -23,7 +23,9 @@ protected:
         Press(Key::del);
     }
 
-    void ExpectTheChangeIsOffered() {
+    void ExpectTheChangeIsOffered() { ExpectIsOffered(changed); }
+
+    void ExpectIsOffered(const std::string& bytes) {
         EXPECT_EQ(folder.Read("work/wall.con"), original);
         Start();
         WaitForActive("Recovered project");
@@ -31,7 +33,7 @@ protected:
         WaitForActive(mainTitle);
         Press({Key::alt, KeyOf('f')});
         Press(KeyOf('s'));
-        WaitForFile("wall.con", changed);
+        WaitForFile("wall.con", bytes);
         Quit();
     }
 
@@ -99,7 +101,7 @@ TEST_F(RecoveryStory, ALogOutKeepsTheChanges) {
     ExpectNothingIsOffered();
 }
 
-TEST_F(RecoveryStory, AfterALogOutThatIsCancelledTheWorkGoesOn) {
+TEST_F(RecoveryStory, AfterALogOutThatIsCancelledSavedWorkIsNotOffered) {
     SessionManager session;
     StartAndChange();
     ASSERT_TRUE(session.PrepareLogOut());
@@ -107,8 +109,21 @@ TEST_F(RecoveryStory, AfterALogOutThatIsCancelledTheWorkGoesOn) {
     Press({Key::alt, KeyOf('f')});
     Press(KeyOf('s'));
     WaitForFile("wall.con", changed);
-    Quit();
+    WaitFor("the copy's end", [&] { return std::filesystem::is_empty("../state/strativo"); });
+    program->Signal(SIGKILL);
+    EXPECT_EQ(program->ExitStatus(patience), std::nullopt);
     ExpectNothingIsOffered();
+}
+
+TEST_F(RecoveryStory, AfterALogOutThatIsCancelledALostDisplayKeepsTheLatestChange) {
+    SessionManager session;
+    StartAndChange();
+    ASSERT_TRUE(session.PrepareLogOut());
+    session.CancelLogOut();
+    Press(Key::del);
+    Screen().CutOff(MainWindow());
+    EXPECT_NE(program->ExitStatus(patience), std::nullopt);
+    ExpectIsOffered(Pair({Plaster(1)}, {}));
 }
 
 TEST_F(RecoveryStory, AProgramWithoutChangesKeepsNothing) {

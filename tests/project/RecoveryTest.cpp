@@ -5,6 +5,8 @@
 #include "project/ReadConstructionFile.h"
 #include "support/TestProject.h"
 
+#include <cstdlib>
+#include <functional>
 #include <gmock/gmock.h>
 
 namespace strativo {
@@ -117,11 +119,18 @@ TEST_F(Recovery, TheCopyOfAProgramThatWentOnAndWasClosedIsNotOffered) {
     EXPECT_THAT(Copies(), IsEmpty());
 }
 
-TEST_F(Recovery, TheCopyOfAProgramThatWentOnAndSavedIsNotOffered) {
-    KeepRecoveryCopy(project, copies);
-    project.changed = false;
-    EXPECT_EQ(KeepRecoveryCopy(project, copies), "");
-    EXPECT_THAT(Copies(), IsEmpty());
+TEST_F(Recovery, TheCopyKeepsItsNameUntilTheProcessHasEnded) {
+    static std::function<void()> keep;
+    keep = [this] { KeepRecoveryCopy(project, copies); };
+    const auto endAfterACopy = [this] {
+        std::atexit([] { keep(); });
+        keep();
+        work.Write("state/" + Copies().at(0), "replaced by the copy made last");
+        std::exit(0);
+    };
+    EXPECT_EXIT(endAfterACopy(), testing::ExitedWithCode(0), "");
+    ASSERT_THAT(Copies(), ElementsAre(StartsWith("recovery-")));
+    EXPECT_THAT(work.Read("state/" + Copies()[0]), HasSubstr("0.215"));
 }
 
 TEST_F(Recovery, SaysNothingWhereNoCopyWaits) {
