@@ -73,6 +73,15 @@ TEST_F(ProgramStory, ItsCommandLineIsOnePathWithBlanksAndItEndsAfterSaving) {
               Pair({Plaster(1), Block(2)}, {Plaster(1)}));
 }
 
+TEST_F(ProgramStory, ItsWindowHasAnIcon) {
+    Start();
+    WaitForActive(mainTitle);
+    WaitFor("the icon", [this] {
+        const std::vector<WindowOnScreen> windows = Screen().Windows();
+        return !windows.empty() && windows.front().hasIcon;
+    });
+}
+
 TEST_F(ProgramStory, AMissingLibraryThatIsNotFoundEndsIt) {
     std::string bytes = Pair({Block(1)}, {Plaster(1)});
     bytes.replace(bytes.find("../stdmat"), 9, "elsewhere");

@@ -240,6 +240,7 @@ std::vector<WindowOnScreen> XScreen::Windows() {
         found.id = window;
         found.title = x.Property(window, "_NET_WM_NAME", 8);
         found.active = !active.empty() && active.front() == window;
+        found.hasIcon = !x.Property(window, "_NET_WM_ICON", 32).empty();
         XWindowAttributes attributes{};
         Window child = 0;
         if (XGetWindowAttributes(x.display, window, &attributes) == 0)

@@ -41,6 +41,7 @@ struct WindowOnScreen {
     std::string title; ///< UTF-8
     int x = 0, y = 0, width = 0, height = 0;
     bool active = false;
+    bool hasIcon = false;
 };
 
 struct Picture {
