@@ -33,7 +33,7 @@ private:
 /// for one that is like a missing font is a thirtieth of the start.
 QStringList ColumnFamilies() {
     QStringList families{QStringLiteral("Courier New"), QStringLiteral("Liberation Mono")};
-    if (!QFontDatabase::hasFamily(families.front()))
+    if (QFontDatabase::styles(families.front()).isEmpty())
         families.swapItemsAt(0, 1);
     return families;
 }
