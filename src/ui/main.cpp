@@ -5,7 +5,6 @@
 #include <QApplication>
 #include <QIcon>
 #include <QSocketNotifier>
-#include <QTimer>
 
 #include <string>
 
@@ -27,11 +26,7 @@ int main(int argc, char** argv) {
     Q_INIT_RESOURCE(strativo); // lies in a library, which would otherwise be linked without it
     QApplication::setApplicationName(QStringLiteral("strativo"));
     QApplication::setDesktopFileName(QStringLiteral("strativo"));
-    // Reading a picture is a thirtieth of the start: it is done while the first frame is on its
-    // way.
-    QTimer::singleShot(0, &application, [] {
-        QApplication::setWindowIcon(QIcon(QStringLiteral(":/window-icon.png")));
-    });
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/window-icon.png")));
     QFont font = QApplication::font();
     font.setPointSizeF(8.25);
     QApplication::setFont(font);
