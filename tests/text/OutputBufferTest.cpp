@@ -49,6 +49,14 @@ TEST_F(OutputBufferTest, KeepsTheOrderOfShortAndLongTexts) {
     EXPECT_EQ(pieces, (std::vector<std::string>{"first ", longText, " last"}));
 }
 
+TEST_F(OutputBufferTest, EndsAPieceBeforeATextThatHasNoRoom) {
+    const std::string text(1000, 'x');
+    for (int number = 0; number < 100; ++number)
+        out.Put(text);
+    out.Flush();
+    EXPECT_EQ(pieces, (std::vector<std::string>{std::string(65000, 'x'), std::string(35000, 'x')}));
+}
+
 TEST_F(OutputBufferTest, LosesNothingWhereAPieceEnds) {
     std::string expected;
     for (int number = 0; number < 50000; ++number) {
