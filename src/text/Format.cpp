@@ -110,11 +110,8 @@ char* PutScaled(char* place, std::uint32_t scaled, const NumberPattern& pattern)
         return end;
     *end++ = '.';
     end = PutDigits(end, scaled % unit, pattern.maxDecimals);
-    for (int optional = pattern.maxDecimals - pattern.minDecimals; optional > 0; --optional)
-        if (end[-1] == '0')
-            --end;
-        else
-            break;
+    for (int shown = pattern.maxDecimals; shown > pattern.minDecimals && end[-1] == '0'; --shown)
+        --end;
     return end;
 }
 
