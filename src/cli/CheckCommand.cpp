@@ -37,9 +37,9 @@ void PrintAsJson(JsonWriter& writer, const Session& session, const std::vector<F
 }
 
 void PrintAsText(std::ostream& out, const Session& session, const std::vector<Finding>& findings) {
-    const std::string file = OneLine(PathToUtf8(session.file));
+    const std::string file = ShownPath(session.file);
     for (const Finding& finding : findings)
-        out << file << ": " << finding.rule << ": " << ToUtf8(finding.text) << '\n';
+        out << file << ": " << finding.rule << ": " << ShownText(finding.text) << '\n';
 }
 
 /// None of a file that was not read to its end, whose layers are not linked.

@@ -1,9 +1,9 @@
 #include "cli/CsvOutput.h"
 
 #include "calc/UValue.h"
+#include "cli/TextOutput.h"
 #include "text/Format.h"
 #include "text/Numbers.h"
-#include "text/Windows1252.h"
 
 #include <ostream>
 
@@ -12,7 +12,7 @@ namespace strativo {
 namespace {
 
 std::string Field(const std::string& utf8) {
-    if (utf8.find_first_of(",\"\r\n") == std::string::npos)
+    if (utf8.find_first_of(",\"") == std::string::npos)
         return utf8;
     std::string quoted = "\"";
     for (const char c : utf8)
@@ -22,7 +22,7 @@ std::string Field(const std::string& utf8) {
 
 void WriteLayer(std::ostream& out, const Layer& layer) {
     const float resistance = LayerListResistance(layer);
-    out << Field(ToUtf8(layer.name)) << ',' << layer.library << ',' << layer.materialCode << ','
+    out << Field(ShownText(layer.name)) << ',' << layer.library << ',' << layer.materialCode << ','
         << FormatGeneral(layer.thickness) << ',' << FormatGeneral(AsDecimal(layer.conductivity))
         << ',' << FormatGeneral(layer.density) << ',' << FormatGeneral(layer.specificHeat) << ','
         << FormatGeneral(AsDecimal(layer.absorption)) << ','
@@ -41,8 +41,8 @@ void WriteCsvRows(std::ostream& out, const Project& project, const std::string& 
         if (!InUse(project, number))
             continue;
         const Construction& construction = project.constructions[number];
-        const std::string start = Field(PathToUtf8(file)) + ',' + std::to_string(number) + ','
-                                  + Field(ToUtf8(construction.name)) + ','
+        const std::string start = Field(ShownPath(file)) + ',' + std::to_string(number) + ','
+                                  + Field(ShownText(construction.name)) + ','
                                   + std::to_string(construction.type) + ','
                                   + UValueText(construction) + ',';
         for (int slot = 1; slot <= construction.layers.HighestUsed(); ++slot) {

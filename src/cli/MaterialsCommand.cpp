@@ -1,9 +1,9 @@
 #include "cli/Commands.h"
 #include "cli/JsonRecords.h"
 #include "cli/Session.h"
+#include "cli/TextOutput.h"
 #include "edit/MaterialList.h"
 #include "files/LibraryLoading.h"
-#include "text/Windows1252.h"
 
 #include <algorithm>
 #include <array>
@@ -85,7 +85,7 @@ int Materials(const Invocation& call, std::ostream& out, std::ostream& err) {
         PrintAsJson(out, session, call.user);
     else if (!session.desktop.Ended())
         for (const std::string& line : MaterialLines(project))
-            out << ToUtf8(line) << '\n';
+            out << ShownText(line) << '\n';
     return session.Status();
 }
 

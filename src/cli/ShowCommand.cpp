@@ -3,6 +3,7 @@
 #include "cli/CsvOutput.h"
 #include "cli/JsonRecords.h"
 #include "cli/Session.h"
+#include "cli/TextOutput.h"
 #include "edit/ConstructionSlots.h"
 #include "text/Format.h"
 #include "text/Windows1252.h"
@@ -57,16 +58,16 @@ private:
 
     void ShowConstruction(const Construction& construction, int number) {
         const bool transparent = construction.type == transparentType;
-        out << ConstructionTitle(number) << "  " << ToUtf8(construction.name) << "  ("
+        out << ConstructionTitle(number) << "  " << ShownText(construction.name) << "  ("
             << (transparent ? "Transparent" : "Opaque") << ")\n";
         const LayerListView view = ViewLayerList(construction);
         for (const std::string& line : view.lines)
-            out << "  " << ToUtf8(line) << '\n';
+            out << "  " << ShownText(line) << '\n';
         out << "  Indicative Uvalue W/Cm2  " << view.result << '\n';
     }
 
     void ShowGlassType(const GlassType& type, int number) {
-        out << "Glass type" << SignPositionNumber(number) << "  " << ToUtf8(type.name)
+        out << "Glass type" << SignPositionNumber(number) << "  " << ShownText(type.name)
             << "  transmission " << Values(type.transmission) << "  absorption "
             << Values(type.absorption) << '\n';
     }

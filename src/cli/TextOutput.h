@@ -5,6 +5,7 @@
 
 #include <iosfwd>
 #include <string>
+#include <string_view>
 
 namespace strativo {
 
@@ -14,10 +15,11 @@ inline constexpr char programName[] = "strativo-cli";
 std::string MessageText(const Message& message);
 std::string MessageTitle(const Message& message);
 
-/// The text with each line break (CR, LF, or one of each) as one blank.
-std::string OneLine(const std::string& text);
+/// Text and path of a file as text output shows them: UTF-8 without control characters.
+std::string ShownText(std::string_view bytes);
+std::string ShownPath(std::string_view path);
 
-/// Prints "strativo-cli: " and the text as one line.
+/// Prints "strativo-cli: " and the text as one line, without control characters.
 void PrintError(std::ostream& err, const std::string& utf8);
 
 } // namespace strativo

@@ -56,10 +56,11 @@ TEST_F(Show, PutsABlankLineBetweenConstructionsAndBetweenFiles) {
               two + "\nGlass type 1  G" + zeros + "Glass type 2  H" + zeros + "\n" + two);
 }
 
-TEST_F(Show, DecodesNamesAsWindows1252) {
+TEST_F(Show, DecodesNamesAsWindows1252AndShowsControlCharactersByNumber) {
     folder.Write("a.con", Lines({standardLine, "!CONSTRUCTION 'W\xE4rme \x80 \x81'", "!END"}));
-    EXPECT_EQ(RunTool({"show", "a.con"}).out, "Construction 1  W\u00E4rme \u20AC \u0081  (Opaque)\n"
-                                              "  Indicative Uvalue W/Cm2  n/a\n");
+    EXPECT_EQ(RunTool({"show", "a.con"}).out,
+              "Construction 1  W\u00E4rme \u20AC \\u0081  (Opaque)\n"
+              "  Indicative Uvalue W/Cm2  n/a\n");
 }
 
 TEST_F(Show, ShowsWhatWasReadBeforeAFailure) {
