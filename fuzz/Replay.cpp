@@ -26,6 +26,7 @@ constexpr Target targets[] = {
     {"GlassImport", GlassImport},
     {"WriteRead", WriteRead},
     {"EditStory", EditStory},
+    {"Thermal", Thermal},
 };
 
 std::string Bytes(const fs::path& path) {

@@ -11,5 +11,6 @@ void ConstructionFile(std::string_view bytes);
 void GlassImport(std::string_view bytes);
 void WriteRead(std::string_view bytes);
 void EditStory(std::string_view bytes);
+void Thermal(std::string_view bytes);
 
 } // namespace strativo::fuzz

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <complex>
+
+namespace strativo {
+
+using Complex = std::complex<double>;
+
+/// A heat transfer matrix Z of ISO 13786: temperature and heat flow swings of one side from those
+/// of the other. It is kept as Z = identity + 2^exponent * rest: the rest keeps its digits where
+/// a light layer leaves Z next to the identity, and the exponent what a thick one makes of it.
+struct HeatTransferMatrix {
+    Complex rest11; ///< 1
+    Complex rest12; ///< m2 K/W
+    Complex rest21; ///< W/m2 K
+    Complex rest22; ///< 1
+    int exponent = 0;
+};
+
+/// Of a resistance (m2 K/W) that stores no heat.
+HeatTransferMatrix MatrixOfResistance(double resistance);
+
+/// Of a homogeneous layer: resistance above 0 (m2 K/W), heat capacity (J/m2 K), and the angular
+/// frequency of the swing (1/s).
+HeatTransferMatrix MatrixOfLayer(double resistance, double heatCapacity, double frequency);
+
+/// The product: the swing passes `inner` first.
+HeatTransferMatrix operator*(const HeatTransferMatrix& outer, const HeatTransferMatrix& inner);
+
+} // namespace strativo
