@@ -118,8 +118,10 @@ private:
                "kg/m<sup>2</sup></th><th>Heat capacity<br>kJ/m<sup>2</sup>K</th>"
             << (transparent ? "<th>Solar<br>absorption</th>" : "") << "</tr></thead>\n<tbody>\n";
         ArealSums total;
-        for (int slot = 1; slot <= LayerCount(construction); ++slot) {
+        for (int slot = 1; slot <= construction.layers.HighestUsed(); ++slot) {
             const Layer& layer = construction.layers[slot];
+            if (layer.name.empty())
+                continue;
             const ArealSums sums = SumsOf(layer);
             total.mass += sums.mass;
             total.heatCapacity += sums.heatCapacity;

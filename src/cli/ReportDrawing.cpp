@@ -151,13 +151,17 @@ std::string SectionSvg(const Construction& construction) {
     constexpr double unitsPerMillimetre = 1.4;
     constexpr double thinnest = 1.2; // a film is to be seen at all
     constexpr double height = 90;
+    const int highest = construction.layers.HighestUsed();
     double total = 0;
-    for (int slot = 1; slot <= LayerCount(construction); ++slot)
-        total += DrawnWidth(construction.layers[slot]);
+    for (int slot = 1; slot <= highest; ++slot)
+        if (!construction.layers[slot].name.empty())
+            total += DrawnWidth(construction.layers[slot]);
     const double scale = std::min(unitsPerMillimetre, widest / std::max(total, 1.0));
     std::string svg;
     double x = 24;
-    for (int slot = 1; slot <= LayerCount(construction); ++slot) {
+    for (int slot = 1; slot <= highest; ++slot) {
+        if (construction.layers[slot].name.empty())
+            continue;
         const double width = std::max(thinnest, DrawnWidth(construction.layers[slot]) * scale);
         svg += LayerSvg(construction.layers[slot], slot, x, width, height);
         x += width;

@@ -30,6 +30,19 @@ TEST_F(ReportCommand, ShowsLayersSumsAndTheUValue) {
     EXPECT_THAT(result.out, HasSubstr("None."));
 }
 
+TEST_F(ReportCommand, ShowsEveryLayerBesideOneOfAMaterialWithoutAName) {
+    folder.Write("std.lby", "12'FACE BRICK' 0.84 1700 800\r\n13'' 0.5 1000 900\r\n");
+    folder.Write(
+        "gap.con",
+        WallFile({standardLine}, {"_ 1 =       13      0.010      0            * ", brickPart}));
+    const RunResult result = RunTool({"report", "gap.con"});
+    EXPECT_THAT(result.out, HasSubstr("<tr><td>2</td>"));
+    EXPECT_THAT(result.out, HasSubstr("FACE BRICK</td><td>105.0</td>"));
+    EXPECT_THAT(result.out, HasSubstr("<td>178.5</td><td>142.8</td></tr></tfoot>"));
+    EXPECT_THAT(result.out, HasSubstr("text-anchor=\"middle\">2</text>")) << "in the drawing";
+    EXPECT_THAT(result.out, Not(HasSubstr("<tr><td>1</td>")));
+}
+
 TEST_F(ReportCommand, ShowsTextsFromFilesWithoutRunningThem) {
     folder.Write("script.con", standardLine
                                    + "\r\n!CONSTRUCTION '<script>alert(1)</script> & \"x\"'"
