@@ -27,10 +27,11 @@ FileStamp MakeStamp(const struct stat& status);
 /// The folder of a path, "" when it names none.
 std::string FolderOf(std::string_view path);
 
-/// The path under which a file named inside another file is found: as it stands, from the working
-/// directory, else from the folder given, and where that leads nowhere with "\" as "/" and without
-/// regard to letter case. The name itself where nothing is found. Run-time error 76 for a name
-/// with a drive letter that leads nowhere.
+/// The path under which a file named inside another file is found: as it stands (or with "\" as
+/// "/") from the working directory, then from the folder given, and where that leads nowhere in
+/// another letter case from the one, then the other. Where nothing is found, a path in the first
+/// of the two places that has the folder of the name. Run-time error 76 for a name with a drive
+/// letter that leads nowhere.
 std::string FindFile(const std::string& name, const std::string& folder);
 
 /// A file could not be written; what() is the operating system's message or says why not.

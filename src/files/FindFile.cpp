@@ -68,30 +68,52 @@ std::optional<std::string> FindIgnoringCase(const std::string& path) {
     return found;
 }
 
-std::optional<std::string> FindFrom(const std::string& folder, const std::string& name) {
-    std::string slashed = name;
-    std::replace(slashed.begin(), slashed.end(), '\\', '/');
-    for (const std::string& candidate : {name, slashed}) {
-        std::string path = candidate.starts_with('/') ? candidate : Join(folder, candidate);
+std::string WithSlashes(std::string name) {
+    std::replace(name.begin(), name.end(), '\\', '/');
+    return name;
+}
+
+std::string From(const std::string& folder, const std::string& name) {
+    return name.starts_with('/') ? name : Join(folder, name);
+}
+
+/// The name as it stands, or with "\" as "/".
+std::optional<std::string> FindAsWritten(const std::string& folder, const std::string& name) {
+    for (const std::string& candidate : {name, WithSlashes(name)}) {
+        std::string path = From(folder, candidate);
         if (Exists(path))
             return path;
     }
-    return FindIgnoringCase(slashed.starts_with('/') ? slashed : Join(folder, slashed));
+    return std::nullopt;
+}
+
+std::optional<std::string> FindInOtherCase(const std::string& folder, const std::string& name) {
+    return FindIgnoringCase(From(folder, WithSlashes(name)));
+}
+
+/// Where a file that is nowhere would be: in the first place that has its folder.
+std::string PathOfMissing(const std::string& name, const std::vector<std::string>& places) {
+    std::string slashed = WithSlashes(name);
+    const std::string subfolder = FolderOf(slashed);
+    for (const std::string& place : places)
+        if (const auto found = FindInOtherCase(place, subfolder); found && !subfolder.empty())
+            return Join(*found, slashed.substr(slashed.rfind('/') + 1));
+    return slashed;
 }
 
 } // namespace
 
 std::string FindFile(const std::string& name, const std::string& folder) {
-    if (auto found = FindFrom("", name))
-        return *found;
+    std::vector<std::string> places = {""};
     if (!folder.empty())
-        if (auto found = FindFrom(folder, name))
-            return *found;
+        places.push_back(folder);
+    for (const auto& find : {FindAsWritten, FindInOtherCase})
+        for (const std::string& place : places)
+            if (auto found = find(place, name))
+                return *found;
     if (HasDriveLetter(name))
         throw RuntimeError(ErrorNumber::pathNotFound);
-    std::string slashed = name;
-    std::replace(slashed.begin(), slashed.end(), '\\', '/');
-    return slashed;
+    return PathOfMissing(name, places);
 }
 
 } // namespace strativo

@@ -63,6 +63,33 @@ TEST(FindFile, TakesTheFirstInNameOrderOfSeveralSpellings) {
     EXPECT_EQ(FindFile("b.lby", ""), "B.lby");
 }
 
+TEST(FindFile, PrefersTheExactNameBesideTheFileToAnotherLetterCaseInTheWorkingDirectory) {
+    const TemporaryFolder folder;
+    folder.Write("USER.lby", "another");
+    folder.Write("house/user.lby", "meant");
+    EXPECT_EQ(FindFile("user.lby", "house"), "house/user.lby");
+    folder.Write("LIB/a.lby", "another");
+    folder.Write("house/lib/a.lby", "meant");
+    EXPECT_EQ(FindFile("lib\\a.lby", "house"), "house/lib/a.lby");
+}
+
+TEST(FindFile, TakesAnotherLetterCaseInTheWorkingDirectoryBeforeOneBesideTheFile) {
+    const TemporaryFolder folder;
+    folder.Write("USER.lby", "");
+    folder.Write("house/User.lby", "");
+    EXPECT_EQ(FindFile("user.lby", "house"), "USER.lby");
+}
+
+TEST(FindFile, GivesAPlaceWhoseFolderExistsWhereTheFileIsMissing) {
+    const TemporaryFolder folder;
+    folder.Write("house/lib/other.lby", "");
+    EXPECT_EQ(FindFile("lib\\user.lby", "house"), "house/lib/user.lby");
+    EXPECT_EQ(FindFile("LIB/user.lby", "house"), "house/lib/user.lby");
+    folder.Write("lib/other.lby", "");
+    EXPECT_EQ(FindFile("lib/user.lby", "house"), "lib/user.lby");
+    EXPECT_EQ(FindFile("none/user.lby", "house"), "none/user.lby");
+}
+
 TEST(FindFile, GivesTheNameItselfWhereNothingIsFound) {
     const TemporaryFolder folder;
     EXPECT_EQ(FindFile("..\\nowhere\\a.lby", "house"), "../nowhere/a.lby");
