@@ -76,7 +76,16 @@ void MarkOnly(Construction& construction, int from, int to) {
         construction.layers.Edit(layer).selected = true;
 }
 
-void RemoveMarkedLayers(Construction& construction) {
+/// Marks the inserted layers and makes one current; without any, marks and current layer stay.
+void MarkInserted(Construction& construction, int from, int to, int current) {
+    if (to < from)
+        return;
+    MarkOnly(construction, from, to);
+    construction.currentLayer = static_cast<std::int16_t>(current);
+}
+
+/// False when there is none.
+bool RemoveMarkedLayers(Construction& construction) {
     LayerSlots& layers = construction.layers;
     const int lines = LayerCount(construction);
     int kept = 0;
@@ -89,6 +98,7 @@ void RemoveMarkedLayers(Construction& construction) {
     }
     if (kept < lines)
         layers.ClearFrom(kept + 1);
+    return kept < lines;
 }
 
 void RefreshAndMarkChanged(Project& project, Desktop& desktop) {
@@ -98,8 +108,7 @@ void RefreshAndMarkChanged(Project& project, Desktop& desktop) {
 
 void DeleteMarked(Project& project, Construction& construction, Desktop& desktop) {
     const std::int16_t focused = construction.currentLayer;
-    if (focused > 0) {
-        RemoveMarkedLayers(construction);
+    if (focused > 0 && RemoveMarkedLayers(construction)) {
         const auto left = static_cast<std::int16_t>(LayerCount(construction));
         construction.currentLayer = std::min(focused, left);
         MarkOnly(construction, construction.currentLayer, construction.currentLayer);
@@ -161,8 +170,7 @@ void PasteLayers(Project& project, Desktop& desktop) {
     for (const ClipEntry& entry : project.clipboard)
         if (!entry.name.empty() && lines < maxLayers)
             InsertEntry(project, *construction, lines++, ++current, entry);
-    construction->currentLayer = static_cast<std::int16_t>(current);
-    MarkOnly(*construction, before + 1, current);
+    MarkInserted(*construction, before + 1, current, current);
     RefreshAndMarkChanged(project, desktop);
 }
 
@@ -176,8 +184,7 @@ void PasteLayersBefore(Project& project, Desktop& desktop) {
     for (int slot = LayerClipboard::last; slot >= LayerClipboard::first; --slot)
         if (!project.clipboard[slot].name.empty() && lines < maxLayers)
             InsertEntry(project, *construction, lines++, at, project.clipboard[slot]);
-    construction->currentLayer = static_cast<std::int16_t>(lines > 0 ? at : 0);
-    MarkOnly(*construction, at, at + lines - before - 1);
+    MarkInserted(*construction, at, at + lines - before - 1, at);
     RefreshAndMarkChanged(project, desktop);
 }
 

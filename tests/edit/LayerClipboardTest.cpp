@@ -152,8 +152,19 @@ TEST_F(LayerClipboardTest, DeleteWithNothingMarkedStillCountsAsChange) {
     Mark(project, 1, {}, 2);
     DeleteLayers(project, desktop);
     EXPECT_EQ(Names(), "AB");
-    EXPECT_EQ(Marks(), Layers{2});
     EXPECT_TRUE(project.changed);
+}
+
+TEST_F(LayerClipboardTest, DeleteAndCutWithNothingMarkedMarkNothingSoThatASecondRemovesNothing) {
+    Add("ABC");
+    Mark(project, 1, {}, 2);
+    for (void (*remove)(Project&, Desktop&) : {DeleteLayers, CutLayers}) {
+        remove(project, desktop);
+        EXPECT_EQ(Marks(), Layers{});
+        EXPECT_EQ(CurrentLayer(), 2);
+        remove(project, desktop);
+        EXPECT_EQ(Names(), "ABC");
+    }
 }
 
 TEST_F(LayerClipboardTest, DeleteWithoutCurrentLayerRemovesNothing) {
@@ -165,11 +176,11 @@ TEST_F(LayerClipboardTest, DeleteWithoutCurrentLayerRemovesNothing) {
     EXPECT_TRUE(project.changed);
 }
 
-TEST_F(LayerClipboardTest, DeleteInAnEmptyConstructionThatWasReadLeavesNoCurrentLayer) {
+TEST_F(LayerClipboardTest, DeleteInAnEmptyConstructionThatWasReadKeepsItsCurrentLayer) {
     Add("");
     Current().currentLayer = 1;
     DeleteLayers(project, desktop);
-    EXPECT_EQ(CurrentLayer(), 0);
+    EXPECT_EQ(CurrentLayer(), 1);
 }
 
 TEST_F(LayerClipboardTest, ClosesUpEmptySlotsBeforeEditing) {

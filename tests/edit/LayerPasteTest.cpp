@@ -153,16 +153,19 @@ TEST_F(LayerPaste, OfSingleMaterialsBeforeComesOutReversed) {
     EXPECT_EQ(Names(), "CBA");
 }
 
-TEST_F(LayerPaste, OfAnEmptyClipboardInsertsNothingAndMarksNothing) {
-    Add("AB");
-    Click(2);
-    PasteLayers(project, desktop);
-    EXPECT_EQ(Names(), "AB");
-    EXPECT_EQ(CurrentLayer(), 2);
-    EXPECT_EQ(Marks(), Layers{});
-    PasteLayersBefore(project, desktop);
-    EXPECT_EQ(Names(), "AB");
-    EXPECT_EQ(Marks(), Layers{});
+TEST_F(LayerPaste, OfAnEmptyClipboardInsertsNothingAndKeepsMarksAndCurrentLayer) {
+    Add("ABC");
+    for (void (*paste)(Project&, Desktop&) : {PasteLayers, PasteLayersBefore}) {
+        Mark(project, 1, {1, 3}, 2);
+        paste(project, desktop);
+        EXPECT_EQ(Names(), "ABC");
+        EXPECT_EQ(CurrentLayer(), 2);
+        EXPECT_EQ(Marks(), (Layers{1, 3}));
+        EXPECT_TRUE(project.changed);
+        Mark(project, 1, {}, 0);
+        paste(project, desktop);
+        EXPECT_EQ(CurrentLayer(), 0);
+    }
     Add("");
     PasteLayersBefore(project, desktop);
     EXPECT_EQ(CurrentLayer(), 0);
