@@ -32,24 +32,19 @@ std::optional<double> TypedNumber(std::string_view text, Desktop& desktop) {
         const double value = LeadingNumber(text);
         ToSingle(value);
         return value;
-    } catch (const RuntimeError& error) {
-        desktop.ShowMessage({error.what(), ""});
+    } catch (const RuntimeError&) {
+        desktop.ShowMessage({"The number is too large: run-time error 6 occurred.", ""});
         return std::nullopt;
     }
 }
 
-/// The construction with a current layer to write to, its slots closed up; null without layers.
-Construction* WithCurrentLayer(Project& project, int number) {
+/// The layer that an entry is for: the current one, as far as there are so many; 0 without layers.
+int LayerOfEntry(const Project& project, int number) {
     if (!InUse(project, number))
-        return nullptr;
-    Construction& construction = project.constructions[number];
-    CloseUpLayers(construction);
+        return 0;
+    const Construction& construction = project.constructions[number];
     const int lines = LayerCount(construction);
-    if (lines == 0)
-        return nullptr;
-    construction.currentLayer =
-        static_cast<std::int16_t>(std::clamp<int>(construction.currentLayer, 1, lines));
-    return &construction;
+    return lines == 0 ? 0 : std::clamp<int>(construction.currentLayer, 1, lines);
 }
 
 void AdvanceToNextLayer(Construction& construction) {
@@ -64,30 +59,35 @@ void AdvanceToNextLayer(Construction& construction) {
 } // namespace
 
 EntryResult EnterThickness(Project& project, int number, std::string_view text, Desktop& desktop) {
-    Construction* construction = WithCurrentLayer(project, number);
-    if (construction == nullptr)
+    const int layerNumber = LayerOfEntry(project, number);
+    if (layerNumber == 0)
         return EntryResult::nothing;
+    Construction& construction = project.constructions[number];
     const std::optional<double> value = TypedNumber(text, desktop);
-    Layer& layer = construction->layers.Edit(construction->currentLayer);
-    if (!value || !IsLikelyThickness(layer, *value, desktop))
+    const Layer& before = construction.layers[SlotOfLayer(construction, layerNumber)];
+    if (!value || !IsLikelyThickness(before, *value, desktop))
         return EntryResult::refused;
+    CloseUpLayers(construction);
+    construction.currentLayer = static_cast<std::int16_t>(layerNumber);
+    Layer& layer = construction.layers.Edit(layerNumber);
     layer.thickness = ToSingle(*value);
     project.changed = true;
-    construction->window.edited = true;
-    construction->window.shownThickness = layer.thickness;
-    AdvanceToNextLayer(*construction);
+    construction.window.edited = true;
+    construction.window.shownThickness = layer.thickness;
+    AdvanceToNextLayer(construction);
     RefreshLayerList(project, number, desktop);
     return EntryResult::accepted;
 }
 
 EntryResult EnterAbsorption(Project& project, int number, std::string_view text, Desktop& desktop) {
-    Construction* construction = WithCurrentLayer(project, number);
-    if (construction == nullptr)
+    const int layer = LayerOfEntry(project, number);
+    if (layer == 0)
         return EntryResult::nothing;
     const std::optional<double> value = TypedNumber(text, desktop);
     if (!value)
         return EntryResult::refused;
-    construction->layers.Edit(construction->currentLayer).absorption = ToSingle(*value);
+    Construction& construction = project.constructions[number];
+    construction.layers.Edit(SlotOfLayer(construction, layer)).absorption = ToSingle(*value);
     return EntryResult::accepted;
 }
 
@@ -111,10 +111,12 @@ void SelectLine(Project& project, int number, int line, const std::vector<bool>&
     RestoreThickness(construction);
 }
 
-void RestoreThickness(Construction& construction) {
+bool RestoreThickness(Construction& construction) {
     const double thickness = CurrentLayer(construction).thickness;
-    if (thickness >= 0)
-        construction.window.shownThickness = thickness;
+    if (thickness < 0)
+        return false;
+    construction.window.shownThickness = thickness;
+    return true;
 }
 
 std::string CleanEntry(std::string_view text) {

@@ -30,8 +30,9 @@ void ChangeType(Project& project, int number, int typeIndex);
 /// Makes a line of the layer list (from 0; -1 none) the current layer and takes over the marks.
 void SelectLine(Project& project, int number, int line, const std::vector<bool>& marks);
 
-/// Lets the thickness field show the stored thickness of the current layer again.
-void RestoreThickness(Construction& construction);
+/// Lets the thickness field show the stored thickness of the current layer again. False over a
+/// negative one: the field keeps the text that it has.
+bool RestoreThickness(Construction& construction);
 
 /// Typed or pasted text for a name: control characters become one blank each.
 std::string CleanEntry(std::string_view text);

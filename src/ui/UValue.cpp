@@ -160,8 +160,8 @@ void UValue::EditThick_KeyPress() {
 void UValue::EditThick_LostFocus() {
     if (IsEmpty())
         return;
-    RestoreThickness(Record());
-    ui.EditThick->setText(ToText(ThicknessText(Record().window.shownThickness)));
+    if (RestoreThickness(Record()))
+        ui.EditThick->setText(ToText(ThicknessText(Record().window.shownThickness)));
 }
 
 void UValue::AbsorpText_KeyPress() {

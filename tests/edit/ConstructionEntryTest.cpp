@@ -24,7 +24,18 @@ TEST_F(AbsorptionEntry, BeyondA32BitFloatIsRefused) {
     Current().layers.Edit(1).absorption = 0.5F;
     EXPECT_EQ(EnterAbsorption(project, 1, "1e39", desktop), EntryResult::refused);
     EXPECT_EQ(Current().layers[1].absorption, 0.5F);
-    EXPECT_EQ(desktop.Texts(), std::vector<std::string>{"Run-time error 6"});
+    EXPECT_EQ(desktop.Texts(),
+              std::vector<std::string>{"The number is too large: run-time error 6 occurred."});
+}
+
+TEST_F(AbsorptionEntry, InAConstructionWithAGapKeepsTheSlotsAsTheyAreShown) {
+    Add("ABC");
+    Current().layers.Edit(1) = Layer();
+    Click(2);
+    const std::string result = ViewLayerList(Current()).result;
+    EXPECT_EQ(EnterAbsorption(project, 1, "0.35", desktop), EntryResult::accepted);
+    EXPECT_EQ(Current().layers[3].absorption, 0.35F);
+    EXPECT_EQ(ViewLayerList(Current()).result, result) << "the window is not shown anew";
 }
 
 TEST_F(AbsorptionEntry, DoesNothingWithoutLayers) {

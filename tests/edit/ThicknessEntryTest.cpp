@@ -73,6 +73,7 @@ TEST_P(ThicknessEntryRow, IsCheckedAndStored) {
 
 constexpr char tooThin[] = "Thickness is set to less than 1";
 constexpr char tooThick[] = "Thickness is Greater than 1m, do you want this value";
+constexpr char tooLarge[] = "The number is too large: run-time error 6 occurred.";
 constexpr auto accepted = EntryResult::accepted;
 constexpr auto refused = EntryResult::refused;
 
@@ -95,8 +96,8 @@ const EntryRow rows[] = {
     {"JustAboveAThousand", "1000.00000001", 0.5F, refused, 100, tooThick, Answer::no},
     {"StoredAsA32BitFloat", "100.1", 0.5F, accepted, 100.1F},
     {"LeadingNumberOnly", "12mm", 0.5F, accepted, 12},
-    {"BeyondA32BitFloat", "1e39", 0.5F, refused, 100, "Run-time error 6"},
-    {"BeyondAnyNumber", "1e999", 0.5F, refused, 100, "Run-time error 6"},
+    {"BeyondA32BitFloat", "1e39", 0.5F, refused, 100, tooLarge},
+    {"BeyondAnyNumber", "1e999", 0.5F, refused, 100, tooLarge},
 };
 
 INSTANTIATE_TEST_SUITE_P(Values, ThicknessEntryRow, testing::ValuesIn(rows),
@@ -150,6 +151,23 @@ TEST_F(ThicknessEntry, ClosesUpEmptySlotsFirst) {
     EXPECT_EQ(Stored(1), 105);
 }
 
+TEST_F(ThicknessEntry, RefusedInAConstructionWithAGapLeavesEverythingAsItIsShown) {
+    Add("ABC");
+    Current().layers.Edit(1) = Layer();
+    Click(2);
+    const std::string result = View().result;
+    desktop.Answers(Answer::no);
+    for (const char* text : {"0", "1500", "1e39"}) {
+        EXPECT_EQ(Enter(text), EntryResult::refused);
+        EXPECT_EQ(View().result, result) << "the window is not shown anew";
+        EXPECT_EQ(Current().layers[3].name, "C");
+        EXPECT_EQ(CurrentLayer(), 2);
+    }
+    EXPECT_EQ(Enter("105"), EntryResult::accepted);
+    EXPECT_EQ(Names(), "BC");
+    EXPECT_EQ(Stored(2), 105);
+}
+
 // The field shows whole millimetres, so Enter on what it shows stores those.
 TEST_F(ThicknessEntry, OfTheShownTextStoresTheRoundedValue) {
     Add("A");
@@ -175,6 +193,20 @@ TEST_F(ThicknessEntry, IsRestoredFromTheStoredValueWhenTheFieldIsLeft) {
     construction.currentLayer = 0;
     RestoreThickness(construction);
     EXPECT_EQ(View().editThick, "");
+}
+
+TEST_F(ThicknessEntry, IsLeftAsItIsOverANegativeStoredValue) {
+    Add("A");
+    Construction& construction = Current();
+    construction.layers.Edit(1).conductivity = -3;
+    for (const double thickness : {-5.0, -0.25}) {
+        construction.layers.Edit(1).thickness = thickness;
+        EXPECT_FALSE(RestoreThickness(construction)) << "the field keeps its text";
+    }
+    for (const double thickness : {0.0, 0.25, 105.0}) {
+        construction.layers.Edit(1).thickness = thickness;
+        EXPECT_TRUE(RestoreThickness(construction));
+    }
 }
 
 TEST(StartsThicknessEntry, WithADigitOrAPoint) {
