@@ -133,14 +133,19 @@ double LeadingNumber(std::string_view text) {
 }
 
 float ToSingle(double value) {
-    if (!(std::abs(value) <= std::numeric_limits<float>::max()))
+    constexpr double largest = std::numeric_limits<float>::max();
+    constexpr double roundsBeyond = 0x1.ffffffp127; // half a step above the largest
+    if (!(std::abs(value) < roundsBeyond))
         throw RuntimeError(ErrorNumber::overflow);
-    return static_cast<float>(value);
+    return static_cast<float>(std::clamp(value, -largest, largest));
 }
 
 double AsDecimal(float value) {
     std::array<char, 32> text{};
-    const auto end = std::to_chars(text.data(), text.data() + text.size(), value).ptr;
+    // Without an exponent, large numbers have all their digits, which are more than are needed.
+    const auto end =
+        std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::scientific)
+            .ptr;
     double decimal = value;
     std::from_chars(text.data(), end, decimal);
     return decimal;

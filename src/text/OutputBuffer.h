@@ -2,6 +2,7 @@
 
 #include "text/Format.h"
 
+#include <algorithm>
 #include <charconv>
 #include <functional>
 #include <memory>
@@ -30,9 +31,13 @@ public:
         MakeRoom();
         end = std::to_chars(end, end + longestNumber, value).ptr;
     }
+    /// A value that rounds to zero has no sign: it would be gone when the file is written again.
     void PutNumber(double value, NumberPattern pattern) {
         MakeRoom();
-        end = strativo::PutNumber(end, value, pattern);
+        char* const start = end;
+        end = strativo::PutNumber(start, value, pattern);
+        if (value < 0 && std::none_of(start, end, [](char c) { return c >= '1' && c <= '9'; }))
+            end = strativo::PutNumber(start, 0, pattern);
     }
     /// Hands on what is left; to be called at the end.
     void Flush();

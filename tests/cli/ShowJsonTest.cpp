@@ -71,6 +71,13 @@ TEST_F(ShowJson, MessagesAreVerbatimAndEncodedInUtf8) {
                            "Command line error\rConstruction file (p) is missing."}])"));
 }
 
+TEST_F(ShowJson, WritesLargeFloatsAsTheShortestDecimalToo) {
+    folder.Write("std.lby", "12'BRICK' 123456789 1 1\r\n");
+    folder.Write("a.con", Lines({standardLine, "!CONSTRUCTION 'A'", "_ 1 = 12 0.1 0 ", "!END"}));
+    EXPECT_THAT(RunTool({"show", "--json", "a.con"}).out,
+                HasSubstr("\"conductivity\": 123456790.0, "));
+}
+
 TEST_F(ShowJson, WritesFloatsAndDoublesAsTheShortestDecimal) {
     folder.Write("std.lby", "12'BRICK' 0.84 0.656472 3.119699\r\n");
     folder.Write("a.con", Lines({standardLine, "!CONSTRUCTION 'A'", "!TYPE TRANSPARENT",

@@ -207,6 +207,23 @@ TEST_F(ConstructionWriter, WritesADiffusionTableOnlyForATypeThatHasOne) {
               std::string::npos);
 }
 
+TEST_F(ConstructionWriter, WritesZeroWithoutASignSoThatWritingTwiceGivesTheSameBytes) {
+    Layer& layer = AddLayer("A");
+    layer.materialCode = 0;
+    layer.thickness = -0.4;
+    layer.conductivity = -0.3F;
+    layer.absorption = -0.004F;
+    project.constructions[1].type = transparentType;
+    EXPECT_EQ(PartLine(), "_ 1 =       0      0.000      0      0.00      * A");
+    layer.thickness = -0.5;
+    EXPECT_EQ(PartLine(), "_ 1 =       0      -0.001      0      0.00      * A");
+    AddGlassType(project, "G");
+    project.glassTypes[1].transmission[1] = -0.0004F;
+    project.glassTypes[1].transmission[2] = -0.0F;
+    project.glassTypes[1].transmission[3] = -0.5F;
+    EXPECT_NE(FormatConstructionFile(project).find("=\r\n0.0, 0.0, -0.5, 0.0"), std::string::npos);
+}
+
 TEST_F(ConstructionWriter, SkipsAGlassTypeWhoseNameWasEmptied) {
     AddGlassType(project, "A");
     AddGlassType(project, "B");

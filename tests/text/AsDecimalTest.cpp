@@ -19,6 +19,12 @@ TEST(AsDecimal, IsTheDoubleOfTheShortestDecimal) {
     EXPECT_TRUE(std::signbit(AsDecimal(-0.0F)));
 }
 
+TEST(AsDecimal, IsTheShortestDecimalOfALargeFloatToo) {
+    EXPECT_EQ(AsDecimal(123456789.0F), 123456790.0);
+    EXPECT_EQ(AsDecimal(-87654321.0F), -87654320.0);
+    EXPECT_EQ(AsDecimal(1e20F), 1e20);
+}
+
 TEST(AsDecimal, ReadsBackToTheSameFloat) {
     std::mt19937 random(1);
     for (int i = 0; i < 100000; ++i) {

@@ -153,6 +153,14 @@ TEST(ToSingle, RoundsToA32BitFloat) {
     EXPECT_EQ(ToSingle(std::numeric_limits<float>::max()), std::numeric_limits<float>::max());
 }
 
+TEST(ToSingle, TakesWhatRoundsToTheLargest32BitFloat) {
+    constexpr float largest = std::numeric_limits<float>::max();
+    EXPECT_EQ(ToSingle(3.4028235e38), largest);
+    EXPECT_EQ(ToSingle(-3.4028235e38), -largest);
+    EXPECT_EQ(ToSingle(3.4028235677973362e38), largest);
+    EXPECT_EQ(ErrorOf([] { ToSingle(3.4028235677973366e38); }), 6);
+}
+
 TEST(ToSingle, BeyondA32BitFloatIsErrorSix) {
     EXPECT_EQ(ErrorOf([] { ToSingle(1e39); }), 6);
     EXPECT_EQ(ErrorOf([] { ToSingle(-1e39); }), 6);
