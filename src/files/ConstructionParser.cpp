@@ -270,7 +270,7 @@ Layer ReadPart(std::string_view line, bool transparent) {
     layer.materialCode = ToInteger(LeadingNumber(reader.PieceBeforeBlank()));
     if (layer.materialCode < 0)
         layer.conductivity = layer.materialCode;
-    reader.SkipBlanks();
+    reader.SkipBlanksAndControls();
     layer.thickness = Millimetres(LeadingNumber(reader.Piece()));
     if (transparent) {
         reader.SkipBlanks();
@@ -289,8 +289,9 @@ ParsedFile ParseConstructionFile(std::string_view bytes, Project& project, Deskt
 }
 
 void ParsePartLine(std::string_view line, bool transparent, Project& project, Desktop& desktop) {
+    // Before the numbers are taken, which may fail.
+    project.userLibraryNeeded = project.userLibraryNeeded || Contains(line, '@');
     Layer layer = ReadPart(line, transparent);
-    project.userLibraryNeeded = project.userLibraryNeeded || layer.library == userLibraryNumber;
     Construction& construction = project.constructions[project.currentConstruction];
     const int slot = construction.layers.HighestUsed() + 1;
     if (slot > maxLayers) {

@@ -30,13 +30,13 @@ std::optional<Material> StandardRecord(std::string_view line) {
     const std::string_view name = QuotedText(line);
     material.name = NormaliseMaterialName(name);
     PieceReader reader(line, open + name.size() + 2);
-    reader.SkipBlanks();
+    reader.SkipBlanksAndControls();
     if (reader.AtLastCharacter())
         return std::nullopt;
     material.conductivity = LeadingNumber(reader.PieceBeforeBlank());
-    reader.SkipBlanks();
+    reader.SkipBlanksAndControls();
     material.density = LeadingNumber(reader.PieceBeforeBlank());
-    reader.SkipBlanks();
+    reader.SkipBlanksAndControls();
     material.specificHeat = LeadingNumber(reader.Piece());
     return material;
 }
@@ -90,11 +90,11 @@ std::optional<Material> UserRecord(std::string_view naming, std::string_view num
     material.name = NormaliseMaterialName(naming.substr(nameStart));
     PieceReader reader(numbers, 0);
     material.conductivity = LeadingNumber(reader.PieceBeforeBlank());
-    reader.SkipBlanks();
+    reader.SkipBlanksAndControls();
     if (reader.AtLastCharacter())
         return std::nullopt;
     material.density = LeadingNumber(reader.PieceBeforeBlank());
-    reader.SkipBlanks();
+    reader.SkipBlanksAndControls();
     material.specificHeat = LeadingNumber(reader.Piece());
     return material;
 }

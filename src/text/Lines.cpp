@@ -77,6 +77,10 @@ std::string_view QuotedText(std::string_view line) {
 }
 
 void PieceReader::SkipBlanks() {
+    position = std::min(text.find_first_not_of(" \t", position), text.size());
+}
+
+void PieceReader::SkipBlanksAndControls() {
     while (position < text.size() && static_cast<unsigned char>(text[position]) < 33)
         ++position;
 }

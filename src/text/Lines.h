@@ -38,8 +38,10 @@ class PieceReader {
 public:
     PieceReader(std::string_view line, std::size_t start) : text(line), position(start) {}
 
-    /// Moves on to the next character whose code is above 32, if there is one.
+    /// Moves on to the next character that is no blank, if there is one.
     void SkipBlanks();
+    /// The same, but any code below 33 counts as a blank.
+    void SkipBlanksAndControls();
     /// Stands exactly on the last character.
     bool AtLastCharacter() const { return position + 1 == text.size(); }
     /// The text up to the next blank; run-time error 5 when no blank follows.

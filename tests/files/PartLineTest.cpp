@@ -52,6 +52,18 @@ TEST_F(PartLine, GivesALayerOfTheUserLibrary) {
     EXPECT_TRUE(project.userLibraryNeeded);
 }
 
+TEST_F(PartLine, OfAUserMaterialMakesTheLibraryNeededThoughItsNumbersFail) {
+    EXPECT_EQ(Failure("_ 2 =      @12"), 5);
+    EXPECT_TRUE(project.userLibraryNeeded);
+}
+
+TEST_F(PartLine, SkipsControlCharactersBeforeTheThicknessOnly) {
+    EXPECT_EQ(Read("_ 1 = 12 \x01 0.1 0 0.5", true).thickness, 100);
+    EXPECT_EQ(Read("_ 1 = \x01 12 0.1 0 0.5", true).materialCode, 0) << "the control is a piece";
+    EXPECT_EQ(Read("_ 1 = 12 0.1 \x01 0.25 0.5", true).absorption, 0.25F);
+    EXPECT_EQ(Read("_ 1 = 12 0.1 0 \x01 0.5", true).absorption, 0) << "the control is the piece";
+}
+
 TEST_F(PartLine, SkipsNoBlanksBehindTheUserMark) {
     const Layer layer = Read("_ 1 =      @ 7 0.012 0 ");
     EXPECT_EQ(layer.materialCode, 0) << "the text up to the next blank is empty";

@@ -124,9 +124,15 @@ TEST(PieceReader, KnowsTheLastCharacter) {
     EXPECT_FALSE(reader.AtLastCharacter());
 }
 
+TEST(PieceReader, TakesControlsForTextWhereOnlyBlanksAreSkipped) {
+    PieceReader reader(" \t \x01 a", 0);
+    reader.SkipBlanks();
+    EXPECT_EQ(reader.Piece(), "\x01");
+}
+
 TEST(PieceReader, TakesCodesAboveTheBlankAsText) {
     PieceReader reader("\x01\x1F !\xFF", 0);
-    reader.SkipBlanks();
+    reader.SkipBlanksAndControls();
     EXPECT_EQ(reader.Piece(), "!\xFF");
 }
 
