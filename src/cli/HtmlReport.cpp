@@ -3,7 +3,10 @@
 #include "calc/CavityTypes.h"
 #include "calc/LayerList.h"
 #include "calc/UValue.h"
-#include "cli/ReportDrawing.h"
+#include "draw/GlassCurves.h"
+#include "draw/MaterialKind.h"
+#include "draw/Section.h"
+#include "draw/Svg.h"
 #include "files/Findings.h"
 #include "text/Format.h"
 #include "text/Windows1252.h"
@@ -30,8 +33,7 @@ constexpr char styleSheet[] =
     ".key { display: inline-block; width: .9em; height: .9em; border: 1px solid #555;"
     " vertical-align: -1px; margin-right: .4em; }\n"
     ".u { font-size: 12pt; } .note { color: #555; font-size: 9pt; }\n"
-    "svg { display: block; max-width: 100%; margin: .4em 0; } svg text { font-size: 10px; }\n"
-    ".grid { stroke: #ddd; stroke-width: .7; }\n"
+    "svg { display: block; max-width: 100%; margin: .4em 0; }\n"
     "@media print { body { margin: 0; padding: 0; max-width: none; } th, rect, .key {"
     " -webkit-print-color-adjust: exact; print-color-adjust: exact; } }\n";
 
@@ -94,7 +96,7 @@ private:
     }
 
     static std::string Key(MaterialKind kind) {
-        return std::string("<span class=\"key\" style=\"background:") + KindColour(kind)
+        return std::string("<span class=\"key\" style=\"background:") + ColourText(KindColour(kind))
                + "\"></span>";
     }
 
@@ -106,7 +108,7 @@ private:
             << " &nbsp; <span class=\"u\">Indicative U-value <b>" << UValueText(construction)
             << "</b> W/m<sup>2</sup>K</span></p>\n";
         if (LayerCount(construction) > 0) {
-            out << SectionSvg(construction);
+            out << SvgElement(DrawSection(construction, {}, HeatFlow::horizontal), "section");
             WriteLayers(construction, transparent);
         }
         out << "</section>\n";
@@ -151,7 +153,8 @@ private:
     void WriteGlassType(int number) {
         const GlassType& type = project.glassTypes[number];
         out << "<section>\n<h2>Glass type " << number << ": " << Show(type.name) << "</h2>\n"
-            << GlassCurveSvg(type) << "<table>\n<thead><tr><th class=\"text\">Angle</th>";
+            << SvgElement(DrawGlassCurves(type), "curve")
+            << "<table>\n<thead><tr><th class=\"text\">Angle</th>";
         for (int value = 2; value <= AngularValues::last; ++value)
             out << "<th>" << IncidenceAngle(value) << "&deg;</th>";
         out << "<th>diffuse</th></tr></thead>\n<tbody>\n";

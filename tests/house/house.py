@@ -10,7 +10,7 @@ import os
 import re
 import sys
 
-CORE = ["model", "text", "port", "calc", "edit", "files", "project"]
+CORE = ["model", "text", "port", "calc", "draw", "edit", "files", "project"]
 
 # What each room under src/ may include beside its own files and the standard library.
 MAY_INCLUDE = {
@@ -18,6 +18,7 @@ MAY_INCLUDE = {
     "text": [],
     "port": [],
     "calc": ["model", "text", "port"],
+    "draw": ["model", "text", "calc"],
     "edit": ["model", "text", "port", "calc"],
     "files": ["model", "text", "port", "calc", "edit"],
     "project": ["model", "text", "port", "calc", "edit", "files"],
