@@ -5,7 +5,6 @@
 #include <QPainter>
 #include <QToolButton>
 
-#include <algorithm>
 #include <utility>
 
 namespace strativo {
@@ -86,12 +85,6 @@ QSize ChildWindow::SizeAround(QSize content) {
     return content + QSize(2 * border, 2 * border + titleHeight);
 }
 
-QPoint ChildWindow::WithinReach(QPoint position, QSize window, QSize area) {
-    constexpr int grasp = 40; // of the title bar, to take hold of
-    return {std::clamp(position.x(), grasp - window.width(), std::max(0, area.width() - grasp)),
-            std::clamp(position.y(), 0, std::max(0, area.height() - titleHeight))};
-}
-
 void ChildWindow::SetContent(QWidget* widget) {
     content = widget;
     content->setParent(this);
@@ -134,11 +127,8 @@ void ChildWindow::mousePressEvent(QMouseEvent* event) {
 }
 
 void ChildWindow::mouseMoveEvent(QMouseEvent* event) {
-    if (!dragging || parentWidget() == nullptr)
-        return;
-    const QPoint wanted = mapToParent(event->position().toPoint() - grip);
-    move(WithinReach(wanted, size(), parentWidget()->size()));
-    emit Moved();
+    if (dragging)
+        emit MoveWanted(mapToParent(event->position().toPoint() - grip));
 }
 
 void ChildWindow::mouseReleaseEvent(QMouseEvent*) {

@@ -22,9 +22,6 @@ public:
     static constexpr int border = 2;
     /// The size of a frame around a content of that size.
     static QSize SizeAround(QSize content);
-    /// The position that keeps a part of the title bar inside the area: a window moved out of
-    /// sight could not be moved back.
-    static QPoint WithinReach(QPoint position, QSize window, QSize area);
     static QSize IconSize() { return {176, titleHeight + 2 * border}; }
 
     void SetContent(QWidget* widget);
@@ -41,7 +38,8 @@ signals:
     void Activated();
     void MinimiseToggled();
     void CloseRequested();
-    void Moved();
+    /// Its user drags it there, in the parent's coordinates.
+    void MoveWanted(QPoint position);
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;

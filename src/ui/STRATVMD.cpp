@@ -98,7 +98,8 @@ void UValueMDI::PlaceDialog() {
     const QSize size = ChildWindow::SizeAround(dialog->size());
     area->Open(dialogId, dialog->Caption(),
                QPoint(std::max(0, area->width() - size.width() - 8),
-                      std::max(0, area->height() - size.height() - 8)));
+                      std::max(0, area->height() - size.height() - 8)),
+               {.remade = false, .cascades = false});
     area->Activate(dialogId);
 }
 
@@ -202,7 +203,7 @@ void UValueMDI::OpenGlassTypes() {
         glass = new WinForm(program);
         glass->resize(glass->sizeHint());
         connect(glass, &WinForm::CloseRequested, this, [this] { ChildCloseRequested(glassId); });
-        area->Open(glassId, glass->windowTitle());
+        area->Open(glassId, glass->windowTitle(), {.remade = false});
     }
     area->Activate(glassId);
 }

@@ -4,25 +4,24 @@
 
 #include <QApplication>
 #include <QPainter>
-#include <QRegion>
-#include <QSet>
 
 #include <algorithm>
-#include <array>
 #include <set>
+#include <utility>
 
 namespace strativo {
 
 namespace {
 
-constexpr int cascadeStep = ChildWindow::titleHeight + ChildWindow::border;
-constexpr int mostCascadeSteps = 7; // leaves the Select Material dialog uncovered
 constexpr int keptUnseenFrames = 32;
 
 } // namespace
 
 WindowArea::WindowArea(MakeContent make, ContentSize size, QWidget* parent)
-    : QWidget(parent), makeContent(std::move(make)), contentSize(std::move(size)) {
+    : QWidget(parent), makeContent(std::move(make)), contentSize(std::move(size)),
+      places({ChildWindow::titleHeight, ChildWindow::titleHeight + ChildWindow::border,
+              ChildWindow::IconSize()},
+             [this] { Changed(); }) {
     setObjectName(QStringLiteral("WindowArea"));
     setAttribute(Qt::WA_OpaquePaintEvent); // it fills all of itself
     connect(qApp, &QApplication::focusChanged, this,
@@ -33,17 +32,26 @@ WindowArea::~WindowArea() {
     disconnect(qApp, nullptr, this, nullptr);
 }
 
-void WindowArea::Open(int id, const QString& caption) {
-    Open(id, caption, CascadePosition(opened++));
+/// Many changes of one action lead to one look at what can be seen.
+void WindowArea::Changed() {
+    changed = true;
+    if (std::exchange(lookComes, true))
+        return;
+    const auto look = [this] {
+        lookComes = false;
+        ShowVisible();
+    };
+    QMetaObject::invokeMethod(this, look, Qt::QueuedConnection);
 }
 
-void WindowArea::Open(int id, const QString& caption, QPoint position) {
-    Child& child = children[id];
-    child.caption = caption;
-    child.position = position;
-    child.size = ChildWindow::SizeAround(contentSize(id));
-    order.push_back(id);
-    changed = true;
+void WindowArea::Open(int id, const QString& caption, WindowTraits traits) {
+    children[id].caption = caption;
+    places.Open(id, ChildWindow::SizeAround(contentSize(id)), traits);
+}
+
+void WindowArea::Open(int id, const QString& caption, QPoint position, WindowTraits traits) {
+    children[id].caption = caption;
+    places.Open(id, ChildWindow::SizeAround(contentSize(id)), position, traits);
 }
 
 void WindowArea::Close(int id) {
@@ -56,16 +64,12 @@ void WindowArea::Close(int id) {
         found->second.frame->hide();
         found->second.frame->deleteLater();
     }
-    FreeIconSlot(found->second);
     children.erase(found);
-    order.erase(std::find(order.begin(), order.end(), id));
+    places.Close(id);
     if (active == id) {
         active = noWindow;
         activeClosed = true;
     }
-    if (children.empty())
-        opened = 0;
-    changed = true;
 }
 
 void WindowArea::SetCaption(int id, const QString& caption) {
@@ -80,67 +84,50 @@ QString WindowArea::Caption(int id) const {
 }
 
 void WindowArea::SetHidden(int id, bool hidden) {
-    Child& child = children.at(id);
-    if (child.hidden == hidden)
+    if (IsHidden(id) == hidden)
         return;
-    child.hidden = hidden;
-    changed = true;
+    places.SetHidden(id, hidden);
+    const Child& child = children.at(id);
     if (hidden && child.frame != nullptr) {
         ReleaseFocus(child);
         child.frame->hide();
     }
     if (hidden && active == id)
         ActivateTop();
-    ShowVisible();
-}
-
-bool WindowArea::IsHidden(int id) const {
-    return children.at(id).hidden;
 }
 
 void WindowArea::SetMinimised(int id, bool minimised) {
-    Child& child = children.at(id);
-    if (minimised == (child.iconSlot >= 0))
+    if (minimised == IsMinimised(id))
         return;
-    if (minimised) {
-        TakeIconSlot(child);
-        Lower(id);
-    } else {
-        FreeIconSlot(child);
-    }
-    changed = true;
-    if (child.frame == nullptr)
-        return;
-    if (minimised)
-        ReleaseFocus(child);
-    else
-        FillFrame(id, child);
-    child.frame->SetMinimised(minimised);
-    PlaceFrame(child);
+    places.SetMinimised(id, minimised);
+    if (children.at(id).frame != nullptr)
+        ShowMinimised(id);
 }
 
-bool WindowArea::IsMinimised(int id) const {
-    return children.at(id).iconSlot >= 0;
+/// Brings a frame to what its record says.
+void WindowArea::ShowMinimised(int id) {
+    const Child& child = children.at(id);
+    const bool minimised = IsMinimised(id);
+    if (minimised)
+        ReleaseFocus(child);
+    else if (child.frame->Content() == nullptr)
+        child.frame->SetContent(makeContent(id));
+    child.frame->SetMinimised(minimised);
+    child.frame->setGeometry(places.Geometry(id));
+    if (minimised)
+        child.frame->lower();
 }
 
 void WindowArea::Raise(int id) {
-    order.erase(std::find(order.begin(), order.end(), id));
-    order.push_back(id);
-    Child& child = children.at(id);
-    if (child.frame == nullptr) {
+    places.Raise(id);
+    if (children.at(id).frame == nullptr) {
         MakeFrame(id);
-        changed = true; // others may be let go for it
+        Changed(); // others may be let go for it
     }
-    child.frame->raise();
-    child.frame->show();
-}
-
-/// Icons lie below all windows, which they would cover otherwise.
-void WindowArea::Lower(int id) {
-    const auto found = std::find(order.begin(), order.end(), id);
-    std::rotate(order.begin(), found, found + 1);
-    if (children.at(id).frame != nullptr)
-        children.at(id).frame->lower();
+    ChildWindow* frame = children.at(id).frame;
+    frame->setGeometry(places.Geometry(id));
+    frame->raise();
+    frame->show();
 }
 
 void WindowArea::SetActive(int id) {
@@ -154,8 +141,8 @@ void WindowArea::SetActive(int id) {
     emit ActiveChanged(id);
 }
 
-/// A window that goes gives up the focus first: the toolkit would hand it to whatever control comes
-/// next, and so make another window active than the one that is on top.
+/// A window that goes gives up the focus first: Qt would hand it to whatever control comes next,
+/// and so make another window active than the one that is on top.
 void WindowArea::ReleaseFocus(const Child& child) {
     if (child.frame == nullptr)
         return;
@@ -164,48 +151,34 @@ void WindowArea::ReleaseFocus(const Child& child) {
         focus->clearFocus();
 }
 
-/// Moves a window back whose title bar cannot be seen, since the area has become smaller.
-void WindowArea::BringWithinReach(Child& child) {
-    const QPoint wanted = ChildWindow::WithinReach(child.position, child.size, size());
-    if (wanted == child.position)
+void WindowArea::GiveFocus(const Child& child) {
+    QWidget* content = child.frame->Content();
+    if (content == nullptr || content->isAncestorOf(window()->focusWidget()))
         return;
-    child.position = wanted;
-    changed = true;
-    if (child.frame != nullptr)
-        PlaceFrame(child);
+    // A button that is disabled by now cannot take it.
+    const bool canReturn = child.lastFocus != nullptr && child.lastFocus->isEnabled();
+    QWidget* focus = canReturn ? child.lastFocus.data() : content;
+    focus->setFocus(Qt::OtherFocusReason);
+    // An empty window takes none, and keys are not to go on to a window that is not active.
+    if (!content->isEnabled() && window()->focusWidget() != nullptr)
+        window()->focusWidget()->clearFocus();
 }
 
 void WindowArea::Activate(int id) {
     SetHidden(id, false);
     SetMinimised(id, false);
-    BringWithinReach(children.at(id));
+    places.BringWithinReach(id);
     Raise(id);
-    const bool isNew = active != id;
-    if (isNew)
+    if (active != id)
         SetActive(id);
-    Child& child = children.at(id);
-    QWidget* content = child.frame->Content();
-    if (content != nullptr && !content->isAncestorOf(window()->focusWidget())) {
-        // A button that is disabled by now cannot take it.
-        const bool canReturn = child.lastFocus != nullptr && child.lastFocus->isEnabled();
-        QWidget* focus = canReturn ? child.lastFocus.data() : content;
-        focus->setFocus(Qt::OtherFocusReason);
-        // An empty window takes none, and keys are not to go on to a window that is not active.
-        if (!content->isEnabled() && window()->focusWidget() != nullptr)
-            window()->focusWidget()->clearFocus();
-    }
-    ShowVisible();
+    GiveFocus(children.at(id));
 }
 
 void WindowArea::ActivateTop() {
-    for (auto id = order.rbegin(); id != order.rend(); ++id) {
-        const Child& child = children.at(*id);
-        if (!child.hidden && child.iconSlot < 0) {
-            Activate(*id);
-            return;
-        }
-    }
-    SetActive(noWindow);
+    if (const auto top = places.Topmost())
+        Activate(*top);
+    else
+        SetActive(noWindow);
 }
 
 void WindowArea::ActivateNext(bool backwards) {
@@ -217,49 +190,6 @@ void WindowArea::ActivateNext(bool backwards) {
     const auto index = here == windows.end() ? (backwards ? count : -1) : here - windows.begin();
     const auto next = (index + (backwards ? count - 1 : 1)) % count;
     Activate(windows[static_cast<std::size_t>(next)]);
-}
-
-void WindowArea::Cascade() {
-    int step = 0;
-    for (const int id : order) {
-        Child& child = children.at(id);
-        if (child.hidden || child.iconSlot >= 0)
-            continue;
-        child.position = CascadePosition(step++);
-        if (child.frame != nullptr)
-            PlaceFrame(child);
-    }
-    changed = true;
-    ShowVisible();
-}
-
-void WindowArea::ArrangeIcons() {
-    iconSlots.clear();
-    lowestFreeIcon = 0;
-    for (const int id : Numbered()) {
-        Child& child = children.at(id);
-        if (child.iconSlot < 0)
-            continue;
-        TakeIconSlot(child);
-        if (child.frame != nullptr)
-            PlaceFrame(child);
-    }
-    changed = true;
-    ShowVisible();
-}
-
-std::vector<int> WindowArea::Windows() const {
-    std::vector<int> windows = Numbered();
-    const auto isHidden = [this](int id) { return IsHidden(id); };
-    windows.erase(std::remove_if(windows.begin(), windows.end(), isHidden), windows.end());
-    return windows;
-}
-
-/// All windows in the order in which they were numbered.
-std::vector<int> WindowArea::Numbered() const {
-    std::vector<int> windows = order;
-    std::sort(windows.begin(), windows.end());
-    return windows;
 }
 
 QWidget* WindowArea::Content(int id) const {
@@ -274,60 +204,12 @@ int WindowArea::ExistingWindows() const {
     }));
 }
 
-QRect WindowArea::Geometry(const Child& child) const {
-    if (child.iconSlot >= 0)
-        return {IconPosition(child.iconSlot), ChildWindow::IconSize()};
-    return {child.position, child.size};
-}
-
-/// Icons fill rows from the bottom left corner.
-QPoint WindowArea::IconPosition(int slot) const {
-    const QSize icon = ChildWindow::IconSize();
-    const int perRow = std::max(1, width() / icon.width());
-    return {slot % perRow * icon.width(), height() - (slot / perRow + 1) * icon.height()};
-}
-
-/// The lowest place that is free.
-void WindowArea::TakeIconSlot(Child& child) {
-    const auto free = std::find(iconSlots.begin() + lowestFreeIcon, iconSlots.end(), false);
-    child.iconSlot = static_cast<int>(free - iconSlots.begin());
-    if (free == iconSlots.end())
-        iconSlots.push_back(true);
-    else
-        *free = true;
-    lowestFreeIcon = child.iconSlot + 1;
-}
-
-void WindowArea::FreeIconSlot(Child& child) {
-    if (child.iconSlot < 0)
-        return;
-    iconSlots[static_cast<std::size_t>(child.iconSlot)] = false;
-    lowestFreeIcon = std::min(lowestFreeIcon, child.iconSlot);
-    child.iconSlot = -1;
-}
-
-/// So many windows lie beside each other before the cascade starts again in its corner.
-int WindowArea::CascadeSteps() const {
-    const QSize window = ChildWindow::SizeAround(contentSize(1));
-    const int room = std::min(width() - window.width(), height() - window.height());
-    return std::clamp(room / cascadeStep + 1, 1, mostCascadeSteps);
-}
-
-QPoint WindowArea::CascadePosition(int step) const {
-    const int place = step % CascadeSteps() * cascadeStep;
-    return {place, place};
-}
-
 void WindowArea::MakeFrame(int id) {
     Child& child = children.at(id);
-    auto* frame = new ChildWindow(id, this);
-    child.frame = frame;
-    frame->SetCaption(child.caption);
-    frame->SetMinimised(child.iconSlot >= 0);
-    if (child.iconSlot < 0)
-        FillFrame(id, child);
-    PlaceFrame(child);
-    ConnectFrame(id, frame);
+    child.frame = new ChildWindow(id, this);
+    child.frame->SetCaption(child.caption);
+    ShowMinimised(id);
+    ConnectFrame(id, child.frame);
 }
 
 void WindowArea::ConnectFrame(int id, ChildWindow* frame) {
@@ -335,55 +217,24 @@ void WindowArea::ConnectFrame(int id, ChildWindow* frame) {
         if (!frame->IsMinimised())
             Activate(id);
     });
-    connect(frame, &ChildWindow::MinimiseToggled, this, [this, id] {
-        if (IsMinimised(id)) {
-            Activate(id);
-        } else {
-            SetMinimised(id, true);
-            if (active == id)
-                ActivateTop();
-            ShowVisible();
-        }
-    });
+    connect(frame, &ChildWindow::MinimiseToggled, this, [this, id] { ToggleMinimised(id); });
     connect(frame, &ChildWindow::FirstPainted, this, &WindowArea::ShowVisible,
             Qt::QueuedConnection);
     connect(frame, &ChildWindow::CloseRequested, this, [this, id] { emit CloseRequested(id); });
-    connect(frame, &ChildWindow::Moved, this, [this, id, frame] {
-        if (!frame->IsMinimised())
-            children.at(id).position = frame->pos();
-        changed = true;
-        ShowVisible();
+    connect(frame, &ChildWindow::MoveWanted, this, [this, id, frame](QPoint position) {
+        places.Move(id, position);
+        frame->move(places.Geometry(id).topLeft()); // at once: it follows the pointer
     });
 }
 
-void WindowArea::FillFrame(int id, Child& child) {
-    if (child.frame->Content() == nullptr)
-        child.frame->SetContent(makeContent(id));
-}
-
-void WindowArea::PlaceFrame(Child& child) {
-    child.frame->setGeometry(Geometry(child));
-}
-
-/// From the top downwards, the windows that those above leave a part of to be seen.
-std::vector<int> WindowArea::SeenWindows() const {
-    std::vector<int> seen;
-    QRegion covered;
-    std::set<std::array<int, 4>> places;
-    for (auto id = order.rbegin(); id != order.rend(); ++id) {
-        const Child& child = children.at(*id);
-        const QRect visible = Geometry(child).intersected(rect());
-        if (child.hidden || visible.isEmpty())
-            continue;
-        // Thousands of windows share the few places of the cascade; one look at each is enough.
-        const bool isNewPlace =
-            places.insert({visible.x(), visible.y(), visible.width(), visible.height()}).second;
-        if (!isNewPlace || (QRegion(visible) - covered).isEmpty())
-            continue;
-        covered += visible;
-        seen.push_back(*id);
+void WindowArea::ToggleMinimised(int id) {
+    if (IsMinimised(id)) {
+        Activate(id);
+        return;
     }
-    return seen;
+    SetMinimised(id, true);
+    if (active == id)
+        ActivateTop();
 }
 
 /// The user waits for the active window: others are made once it has been painted.
@@ -397,8 +248,9 @@ void WindowArea::ShowVisible() {
     if (!changed)
         return;
     changed = false;
+    PlaceFrames();
     const bool othersWait = ActiveComesFirst();
-    const std::vector<int> seen = SeenWindows();
+    const std::vector<int> seen = places.Seen();
     QWidget* above = nullptr;
     for (const int id : seen) {
         Child& child = children.at(id);
@@ -413,17 +265,23 @@ void WindowArea::ShowVisible() {
         child.frame->show();
         above = child.frame;
     }
-    DropUnseenFrames(seen);
+    LetGo(seen);
 }
 
-void WindowArea::DropUnseenFrames(const std::vector<int>& seen) {
-    const QSet<int> kept(seen.begin(), seen.end());
+void WindowArea::PlaceFrames() {
+    for (const auto& [id, child] : children)
+        if (child.frame != nullptr)
+            child.frame->setGeometry(places.Geometry(id));
+}
+
+/// Lets the frames go that have not been seen for longest.
+void WindowArea::LetGo(const std::vector<int>& seen) {
+    const std::set<int> kept(seen.begin(), seen.end());
     int unseen = 0;
-    for (auto id = order.rbegin(); id != order.rend(); ++id) {
+    for (auto id = places.Order().rbegin(); id != places.Order().rend(); ++id) {
         Child& child = children.at(*id);
-        if (child.frame == nullptr || kept.contains(*id) || *id <= 0 || *id == active)
-            continue;
-        if (++unseen <= keptUnseenFrames)
+        const bool stays = kept.count(*id) != 0 || !places.MayLetGo(*id) || *id == active;
+        if (child.frame == nullptr || stays || ++unseen <= keptUnseenFrames)
             continue;
         child.frame->hide();
         child.frame->deleteLater();
@@ -441,8 +299,8 @@ void WindowArea::FollowFocus(QWidget* now) {
         return;
     const int id = frame->Id();
     Child& child = children.at(id);
-    if (child.iconSlot >= 0 || child.hidden) {
-        // The toolkit gives it to what is hidden when a box closes and nothing else can be seen.
+    if (IsMinimised(id) || IsHidden(id)) {
+        // Qt gives it to what is hidden when a box closes and nothing else can be seen.
         ReleaseFocus(child);
         return;
     }
@@ -455,11 +313,7 @@ void WindowArea::FollowFocus(QWidget* now) {
 }
 
 void WindowArea::resizeEvent(QResizeEvent*) {
-    for (auto& [id, child] : children)
-        if (child.frame != nullptr && child.iconSlot >= 0)
-            PlaceFrame(child);
-    changed = true;
-    ShowVisible();
+    places.SetArea(size());
 }
 
 void WindowArea::paintEvent(QPaintEvent*) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ui/WindowPlaces.h"
+
 #include <QPointer>
 #include <QWidget>
 
@@ -11,8 +13,10 @@ namespace strativo {
 
 class ChildWindow;
 
-/// The area of the main window in which its child windows lie. Thousands of them can be open: a
-/// child is a light record, and its widgets exist only once a part of it can be seen.
+/// The area of the main window in which its child windows lie. Thousands of them can be open: the
+/// widgets of one exist only once a part of it can be seen. It owns the frames and the focus; where
+/// a window lies is a matter of its WindowPlaces. After any change it shows what can be seen by
+/// itself, with the next turn of the event loop.
 class WindowArea : public QWidget {
     Q_OBJECT
 
@@ -27,18 +31,18 @@ public:
 
     /// Adds a window on top of the others, without activating it; the next place of the cascade,
     /// unless one is given.
-    void Open(int id, const QString& caption);
-    void Open(int id, const QString& caption, QPoint position);
+    void Open(int id, const QString& caption, WindowTraits traits = {});
+    void Open(int id, const QString& caption, QPoint position, WindowTraits traits = {});
     void Close(int id);
-    bool Has(int id) const { return children.count(id) != 0; }
+    bool Has(int id) const { return places.Has(id); }
 
     void SetCaption(int id, const QString& caption);
     QString Caption(int id) const;
     /// Shows or hides a window that stays open.
     void SetHidden(int id, bool hidden);
-    bool IsHidden(int id) const;
+    bool IsHidden(int id) const { return places.IsHidden(id); }
     void SetMinimised(int id, bool minimised);
-    bool IsMinimised(int id) const;
+    bool IsMinimised(int id) const { return places.IsMinimised(id); }
 
     /// Makes the window active: on top, restored, with the focus where it last was.
     void Activate(int id);
@@ -52,19 +56,19 @@ public:
     /// The active window was closed, and no other one has become active since.
     bool ActiveWasClosed() const { return activeClosed; }
 
-    void Cascade();
-    void ArrangeIcons();
+    void Cascade() { places.Cascade(); }
+    void ArrangeIcons() { places.ArrangeIcons(); }
 
     /// Windows that are not hidden, in the order in which they were numbered.
-    std::vector<int> Windows() const;
+    std::vector<int> Windows() const { return places.Windows(); }
     /// The widget inside the window, if it exists by now.
     QWidget* Content(int id) const;
     /// Number of windows whose widgets exist.
     int ExistingWindows() const;
 
-    /// Makes the widgets of the windows that can be seen by now, and lets those of long unseen ones
-    /// go. Called after any change; cheap when there was none. A new active window comes alone at
-    /// first, the others that can be seen right after it.
+    /// Does at once what follows any change by itself: makes the widgets of the windows that can
+    /// be seen by now, and lets those of long unseen ones go. Cheap when nothing has changed. A new
+    /// active window comes alone at first, the others that can be seen right after it.
     void ShowVisible();
 
 signals:
@@ -78,45 +82,32 @@ protected:
 private:
     struct Child {
         QString caption;
-        QPoint position;
-        QSize size;
-        int iconSlot = -1; ///< place among the icons; -1 when not minimised
-        bool hidden = false;
         ChildWindow* frame = nullptr;
         QPointer<QWidget> lastFocus;
     };
 
-    QRect Geometry(const Child& child) const;
-    QPoint IconPosition(int slot) const;
-    void TakeIconSlot(Child& child);
-    void FreeIconSlot(Child& child);
-    int CascadeSteps() const;
-    QPoint CascadePosition(int step) const;
+    void Changed();
     static void ReleaseFocus(const Child& child);
-    void BringWithinReach(Child& child);
+    void GiveFocus(const Child& child);
     void Raise(int id);
-    void Lower(int id);
     void MakeFrame(int id);
     void ConnectFrame(int id, ChildWindow* frame);
-    void FillFrame(int id, Child& child);
-    void PlaceFrame(Child& child);
+    void ShowMinimised(int id);
+    void ToggleMinimised(int id);
+    void PlaceFrames();
     void SetActive(int id);
-    void DropUnseenFrames(const std::vector<int>& seen);
-    std::vector<int> Numbered() const;
-    std::vector<int> SeenWindows() const;
+    void LetGo(const std::vector<int>& seen);
     bool ActiveComesFirst() const;
     void FollowFocus(QWidget* now);
 
     MakeContent makeContent;
     ContentSize contentSize;
+    WindowPlaces places;
     std::unordered_map<int, Child> children;
-    std::vector<int> order; ///< from the bottom to the top
     int active = noWindow;
     bool activeClosed = false;
-    std::vector<bool> iconSlots; ///< places among the icons that are taken
-    int lowestFreeIcon = 0;      ///< no place below it is free
-    int opened = 0;              ///< counts the places of the cascade given out
-    bool changed = false;
+    bool changed = false;   ///< since the last ShowVisible
+    bool lookComes = false; ///< a ShowVisible is on its way through the event loop
 };
 
 } // namespace strativo

@@ -42,7 +42,7 @@ TEST_F(ManyWindows, ExistOnlyWhereAPartOfThemCanBeSeen) {
 TEST_F(ManyWindows, TheActiveOneIsMadeFirstAndTheOthersOnceItIsPainted) {
     StartWithMany();
     ChooseFile((folder.Path() / "many.con").string());
-    Choose("OpenProject");
+    Item("OpenProject")->trigger(); // and nothing is painted yet
     EXPECT_NE(program->ConstructionWindow(many), nullptr);
     EXPECT_EQ(program->ConstructionWindow(many - 1), nullptr);
     EXPECT_TRUE(
@@ -53,6 +53,7 @@ TEST_F(ManyWindows, AnyOfThemCanBeActivated) {
     StartWithMany();
     for (int number = 1; number <= many; number += 50)
         Area().Activate(number);
+    QTest::qWait(1);
     EXPECT_LT(Area().ExistingWindows(), mostThatCanBeSeen);
     for (const int number : {1, 2500, many}) {
         Area().Activate(number);
