@@ -50,4 +50,8 @@ using ByteSource = std::function<void(const ByteSink& sink)>;
 /// disk. The stamp becomes the new file's as soon as that is in its place.
 void ReplaceFile(const std::string& path, const ByteSource& source, FileStamp& stamp);
 
+/// The same for a file of the program's own that only this user may read: a link in its place is
+/// replaced and not followed, and nothing of an old file is kept.
+void ReplacePrivateFile(const std::string& path, std::string_view bytes);
+
 } // namespace strativo

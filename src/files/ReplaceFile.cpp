@@ -158,4 +158,13 @@ void ReplaceFile(const std::string& path, const ByteSource& source, FileStamp& s
     SyncFolder(folder);
 }
 
+void ReplacePrivateFile(const std::string& path, std::string_view bytes) {
+    const std::string folder = FolderOf(path);
+    TemporaryFile file(folder); // it is made with its user's rights only
+    file.Write(bytes);
+    FileStamp stamp;
+    file.Replace(path, stamp);
+    SyncFolder(folder);
+}
+
 } // namespace strativo

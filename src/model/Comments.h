@@ -27,6 +27,9 @@ public:
             lines[static_cast<std::size_t>(owner)].clear();
     }
 
+    /// The highest owner that ever had comments; -1 none.
+    int LastOwner() const { return static_cast<int>(lines.size()) - 1; }
+
 private:
     bool HasLinesUpTo(int owner) const { return static_cast<std::size_t>(owner) < lines.size(); }
 

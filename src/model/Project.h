@@ -56,7 +56,10 @@ struct Project {
     int glassSectionsRead2D = 0; ///< the same for two-dimensional ones
 
     Comments comments;
-    bool changed = false; ///< the project has unsaved changes
+    bool changed = false;          ///< the project has unsaved changes
+    unsigned contentsReplaced = 0; ///< counts new projects and files read
+    unsigned contentsSaved = 0;    ///< counts the writings to a file
+    bool replacingContent = false; ///< one content is gone, and the next is not whole yet
 
     LayerClipboard clipboard;
     LayerDrag drag;

@@ -44,6 +44,7 @@ bool WriteNamedFile(Project& project, Desktop& desktop) {
         ReplaceFile(project.constructionFile, write, project.stamp);
         project.stampedFile = project.constructionFile;
         project.changed = false;
+        ++project.contentsSaved;
         return true;
     } catch (const WriteError& error) {
         desktop.ShowMessage(WriteFailure(project.constructionFile, error));

@@ -54,8 +54,12 @@ void StartUp(Project& project, const Settings& settings, Desktop& desktop) {
     project.shownLibrary = standardLibraryNumber;
 }
 
+bool AsksAboutChanges(const Project& project) {
+    return project.constructionCount > 0 && project.changed;
+}
+
 bool ConfirmDiscardChanges(const Project& project, Desktop& desktop) {
-    if (project.constructionCount == 0 || !project.changed)
+    if (!AsksAboutChanges(project))
         return true;
     const Message question = YesNoQuestion("Changes have not been saved.  Continue without saving?",
                                            "Warning", Answer::no);
@@ -73,6 +77,7 @@ bool NewProject(Project& project, Desktop& desktop) {
     project.userLibraryNeeded = false;
     project.changed = false;
     project.constructionFile.clear();
+    ++project.contentsReplaced;
     desktop.RefreshGlassTypeList();
     return true;
 }

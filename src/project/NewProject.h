@@ -10,6 +10,9 @@ namespace strativo {
 /// empty untitled construction file, no library loaded.
 void StartUp(Project& project, const Settings& settings, Desktop& desktop);
 
+/// Whether the user is asked before the project is replaced by a new one.
+bool AsksAboutChanges(const Project& project);
+
 /// Asks whether unsaved changes may be lost; true without asking when there are none, and also
 /// when no construction is open.
 bool ConfirmDiscardChanges(const Project& project, Desktop& desktop);

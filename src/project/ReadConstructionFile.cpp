@@ -113,10 +113,28 @@ void ReadFile(Project& project, const std::string& source, Desktop& desktop) {
     ActivateLastRead(parsed, project, desktop);
 }
 
+/// While it lives, boxes can be open over a project that is not whole.
+class ContentReplacement {
+public:
+    explicit ContentReplacement(Project& toReplace) : project(toReplace) {
+        project.replacingContent = true;
+    }
+    ~ContentReplacement() {
+        project.replacingContent = false;
+        ++project.contentsReplaced;
+    }
+    ContentReplacement(const ContentReplacement&) = delete;
+    ContentReplacement& operator=(const ContentReplacement&) = delete;
+
+private:
+    Project& project;
+};
+
 /// Reads the source into the project, which has its file name by now. The name goes again where
 /// reading stops early, for whatever reason: a fragment must not be saved over the original.
 void ReplaceProject(Project& project, const std::string& source, const std::string& messagePrefix,
                     Desktop& desktop) {
+    const ContentReplacement replacement(project);
     ResetForReading(project, desktop);
     const unsigned activationsBefore = project.activations;
     try {

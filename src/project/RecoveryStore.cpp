@@ -1,0 +1,267 @@
+#include "project/RecoveryStore.h"
+
+#include "files/FileAccess.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <ctime>
+#include <fcntl.h>
+#include <filesystem>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace strativo {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::string_view copyEnd = ".copy";
+constexpr std::string_view lockEnd = ".lock";
+constexpr std::string_view refusedEnd = ".refused";
+constexpr std::string_view damagedEnd = ".damaged";
+constexpr std::string_view halfWrittenStart = ".strativo-";
+
+std::string Environment(const char* name) {
+    const char* value = std::getenv(name);
+    return value != nullptr ? value : "";
+}
+
+/// What there is at the path itself; false for nothing, or what cannot be looked at.
+bool Look(const std::string& path, struct stat& status) {
+    return lstat(path.c_str(), &status) == 0;
+}
+
+bool IsOwnFile(const std::string& path, struct stat& status) {
+    return Look(path, status) && S_ISREG(status.st_mode) && status.st_uid == geteuid();
+}
+
+/// Takes other users' rights away. The folder is looked at as it is opened, not as it was.
+bool IsOwnFolder(const std::string& path) {
+    constexpr mode_t ownRights = 0700;
+    const int descriptor = open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+    if (descriptor < 0)
+        return false;
+    struct stat status {};
+    const bool isOwn =
+        fstat(descriptor, &status) == 0 && status.st_uid == geteuid()
+        && ((status.st_mode & ACCESSPERMS) == ownRights || fchmod(descriptor, ownRights) == 0);
+    close(descriptor);
+    return isOwn;
+}
+
+/// The names in a folder of this user; none where there is no such folder.
+std::vector<std::string> NamesIn(const std::string& folder) {
+    std::vector<std::string> names;
+    if (!IsOwnFolder(folder))
+        return names;
+    std::error_code error;
+    for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
+         entry.increment(error))
+        names.push_back(entry->path().filename().string());
+    return names;
+}
+
+/// "OWNER.NUMBER.copy" and "OWNER.lock" name their owner before the first point.
+std::string OwnerOf(const std::string& name) {
+    return name.substr(0, name.find('.'));
+}
+
+std::string NewOwner() {
+    char time[32] = {};
+    const std::time_t now = std::time(nullptr);
+    std::tm parts{};
+    localtime_r(&now, &parts);
+    std::strftime(time, sizeof time, "%Y-%m-%d-%H%M%S-", &parts);
+    return time + std::to_string(getpid());
+}
+
+std::int64_t ModifiedAt(const struct stat& status) {
+    return MakeStamp(status).modified;
+}
+
+/// The new path, or the old one where the name cannot be changed.
+std::string Rename(const std::string& path, std::string_view end) {
+    std::string renamed = path.substr(0, path.size() - copyEnd.size()).append(end);
+    return std::rename(path.c_str(), renamed.c_str()) == 0 ? renamed : path;
+}
+
+void AddLeftCopies(const std::string& folder, std::vector<LeftCopy>& found) {
+    std::vector<std::string> names = NamesIn(folder);
+    std::erase_if(names, [](const std::string& name) {
+        return !name.ends_with(copyEnd) && !name.ends_with(lockEnd);
+    });
+    std::sort(names.begin(), names.end());
+    std::string owner;
+    std::shared_ptr<CopyLock> lock;
+    for (const std::string& name : names) {
+        if (lock == nullptr || OwnerOf(name) != owner) {
+            owner = OwnerOf(name);
+            lock.reset();
+            lock = CopyLock::Take(folder, owner);
+        }
+        const std::string path = folder + "/" + name;
+        struct stat status {};
+        if (lock != nullptr && name.ends_with(copyEnd) && IsOwnFile(path, status))
+            found.push_back({path, ModifiedAt(status), lock});
+    }
+}
+
+} // namespace
+
+std::vector<std::string> RecoveryFolders() {
+    std::string state = Environment("XDG_STATE_HOME");
+    if (!state.starts_with('/'))
+        state = Environment("HOME") + "/.local/state";
+    std::vector<std::string> folders = {state + "/strativo/recovery"};
+    if (const std::string runtime = Environment("XDG_RUNTIME_DIR"); runtime.starts_with('/'))
+        folders.push_back(runtime + "/strativo-recovery");
+    std::string temporary = Environment("TMPDIR");
+    if (!temporary.starts_with('/'))
+        temporary = "/tmp";
+    folders.push_back(temporary + "/strativo-recovery-" + std::to_string(geteuid()));
+    return folders;
+}
+
+bool MakePrivateFolder(const std::string& path) {
+    for (auto slash = path.find('/', 1); slash != std::string::npos;
+         slash = path.find('/', slash + 1))
+        mkdir(path.substr(0, slash).c_str(), S_IRWXU);
+    mkdir(path.c_str(), S_IRWXU);
+    return IsOwnFolder(path) && access(path.c_str(), W_OK) == 0;
+}
+
+std::shared_ptr<CopyLock> CopyLock::Take(const std::string& folder, const std::string& owner) {
+    const std::string path = folder + "/" + owner + std::string(lockEnd);
+    const int file =
+        open(path.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR);
+    if (file < 0)
+        return nullptr;
+    // Who held the lock a moment ago may have removed its file.
+    struct stat status {};
+    if (flock(file, LOCK_EX | LOCK_NB) == 0 && fstat(file, &status) == 0 && status.st_nlink == 1
+        && status.st_uid == geteuid())
+        return std::shared_ptr<CopyLock>(new CopyLock(folder, owner, file));
+    close(file);
+    return nullptr;
+}
+
+CopyLock::~CopyLock() {
+    const std::vector<std::string> names = NamesIn(folder);
+    const bool isLast = std::none_of(names.begin(), names.end(), [&](const std::string& name) {
+        return name.ends_with(copyEnd) && OwnerOf(name) == owner;
+    });
+    if (isLast)
+        unlink((folder + "/" + owner + std::string(lockEnd)).c_str());
+    close(descriptor);
+}
+
+bool CopyLock::IsInItsFolder() const {
+    struct stat status {};
+    return fstat(descriptor, &status) == 0 && status.st_nlink == 1;
+}
+
+std::string CopyLock::PathOfCopy(int number) const {
+    return folder + "/" + owner + "." + std::to_string(number) + std::string(copyEnd);
+}
+
+std::vector<LeftCopy> FindLeftCopies(const std::vector<std::string>& folders) {
+    std::vector<LeftCopy> found;
+    for (const std::string& folder : folders)
+        AddLeftCopies(folder, found);
+    std::sort(found.begin(), found.end(), [](const LeftCopy& left, const LeftCopy& right) {
+        return left.modified != right.modified ? left.modified > right.modified
+                                               : left.path > right.path;
+    });
+    return found;
+}
+
+void RefuseCopy(const LeftCopy& copy) {
+    // Its time becomes that of the refusal, from which it is kept for a while.
+    utimensat(AT_FDCWD, copy.path.c_str(), nullptr, AT_SYMLINK_NOFOLLOW);
+    Rename(copy.path, refusedEnd);
+}
+
+std::string SetDamagedCopyAside(const LeftCopy& copy) {
+    return Rename(copy.path, damagedEnd);
+}
+
+void RemoveOldCopies(const std::vector<std::string>& folders, std::int64_t nowSeconds) {
+    constexpr std::int64_t second = 1000000000;
+    constexpr std::int64_t day = 24 * 60 * 60 * second;
+    constexpr std::int64_t longestRefused = 30 * day;
+    constexpr std::size_t mostRefused = 20;
+    const std::int64_t now = nowSeconds * second;
+    std::vector<std::pair<std::int64_t, std::string>> refused; // by age
+    for (const std::string& folder : folders)
+        for (const std::string& name : NamesIn(folder)) {
+            const std::string path = folder + "/" + name;
+            struct stat status {};
+            if (!IsOwnFile(path, status))
+                continue;
+            const std::int64_t age = now - ModifiedAt(status);
+            if (name.starts_with(halfWrittenStart) && age > day)
+                unlink(path.c_str());
+            if (name.ends_with(refusedEnd))
+                refused.emplace_back(age, path);
+        }
+    std::sort(refused.begin(), refused.end());
+    for (std::size_t i = 0; i < refused.size(); ++i)
+        if (i >= mostRefused || refused[i].first > longestRefused)
+            unlink(refused[i].second.c_str());
+}
+
+/// A path for the next copy in the folder; "" when the folder cannot be used.
+std::string RecoveryStore::NewPath(const std::string& folder) {
+    if (!MakePrivateFolder(folder))
+        return "";
+    if (own == nullptr || ownFolder != folder || !own->IsInItsFolder()) {
+        std::shared_ptr<CopyLock> lock = CopyLock::Take(folder, NewOwner());
+        if (lock == nullptr)
+            return "";
+        own = lock;
+        ownFolder = folder;
+        held.push_back(std::move(lock));
+    }
+    return own->PathOfCopy(++copies);
+}
+
+bool RecoveryStore::Write(std::string_view bytes) {
+    const auto succeeds = [&](const std::string& path) {
+        try {
+            ReplacePrivateFile(path, bytes);
+            return true;
+        } catch (const WriteError&) {
+            return false;
+        }
+    };
+    if (HasCopy() && succeeds(current))
+        return true;
+    for (const std::string& folder : folders) {
+        const std::string path = NewPath(folder);
+        if (path.empty() || !succeeds(path))
+            continue;
+        Remove(); // the older copy in the place that takes no more
+        current = path;
+        return true;
+    }
+    return false;
+}
+
+void RecoveryStore::Remove() {
+    if (HasCopy())
+        unlink(current.c_str());
+    current.clear();
+}
+
+void RecoveryStore::Leave() {
+    current.clear();
+}
+
+void RecoveryStore::Adopt(const LeftCopy& copy) {
+    held.push_back(copy.lock);
+    current = copy.path;
+}
+
+} // namespace strativo

@@ -1,0 +1,186 @@
+#include "project/WorkKeeper.h"
+
+#include "files/FileAccess.h"
+
+#include <algorithm>
+#include <ctime>
+#include <filesystem>
+#include <utility>
+
+namespace strativo {
+
+namespace {
+
+constexpr std::chrono::milliseconds soon(100);
+
+/// There is nothing to lose in a project without a file, constructions and glass types, whatever
+/// libraries were loaded.
+bool HasWork(const Project& project) {
+    const auto isNamed = [](const auto& type) { return !type.name.empty(); };
+    return !project.constructionFile.empty() || project.constructionCount > 0
+           || std::any_of(project.glassTypes.begin(), project.glassTypes.end(), isNamed)
+           || std::any_of(project.glassTypes2D.begin(), project.glassTypes2D.end(), isNamed);
+}
+
+std::string Absolute(const std::string& path) {
+    std::error_code error;
+    return path.empty() ? "" : std::filesystem::absolute(path, error).string();
+}
+
+/// Where the library was found; its name where that leads nowhere.
+std::string LibraryPath(const Project& project, const std::string& name) {
+    if (name.empty() || name == singleBlank)
+        return "";
+    try {
+        return Absolute(FindFile(name, FolderOf(project.constructionFile)));
+    } catch (const RuntimeError&) {
+        return name;
+    }
+}
+
+} // namespace
+
+std::string TextOf(KeepNotice notice) {
+    switch (notice) {
+    case KeepNotice::notKept:
+        return "Unsaved work is not being kept: no folder takes a copy of it";
+    case KeepNotice::left:
+        return "The work that was not saved is kept, and offered at the next start";
+    case KeepNotice::onlySaveAs:
+        return "This does not count as a change: Save construction file as... keeps it";
+    default:
+        return "";
+    }
+}
+
+bool WorkKeeper::IsUnsettled(const Project& project) const {
+    return project.contentsReplaced != replacedSeen || project.contentsSaved != savedSeen;
+}
+
+std::optional<std::chrono::milliseconds> WorkKeeper::Look(const Project& project,
+                                                          CopySchedule::Clock::time_point now) {
+    if (writing.valid() && !IsWriting())
+        FinishCopy();
+    if (project.replacingContent)
+        return soon;
+    if (IsUnsettled(project))
+        Settle(project);
+    NoticeEdit(project, now);
+    if (seen == saved) {
+        GiveUp();
+        return std::nullopt;
+    }
+    if (isFailing && !schedule.Wait(now))
+        schedule.Edited(now); // once more later on
+    const auto wait = schedule.Wait(now);
+    if (wait && wait->count() == 0 && !IsWriting()) {
+        StartCopy(project);
+        return soon;
+    }
+    return IsWriting() ? soon : wait;
+}
+
+void WorkKeeper::NoticeEdit(const Project& project, CopySchedule::Clock::time_point now) {
+    const std::uint64_t digest = HasWork(project) ? ContentDigest(project) : saved;
+    if (digest == seen)
+        return;
+    seen = digest;
+    schedule.Edited(now);
+    if (seen != saved && !project.changed)
+        notice = KeepNotice::onlySaveAs;
+}
+
+void WorkKeeper::Settle(const Project& project) {
+    FinishCopy();
+    const bool isReplaced = project.contentsReplaced != replacedSeen;
+    if (isReplaced && !userWasAsked && store.HasCopy()) {
+        store.Leave();
+        notice = KeepNotice::left;
+    }
+    store.Remove();
+    schedule.Settled();
+    saved = ContentDigest(project);
+    seen = saved;
+    replacedSeen = project.contentsReplaced;
+    savedSeen = project.contentsSaved;
+}
+
+void WorkKeeper::ExpectReplacement(const Project& project, bool userIsAsked) {
+    KeepNow(project);
+    userWasAsked = userIsAsked;
+}
+
+void WorkKeeper::KeepNow(const Project& project) {
+    if (project.replacingContent)
+        return;
+    if (IsUnsettled(project))
+        Settle(project);
+    NoticeEdit(project, CopySchedule::Clock::now());
+    FinishCopy();
+    if (seen == saved)
+        return GiveUp();
+    if (store.HasCopy() && written == seen)
+        return;
+    StartCopy(project);
+    FinishCopy();
+}
+
+void WorkKeeper::GiveUp() {
+    if (!store.HasCopy() && !writing.valid())
+        return schedule.Settled();
+    FinishCopy();
+    store.Remove();
+    schedule.Settled();
+}
+
+void WorkKeeper::TakeOver(const LeftCopy& copy, const SnapshotHead& head, const Project& project) {
+    FinishCopy();
+    store.Adopt(copy);
+    saved = head.savedContent;
+    seen = ContentDigest(project);
+    written = seen;
+    replacedSeen = project.contentsReplaced;
+    savedSeen = project.contentsSaved;
+    schedule.Settled();
+}
+
+KeepNotice WorkKeeper::TakeNotice() {
+    return std::exchange(notice, KeepNotice::none);
+}
+
+SnapshotHead WorkKeeper::HeadOf(const Project& project) const {
+    SnapshotHead head;
+    head.time = std::time(nullptr);
+    head.originalPath = Absolute(project.constructionFile);
+    head.standardLibraryPath = LibraryPath(project, project.standardLibraryFile);
+    head.userLibraryPath = LibraryPath(project, project.userLibraryFile);
+    head.savedContent = saved;
+    return head;
+}
+
+void WorkKeeper::StartCopy(const Project& project) {
+    schedule.Settled();
+    written = seen;
+    writing =
+        std::async(std::launch::async, [this, bytes = WriteSnapshot(project, HeadOf(project))] {
+            return store.Write(bytes);
+        });
+}
+
+bool WorkKeeper::IsWriting() const {
+    return writing.valid()
+           && writing.wait_for(std::chrono::seconds(0)) != std::future_status::ready;
+}
+
+void WorkKeeper::FinishCopy() {
+    if (!writing.valid())
+        return;
+    const bool failed = !writing.get();
+    if (failed && !isFailing)
+        notice = KeepNotice::notKept;
+    isFailing = failed;
+    if (failed)
+        written = saved; // an older copy, or none
+}
+
+} // namespace strativo
