@@ -3,8 +3,18 @@
 _strativo_cli() {
     local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]}
     local commands="show check rewrite import-glass report materials"
-    local options="--standard --user-library --json --user --sort --csv --output --help --version"
+    local options="--standard --user-library --json --user --sort --csv --output --strict --rule --no-rule --help --version"
+    local rules="zero-thickness zero-absorption unlinked-material unknown-cavity no-layers
+        duplicate-glass-name glass-value-range glass-energy-balance density-heat-swapped
+        thickness-range negative-value u-range thin-conductive absorption-range absorption-sum
+        duplicate-name rounded-thickness cavity-resistance conductivity-range density-range
+        heat-range no-conductivity no-heat-storage line-not-read too-many-materials duplicate-code
+        code-range reserved-name empty-name name-changed name-cut text-after-number undefined-byte"
     case $previous in
+    --rule | --no-rule)
+        mapfile -t COMPREPLY < <(compgen -W "$rules" -- "$current")
+        return
+        ;;
     --sort)
         mapfile -t COMPREPLY < <(compgen -W "name conductivity density specific-heat file" -- "$current")
         return

@@ -1,5 +1,6 @@
 # fish completion for strativo and strativo-cli
 
+set -l rules zero-thickness zero-absorption unlinked-material unknown-cavity no-layers duplicate-glass-name glass-value-range glass-energy-balance density-heat-swapped thickness-range negative-value u-range thin-conductive absorption-range absorption-sum duplicate-name rounded-thickness cavity-resistance conductivity-range density-range heat-range no-conductivity no-heat-storage line-not-read too-many-materials duplicate-code code-range reserved-name empty-name name-changed name-cut text-after-number undefined-byte
 set -l commands show check rewrite import-glass report materials
 
 complete -c strativo -k -x -a "(__fish_complete_suffix .con)"
@@ -16,6 +17,9 @@ complete -c strativo-cli -n "__fish_seen_subcommand_from materials" -l user -d "
 complete -c strativo-cli -n "__fish_seen_subcommand_from materials" -l sort -x -a "name conductivity density specific-heat file" -d "Order"
 complete -c strativo-cli -n "__fish_seen_subcommand_from report" -s o -l output -r -F -d "File to write"
 complete -c strativo-cli -n "__fish_seen_subcommand_from show" -l csv -d "One row per layer"
+complete -c strativo-cli -n "__fish_seen_subcommand_from check" -l strict -d "Exit 1 for warnings too"
+complete -c strativo-cli -n "__fish_seen_subcommand_from check" -l rule -x -a "$rules" -d "Findings of this rule only"
+complete -c strativo-cli -n "__fish_seen_subcommand_from check" -l no-rule -x -a "$rules" -d "No findings of this rule"
 complete -c strativo-cli -l json -d "Machine-readable output"
 complete -c strativo-cli -l standard -r -k -a "(__fish_complete_suffix .lby)" -d "Standard library"
 complete -c strativo-cli -l user-library -r -k -a "(__fish_complete_suffix .lby)" -d "User library"

@@ -12,14 +12,19 @@ namespace strativo {
 
 namespace {
 
+const char* SeverityName(const Finding& finding) {
+    return SeverityOf(finding) == Severity::error ? "error" : "warning";
+}
+
 Json JsonOf(const Finding& finding) {
-    Json json = {{"rule", finding.rule}};
-    if (finding.construction > 0)
-        json["construction"] = finding.construction;
-    if (finding.layer > 0)
-        json["layer"] = finding.layer;
-    if (finding.glassType > 0)
-        json["glassType"] = finding.glassType;
+    Json json = {{"rule", finding.rule}, {"severity", SeverityName(finding)}};
+    const auto addNumber = [&](const char* key, int number) {
+        if (number > 0)
+            json[key] = number;
+    };
+    addNumber("construction", finding.construction);
+    addNumber("layer", finding.layer);
+    addNumber("glassType", finding.glassType);
     json["name"] = ToUtf8(finding.name);
     json["text"] = ToUtf8(finding.text);
     return json;
@@ -39,12 +44,31 @@ void PrintAsJson(JsonWriter& writer, const Session& session, const std::vector<F
 void PrintAsText(std::ostream& out, const Session& session, const std::vector<Finding>& findings) {
     const std::string file = ShownPath(session.file);
     for (const Finding& finding : findings)
-        out << file << ": " << finding.rule << ": " << ShownText(finding.text) << '\n';
+        out << file << (SeverityOf(finding) == Severity::warning ? ": warning: " : ": ")
+            << finding.rule << ": " << ShownText(finding.text) << '\n';
+}
+
+bool IsWanted(const Finding& finding, const Invocation& call) {
+    const auto holds = [&](const std::vector<std::string>& rules) {
+        return std::find(rules.begin(), rules.end(), finding.rule) != rules.end();
+    };
+    return (call.rules.empty() || holds(call.rules)) && !holds(call.leftOutRules);
 }
 
 /// None of a file that was not read to its end, whose layers are not linked.
-std::vector<Finding> FindingsIn(const Session& session) {
-    return session.FileRead() ? FindingsOf(session.project) : std::vector<Finding>();
+std::vector<Finding> FindingsIn(const Session& session, const Invocation& call) {
+    std::vector<Finding> findings;
+    if (session.FileRead())
+        findings = FindingsOf(session.project);
+    std::erase_if(findings, [&](const Finding& finding) { return !IsWanted(finding, call); });
+    return findings;
+}
+
+int StatusOf(const std::vector<Finding>& findings, const Invocation& call) {
+    const auto counts = [&](const Finding& finding) {
+        return call.strict || SeverityOf(finding) == Severity::error;
+    };
+    return std::any_of(findings.begin(), findings.end(), counts) ? exitFindings : exitAllWell;
 }
 
 } // namespace
@@ -57,13 +81,12 @@ int Check(const Invocation& call, std::ostream& out, std::ostream& err) {
     for (const std::string& file : call.operands) {
         Session session(file, call, err);
         session.Read();
-        const std::vector<Finding> findings = FindingsIn(session);
+        const std::vector<Finding> findings = FindingsIn(session, call);
         if (call.json)
             PrintAsJson(writer, session, findings);
         else
             PrintAsText(out, session, findings);
-        status =
-            std::max({status, session.Status(), findings.empty() ? exitAllWell : exitFindings});
+        status = std::max({status, session.Status(), StatusOf(findings, call)});
     }
     if (call.json)
         writer.End(']');

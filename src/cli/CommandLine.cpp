@@ -4,6 +4,7 @@
 #include "cli/Commands.h"
 #include "cli/ExitStatus.h"
 #include "cli/TextOutput.h"
+#include "files/Finding.h"
 
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
@@ -34,6 +35,8 @@ void AddOptions(CLI::App& app, Invocation& call) {
     for (const Option& option : options) {
         if (option.flag != nullptr)
             app.add_flag(option.names, call.*option.flag);
+        else if (option.list != nullptr)
+            app.add_option(option.names, call.*option.list)->allow_extra_args(false);
         else
             app.add_option(option.names, call.*option.text);
     }
@@ -97,11 +100,20 @@ const Command* TakeCommand(Invocation& call) {
     return command;
 }
 
+void CheckRules(const Option& option, const Invocation& call, const Command& command) {
+    for (const std::string& rule : call.*option.list)
+        if (FindFindingRule(rule) == nullptr)
+            throw WrongUsage(FirstName(option) + " knows no rule " + PathToUtf8(rule), &command);
+}
+
 void CheckOptions(const Arguments& arguments, const Command& command) {
     const unsigned foreign = arguments.ownOptions & ~command.options;
     for (const Option& option : options)
         if ((option.ownOption & foreign) != 0)
             throw WrongUsage(FirstName(option) + " is no option of " + command.name, &command);
+    for (const Option& option : options)
+        if (option.list != nullptr)
+            CheckRules(option, arguments.call, command);
     const std::string& key = arguments.call.sortKey;
     if (!IsSortKey(key))
         throw WrongUsage("--sort knows no order " + PathToUtf8(key), &command);

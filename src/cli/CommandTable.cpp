@@ -15,10 +15,11 @@ const std::array<Command, 6> commands = {{
      "  strativo-cli show --json *.con | jq '.[].constructions[].result'\n"
      "  strativo-cli show --csv *.con > layers.csv\n",
      1, true, jsonOption | csvOption, Show},
-    {"check", "FILE.con...", "findings, one a line; exit 1 when there is any",
+    {"check", "FILE.con...", "findings, one a line; exit 1 for an error",
      "  strativo-cli check house.con\n"
-     "  strativo-cli check --json --standard stdmat.lby *.con\n",
-     1, true, jsonOption, Check},
+     "  strativo-cli check --json --standard stdmat.lby *.con\n"
+     "  strativo-cli check --strict --no-rule u-range house.con\n",
+     1, true, jsonOption | strictOption | ruleOption | noRuleOption, Check},
     {"rewrite", "FILE.con OUT.con", "read FILE.con, write OUT.con",
      "  strativo-cli rewrite house.con clean.con\n"
      "  strativo-cli --standard stdmat.lby rewrite house.con house.con\n",
@@ -35,7 +36,7 @@ const std::array<Command, 6> commands = {{
      1, false, jsonOption | userOption | sortOption, Materials},
 }};
 
-const std::array<Option, 9> options = {{
+const std::array<Option, 12> options = {{
     {"--standard", "LIB.lby", "answer to the prompt for the standard library, and its default path",
      noOption, nullptr, &Invocation::standardLibrary},
     {"--user-library", "LIB.lby", "answer to the prompt for the user library", noOption, nullptr,
@@ -48,6 +49,11 @@ const std::array<Option, 9> options = {{
      &Invocation::user, nullptr},
     {"--sort", "KEY", "name (default), conductivity, density, specific-heat, file (as stored)",
      sortOption, nullptr, &Invocation::sortKey},
+    {"--strict", "", "exit 1 for warnings too", strictOption, &Invocation::strict, nullptr},
+    {"--rule", "NAME", "findings of this rule only; may be given several times", ruleOption,
+     nullptr, nullptr, &Invocation::rules},
+    {"--no-rule", "NAME", "no findings of this rule; may be given several times", noRuleOption,
+     nullptr, nullptr, &Invocation::leftOutRules},
     {"-h,--help", "", "this text; after a command: about that command", noOption, &Invocation::help,
      nullptr},
     {"--version", "", "the version", noOption, &Invocation::version, nullptr},
@@ -55,10 +61,9 @@ const std::array<Option, 9> options = {{
 
 namespace {
 
-constexpr char exitStatuses[] =
-    "\nExit status: 0 all well; 1 check found something; 2 wrong usage; "
-    "3 a file could not be\nread or written, or the desktop program "
-    "would have ended. Of several, the highest.\n";
+constexpr char exitStatuses[] = "\nExit status: 0 all well; 1 check found an error; 2 wrong usage; "
+                                "3 a file could not be\nread or written, or the desktop program "
+                                "would have ended. Of several, the highest.\n";
 
 constexpr std::size_t commandWidth = 38;
 constexpr std::size_t optionWidth = 22;

@@ -6,6 +6,7 @@
 #include <iosfwd>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace strativo {
 
@@ -16,7 +17,10 @@ enum OwnOptions : unsigned {
     userOption = 2,
     sortOption = 4,
     csvOption = 8,
-    outputOption = 16
+    outputOption = 16,
+    strictOption = 32,
+    ruleOption = 64,
+    noRuleOption = 128
 };
 
 struct Command {
@@ -30,7 +34,7 @@ struct Command {
     int (*run)(const Invocation& call, std::ostream& out, std::ostream& err);
 };
 
-/// Either a flag or an option with a text.
+/// A flag, an option with a text, or one that may be given several times.
 struct Option {
     const char* names;    ///< separated by commas
     const char* argument; ///< "" for a flag
@@ -38,10 +42,11 @@ struct Option {
     unsigned ownOption; ///< of OwnOptions; noOption: every command knows it
     bool Invocation::*flag;
     std::string Invocation::*text;
+    std::vector<std::string> Invocation::*list = nullptr;
 };
 
 extern const std::array<Command, 6> commands;
-extern const std::array<Option, 9> options;
+extern const std::array<Option, 12> options;
 
 /// The command of that name, or null.
 const Command* FindCommand(std::string_view name);

@@ -11,7 +11,10 @@ struct Invocation {
     std::string standardLibrary; ///< "" when not given
     std::string userLibrary;     ///< likewise
     std::string sortKey = "name";
-    std::string output; ///< "" for standard output
+    std::string output;                    ///< "" for standard output
+    std::vector<std::string> rules;        ///< of findings; none: all
+    std::vector<std::string> leftOutRules; ///< of findings
+    bool strict = false;
     bool json = false;
     bool csv = false;
     bool user = false;

@@ -1,8 +1,10 @@
 #include "files/ConstructionWriter.h"
 
 #include "calc/CavityTypes.h"
+#include "text/Numbers.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdint>
 #include <limits>
 #include <string_view>
@@ -17,6 +19,11 @@ constexpr NumberPattern thicknessPattern = "#0.000";
 constexpr NumberPattern resistancePattern = "#0.000000";
 constexpr NumberPattern absorptionPattern = "0.00";
 constexpr NumberPattern glassPattern = "0.0##";
+
+/// For the metres of the layer's thickness.
+const NumberPattern& PatternOfThickness(const Layer& layer) {
+    return layer.materialCode == resistanceCavity ? resistancePattern : thicknessPattern;
+}
 
 class Writer {
 public:
@@ -107,13 +114,9 @@ private:
     }
 
     void WriteThickness(const Layer& layer) {
-        const double metres = layer.thickness / 1000;
-        if (layer.materialCode == resistanceCavity) {
-            out.PutNumber(metres, resistancePattern);
-            return;
-        }
-        out.PutNumber(metres, thicknessPattern);
-        out.Put("   ");
+        out.PutNumber(layer.thickness / 1000, PatternOfThickness(layer));
+        if (layer.materialCode != resistanceCavity)
+            out.Put("   ");
     }
 
     template <class Glass>
@@ -171,6 +174,13 @@ std::string FormatConstructionFile(const Project& project) {
     std::string bytes;
     WriteConstructionText(project, [&](std::string_view piece) { bytes += piece; });
     return bytes;
+}
+
+double ThicknessAsWritten(const Layer& layer) {
+    const double wholeMillimetres = std::nearbyint(layer.thickness);
+    if (layer.materialCode != resistanceCavity && wholeMillimetres == layer.thickness)
+        return wholeMillimetres;
+    return LeadingNumber(FormatNumber(layer.thickness / 1000, PatternOfThickness(layer))) * 1000;
 }
 
 } // namespace strativo

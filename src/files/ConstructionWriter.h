@@ -14,4 +14,8 @@ void WriteConstructionText(const Project& project, const ByteSink& sink);
 /// The same bytes as one text.
 std::string FormatConstructionFile(const Project& project);
 
+/// The layer's thickness as a reader of the file gets it back, whose decimals are limited: mm, or
+/// for cavity code -3 a resistance, m2 C/W. The thickness is finite.
+double ThicknessAsWritten(const Layer& layer);
+
 } // namespace strativo

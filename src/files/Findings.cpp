@@ -1,11 +1,13 @@
 #include "files/Findings.h"
 
-#include "calc/CavityTypes.h"
+#include "files/LayerPlausibility.h"
 #include "files/SaveChecks.h"
 #include "text/Format.h"
 #include "text/Numbers.h"
+#include "text/Windows1252.h"
 
 #include <algorithm>
+#include <unordered_map>
 #include <unordered_set>
 
 namespace strativo {
@@ -14,6 +16,11 @@ namespace {
 
 std::string Quoted(const std::string& name) {
     return " \"" + name + "\"";
+}
+
+std::string_view Trimmed(std::string_view text) {
+    text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
+    return text.substr(0, text.find_last_not_of(' ') + 1);
 }
 
 using MaterialCodes = std::unordered_set<double>;
@@ -42,6 +49,11 @@ public:
                 Add("zero-thickness", number, "at least one zero thickness");
             if (std::binary_search(zeroAbsorption.begin(), zeroAbsorption.end(), number))
                 Add("zero-absorption", number, "a total absorption equal to zero");
+            if (LayerCount(project.constructions[number]) == 0)
+                Add("no-layers", number, "no layers");
+            CheckName(number);
+            for (const BrokenRule& rule : RulesBrokenByConstruction(project.constructions[number]))
+                Add(rule.rule, number, rule.text);
             CheckLayers(number);
         }
     }
@@ -52,38 +64,40 @@ private:
         std::string place;
         if (layer > 0)
             place = ", layer" + SignPositionNumber(layer);
-        findings.push_back(
-            {rule, number, layer, 0, name,
-             "Construction" + SignPositionNumber(number) + Quoted(name) + place + ": " + text});
+        findings.push_back({.rule = rule,
+                            .construction = number,
+                            .layer = layer,
+                            .name = name,
+                            .text = "Construction" + SignPositionNumber(number) + Quoted(name)
+                                    + place + ": " + text});
+    }
+
+    void CheckName(int number) {
+        const auto [first, isNew] =
+            numbersByName.emplace(LowerCase(Trimmed(project.constructions[number].name)), number);
+        if (!isNew)
+            Add("duplicate-name", number,
+                "construction" + SignPositionNumber(first->second) + " has this name too");
     }
 
     void CheckLayers(int number) {
         const Construction& construction = project.constructions[number];
-        if (LayerCount(construction) == 0)
-            Add("no-layers", number, "no layers");
-        for (int slot = 1; slot <= construction.layers.HighestUsed(); ++slot)
-            if (!construction.layers[slot].name.empty())
-                CheckLayer(number, slot);
-    }
-
-    void CheckLayer(int number, int slot) {
-        const Layer& layer = project.constructions[number].layers[slot];
-        const bool user = layer.library == userLibraryNumber;
-        const int code = layer.materialCode;
-        if (code > 0 && !(user ? userCodes : standardCodes).contains(code))
-            Add("unlinked-material", number,
-                "material" + SignPositionNumber(code) + " is not in the "
-                    + (user ? "user" : "standard") + " library",
-                slot);
-        if (code < 0 && !IsNamedCavity(code))
-            Add("unknown-cavity", number, "no cavity type has the code " + FormatGeneral(code),
-                slot);
+        for (int slot = 1; slot <= construction.layers.HighestUsed(); ++slot) {
+            const Layer& layer = construction.layers[slot];
+            if (layer.name.empty())
+                continue;
+            const bool user = layer.library == userLibraryNumber;
+            const bool linked = (user ? userCodes : standardCodes).contains(layer.materialCode);
+            for (const BrokenRule& rule : RulesBrokenByLayer(layer, construction.type, linked))
+                Add(rule.rule, number, rule.text, slot);
+        }
     }
 
     const Project& project;
     std::vector<Finding>& findings;
     const MaterialCodes standardCodes;
     const MaterialCodes userCodes;
+    std::unordered_map<std::string, int> numbersByName; ///< the first of each, by its trimmed name
 };
 
 struct TablePlace {
@@ -146,8 +160,11 @@ public:
 private:
     void Add(const char* rule, int number, const std::string& text) {
         const std::string& name = types[number].name;
-        findings.push_back({rule, 0, 0, number, name,
-                            kind + SignPositionNumber(number) + Quoted(name) + ": " + text});
+        findings.push_back(
+            {.rule = rule,
+             .glassType = number,
+             .name = name,
+             .text = kind + SignPositionNumber(number) + Quoted(name) + ": " + text});
     }
 
     template <class Values>
@@ -187,6 +204,22 @@ std::vector<Finding> FindingsOf(const Project& project) {
     GlassChecks(project.glassTypes, "Glass type", findings).Run();
     GlassChecks(project.glassTypes2D, "Two-dimensional glass type", findings).Run();
     return findings;
+}
+
+std::string CurrentLayerFinding(const Project& project) {
+    if (!InUse(project, project.currentConstruction))
+        return "";
+    const Construction& construction = project.constructions[project.currentConstruction];
+    const int slot = SlotOfLayer(construction, construction.currentLayer);
+    if (slot == 0)
+        return "";
+    const Layer& layer = construction.layers[slot];
+    const MaterialLibrary& library = Library(project, layer.library);
+    std::string text;
+    for (const BrokenRule& rule : RulesBrokenByLayer(layer, construction.type,
+                                                     CodesOf(library).contains(layer.materialCode)))
+        text += (text.empty() ? "Layer" + SignPositionNumber(slot) + ": " : "; ") + rule.text;
+    return text;
 }
 
 } // namespace strativo

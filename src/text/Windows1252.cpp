@@ -34,6 +34,19 @@ void AppendUtf8(std::string& out, char32_t code) {
     }
 }
 
+char SmallLetter(char letter) {
+    const auto code = static_cast<unsigned char>(letter);
+    constexpr unsigned char multiplicationSign = 0xD7;
+    constexpr unsigned char capitalYWithDiaeresis = 0x9F;
+    const bool plain = code >= 'A' && code <= 'Z';
+    const bool marked = code >= 0xC0 && code <= 0xDE && code != multiplicationSign;
+    if (plain || marked)
+        return static_cast<char>(code + 0x20);
+    if (code == 0x8A || code == 0x8C || code == 0x8E)
+        return static_cast<char>(code + 0x10);
+    return code == capitalYWithDiaeresis ? static_cast<char>(0xFF) : letter;
+}
+
 std::size_t SequenceLength(unsigned char lead) {
     if (lead < 0x80)
         return 1;
@@ -95,6 +108,12 @@ std::string FromUtf8(std::string_view utf8) {
             utf8.remove_prefix(1);
     }
     return out;
+}
+
+std::string LowerCase(std::string_view bytes) {
+    std::string lower(bytes);
+    std::transform(lower.begin(), lower.end(), lower.begin(), SmallLetter);
+    return lower;
 }
 
 bool IsValidUtf8(std::string_view bytes) {

@@ -15,6 +15,9 @@ std::string ToUtf8(std::string_view bytes);
 /// UTF-8 as Windows-1252 bytes; what cannot be said there becomes "?".
 std::string FromUtf8(std::string_view utf8);
 
+/// Windows-1252 bytes with their capitals as small letters, those with marks included.
+std::string LowerCase(std::string_view bytes);
+
 bool IsValidUtf8(std::string_view bytes);
 
 /// A file system path for people to read: as UTF-8 when it is valid UTF-8, else as Windows-1252.

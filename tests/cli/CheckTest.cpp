@@ -1,4 +1,5 @@
 #include "cli/CommandRun.h"
+#include "files/Finding.h"
 
 #include <algorithm>
 #include <gmock/gmock.h>
@@ -44,6 +45,7 @@ TEST_P(CheckRule, IsOneJsonObject) {
     json expected = {{"file", "a.con"}, {"messages", json::array()}, {"ended", false}};
     json finding = json::parse(GetParam().finding);
     finding["rule"] = GetParam().line.substr(0, GetParam().line.find(':'));
+    finding["severity"] = "error";
     finding["text"] = GetParam().line.substr(GetParam().line.find(": ") + 2);
     expected["findings"] = {finding};
     EXPECT_EQ(Document(result), json({expected}));
@@ -111,7 +113,8 @@ TEST_F(Check, FindsNothingInAGoodFile) {
 TEST_F(Check, FindsNothingInTheHouse) {
     const RunResult result =
         RunTool({"check", std::string(STRATIVO_SOURCE) + "/data/examples/house.con"});
-    EXPECT_EQ(result.status, 0) << result.out;
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.out, "");
     EXPECT_EQ(result.err, "");
 }
 
@@ -135,6 +138,69 @@ TEST_F(Check, LooksForNothingInAFileThatWasNotReadToItsEnd) {
     EXPECT_EQ(result.out, "");
     EXPECT_EQ(result.err, "strativo-cli: broken.con: Command line error "
                           "Construction file (p) is incorrect version\n");
+}
+
+const std::string thickPart = "_ 1 =       12      2.500      0            * FACE BRICK";
+const std::string roundedPart = "_ 1 =       12      0.1055     0            * FACE BRICK";
+
+TEST_F(Check, WarningsAreToldWithTheirSeverityAndLeaveTheStatus) {
+    folder.Write("a.con", WallFile({roundedPart}));
+    const std::string text =
+        "Construction 1 \"Wall\", layer 1: 105.5 is written to the file as 106";
+    const RunResult result = RunTool({"check", "a.con"});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.err, "");
+    EXPECT_EQ(result.out, "a.con: warning: rounded-thickness: " + text + "\n");
+    const RunResult document = RunTool({"check", "--json", "a.con"});
+    EXPECT_EQ(document.status, 0);
+    EXPECT_EQ(Document(document)[0]["findings"], json({{{"rule", "rounded-thickness"},
+                                                        {"severity", "warning"},
+                                                        {"construction", 1},
+                                                        {"layer", 1},
+                                                        {"name", "Wall"},
+                                                        {"text", text}}}));
+}
+
+TEST_F(Check, StrictCountsWarnings) {
+    folder.Write("a.con", WallFile({roundedPart}));
+    EXPECT_EQ(RunTool({"check", "--strict", "a.con"}).status, 1);
+    EXPECT_EQ(RunTool({"check", "--strict", "good.con"}).status, 0);
+}
+
+TEST_F(Check, TellsOfTheRulesAskedForOnly) {
+    folder.Write("a.con", WallFile({thickPart})
+                              + Lines({"!CONSTRUCTION 'WALL'", "!PARTS", roundedPart, "!END"}));
+    const auto rulesOf = [&](std::vector<std::string> arguments) {
+        arguments.insert(arguments.begin(), {"check", "--json", "a.con"});
+        std::vector<std::string> rules;
+        const json document = Document(RunTool(arguments));
+        for (const json& finding : document[0]["findings"])
+            rules.push_back(finding["rule"]);
+        return rules;
+    };
+    using testing::ElementsAre;
+    EXPECT_THAT(rulesOf({}), ElementsAre("thickness-range", "duplicate-name", "rounded-thickness"));
+    EXPECT_THAT(rulesOf({"--rule", "thickness-range"}), ElementsAre("thickness-range"));
+    EXPECT_THAT(rulesOf({"--rule", "rounded-thickness", "--rule=thickness-range"}),
+                ElementsAre("thickness-range", "rounded-thickness"));
+    EXPECT_THAT(rulesOf({"--no-rule", "thickness-range"}),
+                ElementsAre("duplicate-name", "rounded-thickness"));
+    EXPECT_THAT(rulesOf({"--rule", "u-range"}), testing::IsEmpty());
+    EXPECT_THAT(rulesOf({"--rule", "u-range", "--no-rule", "u-range"}), testing::IsEmpty());
+}
+
+TEST_F(Check, ARuleLeftOutDoesNotMakeTheStatus) {
+    EXPECT_EQ(RunTool({"check", "--no-rule", "no-layers", "empty.con"}).status, 0);
+    EXPECT_EQ(RunTool({"check", "--rule", "u-range", "empty.con"}).status, 0);
+    EXPECT_EQ(RunTool({"check", "--rule", "no-layers", "empty.con"}).status, 1);
+}
+
+TEST_F(Check, EveryRuleIsCompletedByTheShells) {
+    for (const char* file : {"_strativo-cli", "strativo-cli.bash", "strativo-cli.fish"}) {
+        const std::string bytes = SourceFile(std::string("packaging/completions/") + file);
+        for (const FindingRule& rule : FindingRules())
+            EXPECT_THAT(bytes, testing::HasSubstr(rule.name)) << file;
+    }
 }
 
 TEST_F(Check, DecodesNamesAsWindows1252) {

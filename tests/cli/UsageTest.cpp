@@ -83,6 +83,22 @@ INSTANTIATE_TEST_SUITE_P(
                  {"check", "--sort", "name", "a"},
                  "--sort is no option of check",
                  "Usage: strativo-cli [OPTIONS] check FILE.con..."},
+        WrongUse{"StrictToShow",
+                 {"show", "--strict", "a"},
+                 "--strict is no option of show",
+                 "Usage: strativo-cli [OPTIONS] show FILE.con..."},
+        WrongUse{"RuleToShow",
+                 {"show", "--rule", "u-range", "a"},
+                 "--rule is no option of show",
+                 "Usage: strativo-cli [OPTIONS] show FILE.con..."},
+        WrongUse{"UnknownRule",
+                 {"check", "--rule", "frob", "a"},
+                 "--rule knows no rule frob",
+                 "Usage: strativo-cli [OPTIONS] check FILE.con..."},
+        WrongUse{"UnknownRuleToLeaveOut",
+                 {"check", "--no-rule", "u-range", "--no-rule", "frob", "a"},
+                 "--no-rule knows no rule frob",
+                 "Usage: strativo-cli [OPTIONS] check FILE.con..."},
         WrongUse{"UnknownOrder",
                  {"materials", "--sort", "colour", "a"},
                  "--sort knows no order colour",
@@ -112,8 +128,9 @@ TEST_F(Usage, HelpNamesEveryCommandAndOptionWithExamples) {
     for (const char* text :
          {"show FILE.con...", "check FILE.con...", "rewrite FILE.con OUT.con",
           "import-glass FILE.con FROM.con OUT.con", "materials LIB.lby", "--standard LIB.lby",
-          "--user-library LIB.lby", "--json", "--user ", "--sort KEY", "--help", "--version",
-          "Exit status: 0 all well", "Examples:\n  strativo-cli show house.con\n"})
+          "--user-library LIB.lby", "--json", "--user ", "--sort KEY", "--strict", "--rule NAME",
+          "--no-rule NAME", "--help", "--version", "Exit status: 0 all well",
+          "Examples:\n  strativo-cli show house.con\n"})
         EXPECT_THAT(result.out, HasSubstr(text));
 }
 

@@ -23,7 +23,10 @@ protected:
 
     Layer& AddWall() {
         const int number = AddConstruction(project, desktop, {"BRICK"});
-        return project.constructions[number].layers.Edit(1);
+        Layer& layer = project.constructions[number].layers.Edit(1);
+        layer.density = 1000;
+        layer.specificHeat = 1000;
+        return layer;
     }
 
     GlassType& AddGlass(const std::string& name) {
@@ -224,9 +227,10 @@ TEST_F(Findings, TwoDimensionalDiffusionIsCheckedWhereThereIsSuchATable) {
 }
 
 TEST_F(Findings, AnEmptySlotBetweenLayersIsNoLayer) {
-    AddConstruction(project, desktop, {"BRICK", "", "BRICK"});
-    project.constructions[1].layers.Edit(2).materialCode = 99;
-    project.constructions[1].layers.Edit(3).materialCode = 1;
+    const Layer brick = AddWall();
+    LayerSlots& layers = project.constructions[1].layers;
+    layers.Edit(2).materialCode = 99;
+    layers.Edit(3) = brick;
     EXPECT_THAT(Rules(), IsEmpty());
 }
 

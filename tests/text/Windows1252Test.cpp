@@ -85,5 +85,12 @@ TEST(PathToUtf8, KeepsUtf8) {
     EXPECT_EQ(PathToUtf8("/home/\u4E2D/wall.con"), "/home/\u4E2D/wall.con");
 }
 
+TEST(LowerCase, KnowsTheCapitalsOfWindows1252) {
+    EXPECT_EQ(LowerCase("AZ[az"), "az[az");
+    EXPECT_EQ(LowerCase("\xC0\xD6\xD7\xD8\xDE\xDF"), "\xE0\xF6\xD7\xF8\xFE\xDF");
+    EXPECT_EQ(LowerCase("\x8A\x8C\x8E\x9F"), "\x9A\x9C\x9E\xFF");
+    EXPECT_EQ(LowerCase("\x80\x8B\x8D\xA9"), "\x80\x8B\x8D\xA9");
+}
+
 } // namespace
 } // namespace strativo
