@@ -26,6 +26,7 @@ constexpr Target targets[] = {
     {"GlassImport", GlassImport},
     {"WriteRead", WriteRead},
     {"EditStory", EditStory},
+    {"RecoveryCopy", RecoveryCopy},
     {"Thermal", Thermal},
 };
 

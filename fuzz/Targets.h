@@ -11,6 +11,7 @@ void ConstructionFile(std::string_view bytes);
 void GlassImport(std::string_view bytes);
 void WriteRead(std::string_view bytes);
 void EditStory(std::string_view bytes);
+void RecoveryCopy(std::string_view bytes);
 void Thermal(std::string_view bytes);
 
 } // namespace strativo::fuzz

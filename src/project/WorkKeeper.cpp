@@ -106,11 +106,17 @@ void WorkKeeper::Settle(const Project& project) {
 }
 
 void WorkKeeper::ExpectReplacement(const Project& project, bool userIsAsked) {
-    KeepNow(project);
+    StartIfDue(project);
     userWasAsked = userIsAsked;
 }
 
 void WorkKeeper::KeepNow(const Project& project) {
+    StartIfDue(project);
+    FinishCopy();
+}
+
+/// The copy is up to date, or being written, afterwards.
+void WorkKeeper::StartIfDue(const Project& project) {
     if (project.replacingContent)
         return;
     if (IsUnsettled(project))
@@ -118,11 +124,9 @@ void WorkKeeper::KeepNow(const Project& project) {
     NoticeEdit(project, CopySchedule::Clock::now());
     FinishCopy();
     if (seen == saved)
-        return GiveUp();
-    if (store.HasCopy() && written == seen)
-        return;
-    StartCopy(project);
-    FinishCopy();
+        GiveUp();
+    else if (!store.HasCopy() || written != seen)
+        StartCopy(project);
 }
 
 void WorkKeeper::GiveUp() {

@@ -33,6 +33,8 @@ public:
     /// after what time it wants to be called again; nothing when not before the next action.
     std::optional<std::chrono::milliseconds> Look(const Project& project,
                                                   CopySchedule::Clock::time_point now);
+    /// The project as it was last looked at is not what its file holds.
+    bool HasUnsavedWork() const { return seen != saved; }
     /// The content was saved or replaced, and has not been looked at since.
     bool IsUnsettled(const Project& project) const;
 
@@ -56,6 +58,7 @@ public:
 private:
     void Settle(const Project& project);
     void NoticeEdit(const Project& project, CopySchedule::Clock::time_point now);
+    void StartIfDue(const Project& project);
     void StartCopy(const Project& project);
     void FinishCopy();
     bool IsWriting() const;

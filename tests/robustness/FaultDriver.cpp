@@ -5,6 +5,8 @@
 //   fault-driver save-again FILE  the same, and saves once more without faults
 //   fault-driver save-new FILE    saves a project that has no file yet
 //   fault-driver read FILE        reads the file with faults
+//   fault-driver keep FILE        reads the file, changes it, makes a recovery copy with faults
+//   fault-driver keep-again FILE  the same, where there is a copy of an earlier change
 
 #include "edit/ConstructionEntry.h"
 #include "edit/LayerClipboard.h"
@@ -12,9 +14,11 @@
 #include "project/FileCommands.h"
 #include "project/NewProject.h"
 #include "project/ReadConstructionFile.h"
+#include "project/WorkKeeper.h"
 
 #include <algorithm>
 #include <dlfcn.h>
+#include <filesystem>
 #include <iostream>
 #include <string>
 #include <string_view>
@@ -90,6 +94,25 @@ void Read(Project& project, const std::string& file, Desktop& desktop) {
     Print(project);
 }
 
+/// Copies go into the folders "copies" and "more-copies" of the working directory.
+void Keep(Project& project, bool again) {
+    const std::string here = std::filesystem::current_path().string();
+    WorkKeeper keeper({here + "/copies", here + "/more-copies"}, KeepIntervals());
+    keeper.KeepNow(project); // as it was read: nothing to keep
+    if (again) {
+        project.constructions[1].name = "earlier";
+        keeper.KeepNow(project);
+        keeper.TakeNotice();
+    }
+    project.constructions[1].name = "later";
+    project.changed = true;
+    std::cout << "ready" << std::endl;
+    Call("ArmFaults");
+    keeper.KeepNow(project);
+    Call("DisarmFaults");
+    std::cout << "kept " << (keeper.TakeNotice() != KeepNotice::notKept) << std::endl;
+}
+
 void Run(std::string_view command, const std::string& file) {
     PrintingDesktop desktop(file);
     Project project;
@@ -106,6 +129,8 @@ void Run(std::string_view command, const std::string& file) {
     } else {
         ReadConstructionFile(project, file, desktop);
     }
+    if (command.starts_with("keep"))
+        return Keep(project, command == "keep-again");
     EnterThickness(project, 1, "250", desktop);
     Save(project, desktop, command == "save-again");
 }

@@ -16,6 +16,7 @@
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <string>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
 #include <unistd.h>
@@ -198,6 +199,30 @@ int stat(const char* path, struct stat* status) noexcept {
     if (Fails(Effect("stat", path)))
         return -1;
     return Next<int(const char*, struct stat*)>("stat")(path, status);
+}
+
+int lstat(const char* path, struct stat* status) noexcept {
+    if (Fails(Effect("lstat", path)))
+        return -1;
+    return Next<int(const char*, struct stat*)>("lstat")(path, status);
+}
+
+int mkdir(const char* path, mode_t mode) noexcept {
+    if (Fails(Effect("mkdir", path)))
+        return -1;
+    return Next<int(const char*, mode_t)>("mkdir")(path, mode);
+}
+
+int access(const char* path, int mode) noexcept {
+    if (Fails(Effect("access", path)))
+        return -1;
+    return Next<int(const char*, int)>("access")(path, mode);
+}
+
+int flock(int descriptor, int operation) noexcept {
+    if (Fails(Effect("flock", PathOf(descriptor))))
+        return -1;
+    return Next<int(int, int)>("flock")(descriptor, operation);
 }
 
 int fstat(int descriptor, struct stat* status) noexcept {
