@@ -20,9 +20,14 @@ About_Strativo::About_Strativo(Program& owner, const QString& mainWindowCaption,
     : QDialog(parent), program(owner) {
     setObjectName(QStringLiteral("About_Strativo"));
     setWindowTitle(tr("About Strativo"));
-    BuildControls(mainWindowCaption);
+    BuildControls();
     LayOut();
     ConnectSignals();
+    Form_Load(mainWindowCaption);
+}
+
+void About_Strativo::Form_Load(const QString& mainWindowCaption) {
+    ui.Label1[0]->setText(mainWindowCaption);
 }
 
 QLabel* About_Strativo::AddLabel(int index, const QString& text) {
@@ -32,13 +37,13 @@ QLabel* About_Strativo::AddLabel(int index, const QString& text) {
     return label;
 }
 
-void About_Strativo::BuildControls(const QString& mainWindowCaption) {
+void About_Strativo::BuildControls() {
     ui.Picture1 = new QLabel(this);
     ui.Picture1->setObjectName(QStringLiteral("Picture1"));
     ui.Picture1->setPixmap(QIcon(QStringLiteral(":/strativo.png"))
                                .pixmap(QSize(pictureSize, pictureSize), devicePixelRatioF()));
     ui.Picture1->setAccessibleName(tr("Picture of a layered wall"));
-    ui.Label1[0] = AddLabel(0, mainWindowCaption);
+    ui.Label1[0] = AddLabel(0, tr("Brevan Strativo"));
     ui.Label1[1] = AddLabel(1, tr("Copyright © 2026 The Strativo authors"));
     ui.Label1[2] = AddLabel(2, tr("Strativo Version 2.1"));
     QFont large = ui.Label1[0]->font();
@@ -76,7 +81,27 @@ void About_Strativo::ConnectSignals() {
 
 void About_Strativo::mousePressEvent(QMouseEvent* event) {
     // Presses on the picture and on the labels arrive here too; those on the button do not count.
-    if (event->button() == Qt::RightButton && childAt(event->position().toPoint()) != ui.Close_But)
+    const QWidget* pressed = childAt(event->position().toPoint());
+    if (pressed == nullptr)
+        Form_MouseDown(event->button());
+    else if (pressed == ui.Picture1)
+        Picture1_MouseDown(event->button());
+    else if (pressed != ui.Close_But)
+        Label1_MouseDown(event->button());
+}
+
+void About_Strativo::Form_MouseDown(Qt::MouseButton button) {
+    if (button == Qt::RightButton)
+        showsource();
+}
+
+void About_Strativo::Label1_MouseDown(Qt::MouseButton button) {
+    if (button == Qt::RightButton)
+        showsource();
+}
+
+void About_Strativo::Picture1_MouseDown(Qt::MouseButton button) {
+    if (button == Qt::RightButton)
         showsource();
 }
 

@@ -27,10 +27,14 @@ private:
         QPushButton* Close_But;
     };
 
-    void BuildControls(const QString& mainWindowCaption);
+    void BuildControls();
     void LayOut();
     void ConnectSignals();
     QLabel* AddLabel(int index, const QString& text);
+    void Form_Load(const QString& mainWindowCaption);
+    void Form_MouseDown(Qt::MouseButton button);
+    void Label1_MouseDown(Qt::MouseButton button);
+    void Picture1_MouseDown(Qt::MouseButton button);
     void Close_But_Click();
     void showsource();
 

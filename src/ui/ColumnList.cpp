@@ -6,7 +6,6 @@
 
 #include <QApplication>
 #include <QFontDatabase>
-#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScrollBar>
 #include <QSignalBlocker>
@@ -51,7 +50,7 @@ QFont ColumnFont() {
 }
 
 ColumnList::ColumnList(const QString& objectName, int rows, int heightInTwips, QWidget* parent)
-    : QListWidget(parent), visibleRows(rows) {
+    : PlainList(parent), visibleRows(rows) {
     setObjectName(objectName);
     setFont(ColumnFont());
     setItemDelegate(new RowDelegate(RowHeightInPixels(), this));
@@ -90,32 +89,6 @@ int ColumnList::WidthFor(int characters) const {
     const int text = QFontMetrics(font()).horizontalAdvance(QLatin1Char('0')) * characters;
     const int scrollBar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
     return text + scrollBar + 2 * frameWidth() + 8;
-}
-
-void ColumnList::focusInEvent(QFocusEvent* event) {
-    const QModelIndex before = currentIndex();
-    QListWidget::focusInEvent(event);
-    // Merely getting the focus must not move the current line.
-    if (currentIndex() != before)
-        FocusLine(before.row());
-}
-
-QModelIndex ColumnList::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
-    // Without a focused line every key would lead to the first one.
-    if (action == MoveEnd && !currentIndex().isValid() && count() > 0)
-        return model()->index(count() - 1, 0);
-    return QListWidget::moveCursor(action, modifiers);
-}
-
-void ColumnList::FocusLine(int line) {
-    selectionModel()->setCurrentIndex(line < 0 ? QModelIndex() : model()->index(line, 0),
-                                      QItemSelectionModel::NoUpdate);
-}
-
-void ColumnList::keyPressEvent(QKeyEvent* event) {
-    // The toolkit would put the line into the system's clipboard, over what the user has there.
-    if (!event->matches(QKeySequence::Copy))
-        QListWidget::keyPressEvent(event);
 }
 
 void ColumnList::mousePressEvent(QMouseEvent* event) {

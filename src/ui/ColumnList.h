@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QListWidget>
+#include "ui/PlainList.h"
 
 #include <string>
 #include <vector>
@@ -9,7 +9,7 @@ namespace strativo {
 
 /// A list of fixed-pitch lines with rows of a fixed height: the common part of the layer list and
 /// the material list. It starts drags only beyond the platform's drag distance.
-class ColumnList : public QListWidget {
+class ColumnList : public PlainList {
     Q_OBJECT
 
 public:
@@ -32,9 +32,6 @@ signals:
     void DragWanted(int pressedLine, QPoint position, bool ctrlHeld);
 
 protected:
-    void focusInEvent(QFocusEvent* event) override;
-    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
-    void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -42,9 +39,6 @@ protected:
     /// What a press, and a release without a drag after it, mean for the selection.
     virtual void PressLine(int line, Qt::KeyboardModifiers modifiers) = 0;
     virtual void ReleaseLine(int line, Qt::KeyboardModifiers modifiers) = 0;
-
-    /// Makes the line the focused one without touching the selection; -1 for none.
-    void FocusLine(int line);
 
 private:
     int visibleRows;

@@ -52,6 +52,7 @@ void ConCommentBox::LayOut() {
 }
 
 void ConCommentBox::ConnectSignals() {
+    connect(ui.Comment, &QPlainTextEdit::textChanged, this, &ConCommentBox::Comment_Change);
     connect(ui.OKButton, &QPushButton::clicked, this, &ConCommentBox::OKButton_Click);
     connect(ui.CancelButton, &QPushButton::clicked, this, &ConCommentBox::CancelButton_Click);
 }
@@ -61,6 +62,11 @@ void ConCommentBox::Form_Load(const Project& project) {
     // One shown line for each comment: the last one's break would add an empty line.
     text.chop(1);
     ui.Comment->setPlainText(text);
+    modified = false;
+}
+
+void ConCommentBox::Comment_Change() {
+    modified = true;
 }
 
 void ConCommentBox::OKButton_Click() {

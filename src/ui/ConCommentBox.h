@@ -18,6 +18,8 @@ public:
     explicit ConCommentBox(Program& program, QWidget* parent = nullptr);
 
     QSize sizeHint() const override;
+    /// Something was typed. Nothing asks for it, on purpose: the box only shows.
+    bool IsModified() const { return modified; }
 
 private:
     struct Ui {
@@ -30,10 +32,12 @@ private:
     void LayOut();
     void ConnectSignals();
     void Form_Load(const Project& project);
+    void Comment_Change();
     void OKButton_Click();
     void CancelButton_Click();
 
     Ui ui{};
+    bool modified = false;
 };
 
 } // namespace strativo

@@ -1,6 +1,7 @@
 #include "ui/EntryField.h"
 
 #include "edit/ConstructionEntry.h"
+#include "ui/KeyRepeat.h"
 #include "ui/Text.h"
 
 #include <QApplication>
@@ -55,7 +56,7 @@ EntryField::~EntryField() {
 
 void EntryField::keyPressEvent(QKeyEvent* event) {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (enter && !event->isAutoRepeat())
+    if (enter && !IsRepeat(*event))
         emit Entered();
     else if (event->key() == Qt::Key_Escape)
         emit Escaped();

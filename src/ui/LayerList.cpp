@@ -1,6 +1,7 @@
 #include "ui/LayerList.h"
 
 #include "edit/LayerDrag.h"
+#include "ui/KeyRepeat.h"
 
 #include <QDragEnterEvent>
 #include <QKeyEvent>
@@ -57,7 +58,7 @@ std::vector<bool> LayerList::Marks() const {
 void LayerList::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Delete) {
         // A key held down since a box was in front only repeats here.
-        deletePressed = deletePressed || !event->isAutoRepeat();
+        deletePressed = deletePressed || !IsRepeat(*event);
         return;
     }
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
@@ -102,7 +103,7 @@ void LayerList::MarkRange(int line) {
 
 void LayerList::keyReleaseEvent(QKeyEvent* event) {
     // A key held down repeats, and a press may have gone to a box that closed meanwhile: only the
-    // end of a press made here counts.
+    // end of a press made here counts, or what looks like its end when a repeat is not told apart.
     const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
     if (event->key() == Qt::Key_Delete && !event->isAutoRepeat()) {
         const bool wasPressed = deletePressed;

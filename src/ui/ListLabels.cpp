@@ -1,7 +1,5 @@
 #include "ui/ListLabels.h"
 
-#include "ui/ColumnList.h"
-
 #include <QFontMetrics>
 #include <QStyle>
 
@@ -22,15 +20,6 @@ void BreakBeforeUnit(QLabel& heading) {
     const QRect place = heading.geometry();
     const QSize size(std::min(needed + 1, place.width()), place.height());
     heading.setGeometry(QStyle::alignedRect(Qt::LeftToRight, heading.alignment(), size, place));
-}
-
-void MakeDragImage(QLabel& image) {
-    image.hide();
-    image.setTextFormat(Qt::PlainText);
-    image.setFont(ColumnFont());
-    image.setAutoFillBackground(true);
-    image.setFrameStyle(QFrame::Panel | QFrame::Plain);
-    image.setMargin(2);
 }
 
 } // namespace strativo

@@ -8,7 +8,4 @@ namespace strativo {
 /// of the two, at its side (left, right or middle) of the place that it had.
 void BreakBeforeUnit(QLabel& heading);
 
-/// Makes a label look like lines lifted from a list, for the pointer to carry.
-void MakeDragImage(QLabel& image);
-
 } // namespace strativo

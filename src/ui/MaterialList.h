@@ -19,11 +19,8 @@ public:
 
 signals:
     void LineDoubleClicked();
-    /// Enter, Ctrl+C or Ctrl+Insert.
-    void CommandKeyPressed(int key);
 
 protected:
-    void keyPressEvent(QKeyEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void PressLine(int line, Qt::KeyboardModifiers modifiers) override;
     void ReleaseLine(int line, Qt::KeyboardModifiers modifiers) override;

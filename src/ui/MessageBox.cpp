@@ -1,10 +1,12 @@
 #include "ui/MessageBox.h"
 
+#include "ui/KeyRepeat.h"
 #include "ui/Text.h"
 
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QScreen>
@@ -63,6 +65,16 @@ public:
     Answer Chosen() const { return chosen; }
     void SetAnswerOnClose(Answer answer) { chosen = answer; }
 
+protected:
+    /// Enter that is still held from the entry which opened the box must not answer it unread.
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() != QEvent::KeyPress)
+            return QDialog::eventFilter(watched, event);
+        const auto& key = *static_cast<QKeyEvent*>(event);
+        const bool enter = key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
+        return enter && IsRepeat(key);
+    }
+
 private:
     QLabel* IconLabel(Icon icon) {
         auto* label = new QLabel(this);
@@ -98,6 +110,7 @@ private:
             const bool isDefault = message.buttons == Buttons::ok || answer == message.onEnter;
             auto* pushButton = static_cast<QPushButton*>(button);
             pushButton->setIcon({});
+            pushButton->installEventFilter(this);
             pushButton->setAutoDefault(true);
             pushButton->setDefault(isDefault);
             if (isDefault)

@@ -3,6 +3,8 @@
 #include "ui/ProfileGraph.h"
 #include "ui/Twips.h"
 
+#include <QCoreApplication>
+#include <QMouseEvent>
 #include <QPainter>
 
 namespace strativo {
@@ -48,6 +50,30 @@ void ProfileSheet::paintEvent(QPaintEvent*) {
     painter.setPen(figures);
     DrawValueAxis(painter);
     DrawAngleAxis(painter);
+}
+
+/// Markers of 0 and 1 stand out over the graph's edges, and can be taken hold of there as well.
+void ProfileSheet::mousePressEvent(QMouseEvent* event) {
+    const int radius = FromTwips(markerRadius, *this);
+    const QRect reach = graph->geometry().adjusted(-radius, -radius, radius, radius);
+    if (event->button() != Qt::LeftButton || !reach.contains(event->position().toPoint()))
+        return;
+    graph->setFocus(Qt::MouseFocusReason);
+    PassToGraph(*event);
+}
+
+void ProfileSheet::mouseMoveEvent(QMouseEvent* event) {
+    PassToGraph(*event);
+}
+
+void ProfileSheet::mouseReleaseEvent(QMouseEvent* event) {
+    PassToGraph(*event);
+}
+
+void ProfileSheet::PassToGraph(const QMouseEvent& event) const {
+    QMouseEvent passed(event.type(), graph->mapFromParent(event.position()), event.globalPosition(),
+                       event.button(), event.buttons(), event.modifiers());
+    QCoreApplication::sendEvent(graph, &passed);
 }
 
 void ProfileSheet::DrawValueAxis(QPainter& painter) const {

@@ -21,10 +21,14 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
     void DrawValueAxis(QPainter& painter) const;
     void DrawAngleAxis(QPainter& painter) const;
+    void PassToGraph(const QMouseEvent& event) const;
 
     ProfileGraph* graph;
     QString valueName;

@@ -58,6 +58,7 @@ QString QtDesktop::StartFolder() const {
 std::optional<std::string> QtDesktop::AskFile(const FilePrompt& prompt, bool save) {
     const NormalPointer pointer;
     QFileDialog box(&window, ToText(prompt.title), StartFolder(), DialogFilter(prompt));
+    box.setObjectName(QStringLiteral("CMDialog"));
     box.setOption(QFileDialog::DontUseNativeDialog);
     box.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     box.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);

@@ -13,6 +13,7 @@
 #include "ui/AccessKeys.h"
 #include "ui/ChildWindow.h"
 #include "ui/HelpViewer.h"
+#include "ui/KeyRepeat.h"
 #include "ui/MoreWindows.h"
 #include "ui/QtDesktop.h"
 #include "ui/Text.h"
@@ -61,6 +62,7 @@ UValueMDI::UValueMDI(QWidget* parent)
       program{project, *desktop, [this](const std::function<void()>& action) { Perform(action); }},
       area(new WindowArea([this](int id) { return MakeContent(id); },
                           [this](int id) { return ContentSize(id); }, this)) {
+    WatchKeys();
     constructionSize = UValue::FixedSize(*this);
     setObjectName(QStringLiteral("UValueMDI"));
     setWindowTitle(QLatin1String(mainCaption));
@@ -81,6 +83,7 @@ UValueMDI::UValueMDI(QWidget* parent)
 UValueMDI::~UValueMDI() {
     // Children send focus changes while they go; nobody is to act on them any more.
     area->disconnect(this);
+    dialog->Form_Unload();
     delete area;
 }
 
@@ -176,7 +179,10 @@ std::string UValueMDI::ActiveTag() const {
 }
 
 void UValueMDI::ActiveChanged(int id) {
-    project.dialogActive = id == dialogId;
+    if (id == dialogId)
+        dialog->Form_Activate();
+    else
+        dialog->Form_Deactivate();
     if (InUse(project, id))
         strativo::ActivateConstruction(project, id);
 }
@@ -310,8 +316,14 @@ void UValueMDI::dropEvent(QDropEvent* event) {
         return;
     event->setDropAction(Qt::CopyAction);
     event->accept();
-    activateWindow();
-    Perform([&] { OpenDroppedFiles(project, {path}, *desktop); });
+    // Reading may show boxes, and the other program waits for the answer to its drop.
+    QMetaObject::invokeMethod(
+        this,
+        [this, path] {
+            activateWindow();
+            Perform([&] { OpenDroppedFiles(project, {path}, *desktop); });
+        },
+        Qt::QueuedConnection);
 }
 
 } // namespace strativo

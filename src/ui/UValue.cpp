@@ -9,8 +9,10 @@
 #include "text/Format.h"
 #include "ui/ChildWindow.h"
 #include "ui/ConCommentBox.h"
+#include "ui/DragImage.h"
 #include "ui/DropLabel.h"
 #include "ui/EntryField.h"
+#include "ui/KeyRepeat.h"
 #include "ui/LayerList.h"
 #include "ui/Text.h"
 #include "ui/Twips.h"
@@ -197,12 +199,9 @@ void UValue::Construction_MouseMove(int line, QPoint position, bool ctrlHeld) {
         dragged.append(item->text());
     const int row =
         VisibleRow(position.y(), ui.Construction->RowHeightInPixels(), visibleLayerRows);
-    QLabel* image = ui.Label2[row];
-    image->setText(dragged.join(QLatin1Char('\n')));
-    image->adjustSize();
     QDrag drag(ui.Construction);
     drag.setMimeData(MakeDragPayload(DragKind::layers));
-    drag.setPixmap(image->grab());
+    drag.setPixmap(ui.Label2[row]->Draw(dragged));
     // One action only, so that the pointer tells what will happen.
     drag.exec(ctrlHeld ? Qt::CopyAction : Qt::MoveAction);
 }
@@ -235,17 +234,20 @@ bool UValue::eventFilter(QObject* watched, QEvent* event) {
 bool UValue::WindowKey(QKeyEvent* event) {
     const Qt::KeyboardModifiers modifiers = event->modifiers() & ~Qt::KeypadModifier;
     if (modifiers == Qt::ControlModifier)
-        return CommandKey(event->key());
+        return CommandKey(*event);
     const bool plain = !(modifiers & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
     if (!plain || !StartsThicknessEntry(ToBytes(event->text())))
         return false;
+    if (IsRepeat(*event))
+        return true; // a digit held while Enter ended the entry before does not begin another
     ui.EditThick->setFocus();
     ui.EditThick->setText(event->text());
     ui.EditThick->setModified(true);
     return true;
 }
 
-bool UValue::CommandKey(int key) {
+bool UValue::CommandKey(const QKeyEvent& event) {
+    const int key = event.key();
     using Command = void (*)(Project&, Desktop&);
     const Command command = key == Qt::Key_X   ? CutLayers
                             : key == Qt::Key_C ? CopyLayers
@@ -254,7 +256,9 @@ bool UValue::CommandKey(int key) {
                                                : nullptr;
     if (command == nullptr)
         return false;
-    program.perform([&] { command(program.project, program.desktop); });
+    // Held down, Cut would take one layer after another and keep the last.
+    if (!IsRepeat(event))
+        program.perform([&] { command(program.project, program.desktop); });
     return true;
 }
 

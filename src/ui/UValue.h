@@ -12,6 +12,7 @@ class QPushButton;
 
 namespace strativo {
 
+class DragImage;
 class DropLabel;
 class EntryField;
 class LayerList;
@@ -59,7 +60,7 @@ private:
         EntryField* AbsorpText;
         QPushButton* VWConComments;
         QLabel* Result;
-        QLabel* Label2[visibleLayerRows];
+        DragImage* Label2[visibleLayerRows];
     };
 
     void BuildNameRows();
@@ -74,7 +75,7 @@ private:
                      QWidget* buddy = nullptr);
 
     bool WindowKey(QKeyEvent* event);
-    bool CommandKey(int key);
+    bool CommandKey(const QKeyEvent& event);
 
     void NameText_KeyPress();
     void NameText_LostFocus();

@@ -1,5 +1,6 @@
 #include "edit/LayerDrag.h"
 #include "ui/ChildWindow.h"
+#include "ui/DragImage.h"
 #include "ui/DropLabel.h"
 #include "ui/EntryField.h"
 #include "ui/LayerList.h"
@@ -51,15 +52,15 @@ QLabel* UValue::AddLabel(const QString& objectName, const QString& text, QRect p
 void UValue::BuildNameRows() {
     ui.NameText = new EntryField(EntryField::Kind::name, QStringLiteral("NameText"), this);
     ui.NameText->setGeometry(fieldColumn, nameRow, width() - fieldColumn - margin, fieldHeight);
-    AddLabel(QStringLiteral("Label1"), tr("&Construction Name"),
+    AddLabel(QStringLiteral("NameLabel"), tr("&Construction Name"),
              QRect(margin, nameRow, fieldColumn - margin, fieldHeight), ui.NameText);
     ui.TypeCombo = new QComboBox(this);
     ui.TypeCombo->setObjectName(QStringLiteral("TypeCombo"));
     ui.TypeCombo->addItems({tr("Opaque"), tr("Transparent")});
     ui.TypeCombo->setGeometry(fieldColumn, typeRow, 130, fieldHeight);
-    AddLabel(QStringLiteral("Label2"), tr("T&ype"),
+    AddLabel(QStringLiteral("TypeLabel"), tr("T&ype"),
              QRect(margin, typeRow, fieldColumn - margin, fieldHeight), ui.TypeCombo);
-    AddLabel(QStringLiteral("Label3"), tr("Construction Index :"),
+    AddLabel(QStringLiteral("IndexLabel"), tr("Construction Index :"),
              QRect(width() - margin - 160, typeRow, 112, fieldHeight));
     ui.IndexText = AddLabel(QStringLiteral("IndexText"), QString(),
                             QRect(width() - margin - 44, typeRow, 44, fieldHeight));
@@ -118,11 +119,11 @@ void UValue::BuildEntryRows() {
     const int row = below + 24;
     ui.EditThick = new EntryField(EntryField::Kind::number, QStringLiteral("EditThick"), this);
     ui.EditThick->setGeometry(76, row, 64, fieldHeight);
-    ui.ThicknessLabel = AddLabel(QStringLiteral("Label4"), tr("&Thickness"),
+    ui.ThicknessLabel = AddLabel(QStringLiteral("ThicknessLabel"), tr("&Thickness"),
                                  QRect(margin, row, 64, fieldHeight), ui.EditThick);
     ui.AbsorpText = new EntryField(EntryField::Kind::number, QStringLiteral("AbsorpText"), this);
     ui.AbsorpText->setGeometry(232, row, 64, fieldHeight);
-    ui.AbsorptionLabel = AddLabel(QStringLiteral("Label5"), tr("&Absorption"),
+    ui.AbsorptionLabel = AddLabel(QStringLiteral("AbsorptionLabel"), tr("&Absorption"),
                                   QRect(160, row, 70, fieldHeight), ui.AbsorpText);
     ui.VWConComments = new QPushButton(tr("Comments"), this);
     ui.VWConComments->setObjectName(QStringLiteral("VWConComments"));
@@ -138,12 +139,9 @@ void UValue::BuildEntryRows() {
 }
 
 void UValue::BuildDragImages() {
-    for (int row = 0; row < visibleLayerRows; ++row) {
-        QLabel* image = AddLabel(QStringLiteral("Label2_%1").arg(row),
-                                 tr("  Conductivity                    W/m/°C"), QRect());
-        MakeDragImage(*image);
-        ui.Label2[row] = image;
-    }
+    for (int row = 0; row < visibleLayerRows; ++row)
+        ui.Label2[row] = new DragImage(QStringLiteral("Label2_%1").arg(row),
+                                       tr("  Conductivity                    W/m/°C"), this);
 }
 
 void UValue::Describe() {
@@ -157,12 +155,10 @@ void UValue::Describe() {
     ui.Result->setAccessibleName(tr("Indicative U-value"));
     ui.NameText->setToolTip(tr("Name of the construction; Enter stores it"));
     ui.TypeCombo->setToolTip(tr("A transparent construction has a solar absorption in each layer"));
-    ui.Construction->setToolTip(
-        tr("Layers from outside to inside: resistance in m2C/W, thickness in mm"));
+    ui.Construction->setToolTip(tr("Layers: resistance in m2C/W, thickness in mm"));
     ui.EditThick->setToolTip(tr("Thickness of the current layer in mm (a resistance in m2C/W for "
                                 "a type 3 cavity); Enter stores it"));
-    ui.AbsorpText->setToolTip(
-        tr("Solar absorption of the current layer, a fraction from 0 to 1; Enter stores it"));
+    ui.AbsorpText->setToolTip(tr("Solar absorption of the current layer; Enter stores it"));
     ui.Result->setToolTip(tr("U-value in W/m2C, indicative only: steady state, with fixed surface "
                              "resistances of 0.06 and 0.12 m2C/W and a fixed resistance for each "
                              "type of cavity"));

@@ -4,7 +4,9 @@
 #include "edit/LayerClipboard.h"
 #include "edit/LayerDrag.h"
 #include "edit/MaterialList.h"
+#include "ui/DragImage.h"
 #include "ui/DragPayload.h"
+#include "ui/KeyRepeat.h"
 #include "ui/ListLabels.h"
 #include "ui/MaterialList.h"
 #include "ui/Text.h"
@@ -12,6 +14,7 @@
 
 #include <QButtonGroup>
 #include <QDrag>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMimeData>
 #include <QRadioButton>
@@ -27,11 +30,23 @@ constexpr int headingHeight = 30; // two lines
 constexpr int listRow = 64;
 constexpr int lineLength = 62;
 
+constexpr char16_t controlC = 3; // what Ctrl+C types
+
+bool IsEnter(int key) {
+    return key == Qt::Key_Return || key == Qt::Key_Enter;
+}
+
+/// Enter with any modifiers; C and Insert with Ctrl alone.
+bool TakesMaterial(const QKeyEvent& event) {
+    const bool ctrlOnly = (event.modifiers() & ~Qt::KeypadModifier) == Qt::ControlModifier;
+    return IsEnter(event.key())
+           || (ctrlOnly && (event.key() == Qt::Key_C || event.key() == Qt::Key_Insert));
+}
+
 } // namespace
 
 UvalsDialog::UvalsDialog(Program& owner, QWidget* parent) : QWidget(parent), program(owner) {
     setObjectName(QStringLiteral("UvalsDialog"));
-    RecordSource(program.project, ProgramWindow::selectMaterial);
     BuildOptions();
     BuildList();
     BuildHeadings();
@@ -41,6 +56,23 @@ UvalsDialog::UvalsDialog(Program& owner, QWidget* parent) : QWidget(parent), pro
     setFocusProxy(ui.UValueList);
     setFixedSize(ui.UValueList->width() + 2 * margin, listRow + ui.UValueList->height() + margin);
     RefreshMaterialList();
+    Form_Load();
+}
+
+void UvalsDialog::Form_Load() {
+    RecordSource(program.project, ProgramWindow::selectMaterial);
+}
+
+void UvalsDialog::Form_Activate() {
+    program.project.dialogActive = true;
+}
+
+void UvalsDialog::Form_Deactivate() {
+    program.project.dialogActive = false;
+}
+
+void UvalsDialog::Form_Unload() {
+    program.project.dialogActive = false;
 }
 
 QLabel* UvalsDialog::AddLabel(const QString& objectName, const QString& text, QRect place) {
@@ -98,12 +130,9 @@ void UvalsDialog::BuildHeadings() {
 }
 
 void UvalsDialog::BuildDragImages() {
-    for (int row = 0; row < visibleMaterialRows; ++row) {
-        QLabel* image = AddLabel(QStringLiteral("Label2_%1").arg(row),
-                                 tr(" &Name   of     component"), QRect());
-        MakeDragImage(*image);
-        ui.Label2[row] = image;
-    }
+    for (int row = 0; row < visibleMaterialRows; ++row)
+        ui.Label2[row] = new DragImage(QStringLiteral("Label2_%1").arg(row),
+                                       tr(" &Name   of     component"), this);
 }
 
 void UvalsDialog::Describe() {
@@ -119,8 +148,7 @@ void UvalsDialog::ConnectSignals() {
     connect(ui.MatOptions, &QButtonGroup::idClicked, this, &UvalsDialog::MatOption_Click);
     connect(ui.UValueList, &MaterialList::LineDoubleClicked, this,
             &UvalsDialog::UValueList_DblClick);
-    connect(ui.UValueList, &MaterialList::CommandKeyPressed, this,
-            &UvalsDialog::UValueList_KeyDown);
+    ui.UValueList->installEventFilter(this);
     connect(ui.UValueList, &MaterialList::DragWanted, this,
             [this](int, QPoint position, bool) { UValueList_MouseMove(position); });
     connect(ui.UValueList, &QListWidget::itemSelectionChanged, this,
@@ -155,12 +183,31 @@ void UvalsDialog::UValueList_DblClick() {
     });
 }
 
-void UvalsDialog::UValueList_KeyDown(int key) {
-    const bool inserts = key == Qt::Key_Return || key == Qt::Key_Enter;
+bool UvalsDialog::eventFilter(QObject* watched, QEvent* event) {
+    if (watched != ui.UValueList || event->type() != QEvent::KeyPress)
+        return QWidget::eventFilter(watched, event);
+    const auto& key = *static_cast<QKeyEvent*>(event);
+    const bool taken = UValueList_KeyDown(key);
+    return UValueList_KeyPress(key.text()) || taken;
+}
+
+/// Whether the key means something to the dialog rather than to the list.
+bool UvalsDialog::UValueList_KeyDown(const QKeyEvent& event) {
+    if (!TakesMaterial(event))
+        return false;
+    // Enter held down must not go on inserting.
+    if (IsRepeat(event))
+        return true;
     program.perform([&] {
-        if (TakeMaterial(program.project) && inserts)
+        if (TakeMaterial(program.project) && IsEnter(event.key()))
             PasteLayersBefore(program.project, program.desktop);
     });
+    return true;
+}
+
+/// Whether the list is not to get what was typed: it would beep, or search for it.
+bool UvalsDialog::UValueList_KeyPress(const QString& text) {
+    return text == QChar(controlC);
 }
 
 void UvalsDialog::UValueList_MouseMove(QPoint position) {
@@ -173,12 +220,9 @@ void UvalsDialog::UValueList_MouseMove(QPoint position) {
         return;
     const int row = VisibleRow(ToTwips(position.y(), *this), MaterialList::listHeight / 4.0,
                                visibleMaterialRows);
-    QLabel* image = ui.Label2[row];
-    image->setText(ToText(program.project.clipboard[1].name));
-    image->adjustSize();
     QDrag drag(ui.UValueList);
     drag.setMimeData(MakeDragPayload(DragKind::material));
-    drag.setPixmap(image->grab());
+    drag.setPixmap(ui.Label2[row]->Draw({ToText(program.project.clipboard[1].name)}));
     drag.exec(Qt::CopyAction);
 }
 

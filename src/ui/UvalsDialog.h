@@ -6,11 +6,13 @@
 #include <QWidget>
 
 class QButtonGroup;
+class QKeyEvent;
 class QLabel;
 class QRadioButton;
 
 namespace strativo {
 
+class DragImage;
 class MaterialList;
 
 /// The Select Material dialog: the materials of one library, to be inserted, dragged or copied.
@@ -20,6 +22,11 @@ class UvalsDialog : public QWidget {
 public:
     explicit UvalsDialog(Program& owner, QWidget* parent = nullptr);
 
+    // The dialog has become the active child window, is so no longer, or is about to go.
+    void Form_Activate();
+    void Form_Deactivate();
+    void Form_Unload();
+
     /// Lists the materials of the shown library anew; nothing is selected afterwards.
     void RefreshMaterialList();
     void EnableMatOption(int index, bool enabled);
@@ -27,12 +34,15 @@ public:
     void SelectMatOption(int index);
     QString Caption() const;
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     struct Ui {
         QRadioButton* MatOption[2];
         QButtonGroup* MatOptions;
         MaterialList* UValueList;
-        QLabel* Label2[visibleMaterialRows];
+        DragImage* Label2[visibleMaterialRows];
     };
 
     void BuildOptions();
@@ -43,9 +53,11 @@ private:
     void ConnectSignals();
     QLabel* AddLabel(const QString& objectName, const QString& text, QRect place);
 
+    void Form_Load();
     void MatOption_Click(int index);
     void UValueList_DblClick();
-    void UValueList_KeyDown(int key);
+    bool UValueList_KeyDown(const QKeyEvent& event);
+    static bool UValueList_KeyPress(const QString& text);
     void UValueList_MouseMove(QPoint position);
 
     Program& program;

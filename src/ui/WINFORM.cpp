@@ -3,13 +3,13 @@
 #include "edit/GlassTypes.h"
 #include "edit/InfoTexts.h"
 #include "files/GlassImport.h"
+#include "ui/PlainList.h"
 #include "ui/Text.h"
 #include "ui/WINPRO.h"
 
 #include <QApplication>
 #include <QGridLayout>
 #include <QLabel>
-#include <QListWidget>
 #include <QMenuBar>
 #include <QPushButton>
 
@@ -45,7 +45,7 @@ QPushButton* WinForm::AddButton(const QString& objectName, const QString& captio
 }
 
 void WinForm::BuildControls() {
-    ui.WinList = new QListWidget(this);
+    ui.WinList = new PlainList(this);
     ui.WinList->setObjectName(QStringLiteral("WinList"));
     ui.WinList->setUniformItemSizes(true);
     ui.WInlab = new QLabel(tr("&Glass type"), this);
@@ -144,8 +144,10 @@ void WinForm::WinList_Click() {
 }
 
 void WinForm::EnableForSelection(bool selected) {
-    // A button that is disabled under the focus would pass it on to the next one.
-    if (!selected && (ui.EditBut->hasFocus() || ui.DelBut->hasFocus()))
+    // A button that is disabled under the focus would pass it on to the next one; the window's
+    // own focus counts, since a box may still be in front.
+    const QWidget* focus = window()->focusWidget();
+    if (!selected && (focus == ui.EditBut || focus == ui.DelBut))
         ui.WinList->setFocus();
     ui.EditBut->setEnabled(selected);
     ui.DelBut->setEnabled(selected);

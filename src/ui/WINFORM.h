@@ -8,10 +8,11 @@
 #include <vector>
 
 class QLabel;
-class QListWidget;
 class QPushButton;
 
 namespace strativo {
+
+class PlainList;
 
 /// The glass types window: the names of the one-dimensional glass types.
 class WinForm : public QWidget {
@@ -32,7 +33,7 @@ signals:
 private:
     struct Ui {
         QLabel* WInlab;
-        QListWidget* WinList;
+        PlainList* WinList;
         QPushButton* Addbut;
         QPushButton* EditBut;
         QPushButton* DelBut;

@@ -2,6 +2,7 @@
 
 #include "edit/InfoTexts.h"
 #include "ui/EntryField.h"
+#include "ui/KeyRepeat.h"
 #include "ui/ProfileGraph.h"
 #include "ui/ProfileSheet.h"
 #include "ui/Text.h"
@@ -203,9 +204,12 @@ bool Profile::eventFilter(QObject* watched, QEvent* event) {
 }
 
 bool Profile::Form_KeyDown(QObject* control, const QKeyEvent& event) {
+    // Typed quickly, the next key goes down before Enter has come up; Enter's work comes first.
+    if (!IsRepeat(event))
+        FinishEnter();
     const bool plain = (event.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
     auto* button = qobject_cast<QPushButton*>(control);
-    if (plain && IsEnter(event.key()) && button != nullptr && !event.isAutoRepeat()) {
+    if (plain && IsEnter(event.key()) && button != nullptr && !IsRepeat(event)) {
         button->click();
         return true;
     }
@@ -236,13 +240,17 @@ void Profile::Graph_MouseMove(double y) {
 }
 
 void Profile::EditLevel_KeyUp(const QKeyEvent& event) {
-    // A release counts only when the field saw the press: it may belong to a closing box.
-    const bool enter =
-        IsEnter(event.key()) && !event.isAutoRepeat() && std::exchange(enterPressed, false);
     TakeTypedValue();
     ShowGraph();
-    if (!enter)
+    if (IsEnter(event.key()) && !event.isAutoRepeat())
+        FinishEnter();
+}
+
+/// Counts only when the field saw Enter go down: a release may belong to a closing box.
+void Profile::FinishEnter() {
+    if (!std::exchange(enterPressed, false))
         return;
+    TakeTypedValue();
     SelectNextColumn(program.project);
     ShowProfile();
 }

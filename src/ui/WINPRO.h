@@ -63,6 +63,7 @@ private:
     void Graph_MouseMove(double y);
     void EditLevel_KeyUp(const QKeyEvent& event);
     void EditLevel_LostFocus();
+    void FinishEnter();
     void OkBut_Click();
     void CancelBut_Click();
 
@@ -75,7 +76,7 @@ private:
     GlassProfile profile;
     Ui ui{};
     bool levelEdited = false;  ///< by the user, since the program last filled the field
-    bool enterPressed = false; ///< the value field saw Enter go down
+    bool enterPressed = false; ///< the value field saw Enter go down, and it still is
 };
 
 } // namespace strativo

@@ -3,6 +3,8 @@
 #include <QApplication>
 #include <QWidget>
 
+#include <thread>
+
 namespace strativo {
 
 namespace {
@@ -77,10 +79,19 @@ void User::LetGo(Key key) {
 }
 
 void User::Press(std::initializer_list<Key> keys) {
-    for (const Key key : keys)
-        Hold(key);
-    for (const Key* key = keys.end(); key != keys.begin();)
+    const Key* const last = keys.end() - 1;
+    for (const Key* key = keys.begin(); key != last; ++key)
+        Hold(*key);
+    Screen().TapKey(*last);
+    WaitForInput();
+    for (const Key* key = last; key != keys.begin();)
         LetGo(*--key);
+}
+
+void User::HoldFor(Key key, std::chrono::milliseconds time) {
+    Screen().PressKey(key);
+    std::this_thread::sleep_for(time);
+    LetGo(key);
 }
 
 void User::Type(const std::string& text) {

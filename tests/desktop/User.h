@@ -4,6 +4,7 @@
 
 #include <QPoint>
 
+#include <chrono>
 #include <initializer_list>
 
 namespace strativo {
@@ -26,6 +27,8 @@ public:
 
     void Hold(Key key);
     void LetGo(Key key);
+    /// Holds a key so long, while it repeats as the screen's keyboard does.
+    void HoldFor(Key key, std::chrono::milliseconds time);
     /// Presses and releases a key while the others before it are held.
     void Press(std::initializer_list<Key> keys);
     void Press(Key key) { Press({key}); }

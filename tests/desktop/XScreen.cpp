@@ -19,6 +19,10 @@ namespace {
 // Letters of the stories that a plain keyboard lacks.
 constexpr char32_t moreLetters[] = U"äöüßéΩ€";
 
+// Milliseconds from one event of a key to the next. The server waits them, so that a busy machine
+// does not make a tap into a key that is held.
+constexpr unsigned long tap = 5;
+
 /// Of windows that go while they are looked at nothing is to be known.
 int IgnoreError(Display*, XErrorEvent*) {
     return 0;
@@ -154,8 +158,7 @@ XScreen::Connection::Stroke XScreen::Connection::StrokeFor(Key key) const {
 XScreen::XScreen() : connection(std::make_unique<Connection>()) {
     XSelectInput(connection->display, connection->Root(),
                  StructureNotifyMask | SubstructureNotifyMask);
-    // On a slow machine a key is held longer than a user would, and must not type twice.
-    XAutoRepeatOff(connection->display);
+    XAutoRepeatOn(connection->display); // as users have it
     connection->LearnKeyboard();
 }
 
@@ -186,14 +189,20 @@ void XScreen::ReleaseKey(Key key) {
     XSync(connection->display, False);
 }
 
+void XScreen::TapKey(Key key) {
+    const KeyCode code = connection->StrokeFor(key).code;
+    XTestFakeKeyEvent(connection->display, code, True, tap);
+    XTestFakeKeyEvent(connection->display, code, False, tap);
+    XSync(connection->display, False);
+}
+
 void XScreen::Type(std::u32string_view text) {
     for (const char32_t character : text) {
         const Key key = KeyOf(character);
         const bool shift = connection->StrokeFor(key).shift;
         if (shift)
             PressKey(Key::shift);
-        PressKey(key);
-        ReleaseKey(key);
+        TapKey(key);
         if (shift)
             ReleaseKey(Key::shift);
     }

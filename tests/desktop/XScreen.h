@@ -61,6 +61,8 @@ public:
     void ReleaseButton(int button);
     void PressKey(Key key);
     void ReleaseKey(Key key);
+    /// Presses and releases a key as quickly as a user does.
+    void TapKey(Key key);
     /// Presses and releases the keys for the text, Shift where it takes that.
     void Type(std::u32string_view text);
 

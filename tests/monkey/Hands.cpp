@@ -143,6 +143,8 @@ bool Hands::Drop(const QMimeData& data) {
         return false;
     QDropEvent drop(dragPlace, anyAction, &data, Qt::LeftButton, {});
     QApplication::sendEvent(target, &drop);
+    // A file is read after its drop was answered.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::MetaCall);
     return drop.isAccepted();
 }
 

@@ -157,7 +157,7 @@ TEST_F(EntryFields, ANumberTooLargeIsReportedAndRefused) {
     for (const char* field : {"EditThick", "AbsorpText"}) {
         Answer("OK");
         Enter(field, "1e39");
-        EXPECT_EQ(LastBox().text, "Run-time error 6");
+        EXPECT_EQ(LastBox().text, "The number is too large: run-time error 6 occurred.");
         EXPECT_EQ(Field(field)->selectedText(), QStringLiteral("1e39"));
     }
     EXPECT_EQ(Thickness(1), 100);
@@ -394,7 +394,7 @@ TEST_F(EntryFields, ANegativeResistanceIsShownAsItWasEntered) {
     ClickLine(List(1), 1);
     Enter("EditThick", "-5");
     EXPECT_EQ(Thickness(2), -5);
-    EXPECT_EQ(TextOf(1, "EditThick"), "-5.000");
+    EXPECT_EQ(TextOf(1, "EditThick"), "-5");
 }
 
 TEST_F(EntryFields, KeepTheStaleThicknessWhenALayerWithoutOneIsPasted) {
@@ -403,6 +403,35 @@ TEST_F(EntryFields, KeepTheStaleThicknessWhenALayerWithoutOneIsPasted) {
     EXPECT_EQ(TextOf(1, "ConName"), "FACE BRICK");
     EXPECT_EQ(Thickness(2), 0);
     EXPECT_EQ(TextOf(1, "EditThick"), "100");
+}
+
+TEST_F(EntryFields, LeavingTheThicknessOverANegativeValueLeavesItsTextUnchanged) {
+    for (const float conductivity : {0.5F, -3.0F}) {
+        StartWithTwoLayers();
+        Record().layers.Edit(1).conductivity = conductivity;
+        Record().layers.Edit(1).thickness = -0.25;
+        TakeKeyboard(*program);
+        Field("EditThick")->setFocus();
+        Press(Qt::Key_A, Qt::ControlModifier);
+        Type("77");
+        Find(1, "NameText")->setFocus(Qt::TabFocusReason);
+        EXPECT_EQ(TextOf(1, "EditThick"), "77");
+        EXPECT_EQ(Thickness(1), -0.25);
+    }
+}
+
+TEST_F(EntryFields, ARefusedThicknessShowsWhatIsStored) {
+    StartWithTwoLayers();
+    Record().layers.Edit(3) = Record().layers[2];
+    Record().layers.Edit(2) = Layer();
+    Record().currentLayer = 0;
+    Window(1)->ShowConstruction();
+    Answer("OK");
+    Enter("EditThick", "0");
+    EXPECT_EQ(TextOf(1, "ConName"), "");
+    EXPECT_EQ(Record().currentLayer, 0);
+    EXPECT_EQ(Record().layers[3].name, "PLASTER");
+    EXPECT_THAT(LayersShown(1), ElementsAre("FACE BRICK", "PLASTER"));
 }
 
 } // namespace

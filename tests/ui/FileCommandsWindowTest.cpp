@@ -37,7 +37,9 @@ protected:
     static bool DropUrls(const QList<QUrl>& urls, QWidget* on) {
         auto* data = new QMimeData;
         data->setUrls(urls);
-        return Drop(data, on, {5, 5});
+        const bool welcome = Drop(data, on, {5, 5});
+        QCoreApplication::processEvents(); // the file is read after the drop was answered
+        return welcome;
     }
     std::string Path(const char* name) { return (folder.Path() / name).string(); }
 };
@@ -130,6 +132,17 @@ TEST_F(FileCommandsInWindow, SaveAsAsksBeforeItOverwrites) {
     EXPECT_EQ(boxes.size(), 2U);
     EXPECT_EQ(folder.Read("taken.con"), "mine");
     EXPECT_EQ(TheProject().constructionFile, Path("house.con"));
+}
+
+TEST_F(FileCommandsInWindow, ADropIsAnsweredBeforeItsFileIsRead) {
+    Start();
+    auto* data = new QMimeData;
+    data->setUrls({QUrl::fromLocalFile(QString::fromStdString(Path("missing.con")))});
+    EXPECT_TRUE(Drop(data, &Area(), {5, 5}));
+    EXPECT_TRUE(boxes.empty()) << "the other program must not wait for a message box";
+    Answer("OK");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(boxes.size(), 1U);
 }
 
 TEST_F(FileCommandsInWindow, AFileIsOpenedWhereverItIsDropped) {

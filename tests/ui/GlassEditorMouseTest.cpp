@@ -22,6 +22,13 @@ protected:
         Send(QEvent::MouseButtonRelease, place, Qt::LeftButton, Qt::NoButton);
     }
 
+    /// A place on the graph as one on the sheet around it, and a press there.
+    QPoint OnSheet(QPoint place) const { return graph->mapToParent(place); }
+    void PressOnSheet(QPoint place) {
+        QWidget* target = graph->rect().contains(place) ? graph : graph->parentWidget();
+        QTest::mouseClick(target, Qt::LeftButton, {}, target == graph ? place : OnSheet(place));
+    }
+
     /// A point that far from the left edge and from the top, as parts of width and height.
     QPointF Place(double x, double y) const { return {x * graph->width(), y * graph->height()}; }
     /// The point of a column with the value 0.5.
@@ -60,6 +67,44 @@ TEST_F(GlassGraph, APressUpToTheMarkersRadiusAboveOrBelowCounts) {
     EXPECT_EQ(Column(), 5);
     Press(Point(5) - QPointF(0, Marker() + 0.1));
     EXPECT_EQ(Column(), 0);
+}
+
+TEST_F(GlassGraph, APointOfValueZeroIsTakenHoldOfOnItsWholeMarker) {
+    for (float& value : Stored().transmission)
+        value = 0;
+    Open(1);
+    const QPoint point = graph->PointOf(4, 0).toPoint();
+    for (int y = -3; y <= 3; ++y) {
+        project.selectedProfileColumn = 0;
+        PressOnSheet(point + QPoint(0, y));
+        EXPECT_EQ(Column(), 4) << y;
+    }
+    for (const int y : {-4, 4}) {
+        project.selectedProfileColumn = 1;
+        PressOnSheet(point + QPoint(0, y));
+        EXPECT_NE(Column(), 4) << y;
+    }
+}
+
+TEST_F(GlassGraph, ALowerHalfOfAMarkerDragsItsPoint) {
+    for (float& value : Stored().transmission)
+        value = 0;
+    Open();
+    const QPoint from = OnSheet(graph->PointOf(4, 0).toPoint() + QPoint(0, 2));
+    QTest::mousePress(graph->parentWidget(), Qt::LeftButton, {}, from);
+    EXPECT_TRUE(graph->hasFocus());
+    const QPointF to = from - QPointF(0, graph->height() / 4.0);
+    QMouseEvent move(QEvent::MouseMove, to, graph->parentWidget()->mapToGlobal(to), Qt::NoButton,
+                     Qt::LeftButton, {});
+    QApplication::sendEvent(graph->parentWidget(), &move);
+    QTest::mouseRelease(graph->parentWidget(), Qt::LeftButton, {}, to.toPoint());
+    EXPECT_EQ(Level(), "0.250");
+}
+
+TEST_F(GlassGraph, APressOnTheFiguresOfTheAxesLeavesTheSelection) {
+    Open(4);
+    PressOnSheet(graph->PointOf(7, 0).toPoint() + QPoint(0, 15));
+    EXPECT_EQ(Column(), 4);
 }
 
 TEST_F(GlassGraph, ThePressNeedsOnlyTheNearestColumnSideways) {

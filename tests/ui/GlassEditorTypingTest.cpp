@@ -75,6 +75,21 @@ TEST_F(GlassEditor, EnterGoesOnToTheNextColumn) {
     EXPECT_FLOAT_EQ(values[5], 0.8F);
 }
 
+TEST_F(GlassEditor, TheNextValueMayBeBegunBeforeEnterHasComeUp) {
+    OpenToType(4);
+    Type("0.8");
+    QTest::keyPress(level, Qt::Key_Return);
+    QTest::keyPress(level, '.');
+    QTest::keyRelease(level, Qt::Key_Return);
+    QTest::keyRelease(level, '.');
+    Type("75");
+    EXPECT_EQ(Column(), 5);
+    EXPECT_EQ(Level(), ".75");
+    const AngularValues& values = Accepted();
+    EXPECT_FLOAT_EQ(values[4], 0.8F);
+    EXPECT_FLOAT_EQ(values[5], 0.75F);
+}
+
 TEST_F(GlassEditor, EnterStaysOnTheLastColumn) {
     OpenToType(11);
     Type("0.9");

@@ -58,13 +58,14 @@ TEST_F(CommentsBox, ShowsTextAsItStands) {
 }
 
 TEST_F(CommentsBox, IsUnmodifiedUntilSomethingIsTyped) {
+    Comment(1, "as read");
     ConCommentBox box(program);
     auto* text = Find<QPlainTextEdit>(box, "Comment");
-    EXPECT_FALSE(text->document()->isModified());
+    EXPECT_FALSE(box.IsModified());
     Show(box);
     text->setFocus();
     Type("x");
-    EXPECT_TRUE(text->document()->isModified());
+    EXPECT_TRUE(box.IsModified());
 }
 
 TEST_F(CommentsBox, KeepsNothingThatWasTyped) {

@@ -3,6 +3,7 @@
 #include "WindowTest.h"
 #include "edit/GlassTypes.h"
 
+#include <QClipboard>
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QListWidget>
@@ -375,6 +376,53 @@ TEST_F(GlassTypesWindow, OpensTheEditorAsAModalDialog) {
     ClickLine(0);
     InDialog([](QDialog& editor) { EXPECT_TRUE(editor.isModal()); });
     Button("EditBut")->click();
+}
+
+TEST_F(GlassTypesWindow, TheFirstEntryIsReachedByKeys) {
+    for (const int types : {1, 2}) {
+        AddTypes({std::string(static_cast<std::size_t>(types), 'A')});
+        if (window == nullptr)
+            Open();
+        window->RefreshGlassTypeList();
+        elsewhere->setFocus();
+        list->setFocus(Qt::TabFocusReason);
+        ExpectSelectionButtons(false);
+        PressKey(list, Qt::Key_Down);
+        ASSERT_EQ(list->selectedItems().size(), 1) << types;
+        EXPECT_EQ(list->row(list->selectedItems().front()), 0) << types;
+        ExpectSelectionButtons(true);
+    }
+}
+
+TEST_F(GlassTypesWindow, ARightDoubleClickOpensNothing) {
+    Open({"CLEAR"});
+    ClickLine(0);
+    QTest::mouseDClick(list->viewport(), Qt::RightButton, {}, LinePosition(0));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
+TEST_F(GlassTypesWindow, ControlCLeavesTheSystemsClipboardAlone) {
+    Open({"CLEAR"});
+    QApplication::clipboard()->setText(QStringLiteral("the user's"));
+    ClickLine(0);
+    PressKey(list, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("the user's"));
+}
+
+TEST_F(GlassTypesWindow, TheFocusGoesToTheListAfterEditAndDelete) {
+    Open({"CLEAR", "TINTED"});
+    ClickLine(0);
+    InDialog([this](QDialog& dialog) { Find<QPushButton>(dialog, "OkBut")->click(); });
+    Button("EditBut")->setFocus();
+    Button("EditBut")->click();
+    EXPECT_EQ(host.focusWidget(), list);
+    ClickLine(0);
+    desktop.Answers(Answer::yes);
+    Button("DelBut")->setFocus();
+    Button("DelBut")->click();
+    EXPECT_EQ(host.focusWidget(), list);
+    EXPECT_THAT(Listed(), ElementsAre("TINTED"));
 }
 
 } // namespace

@@ -168,12 +168,12 @@ TEST_F(WindowKeys, TypeShowsTheAbsorptionAndMarksNothingAsChanged) {
     StartWithThreeLayers();
     TheProject().changed = false;
     EXPECT_FALSE(Field("AbsorpText")->isVisible());
-    EXPECT_FALSE(Find(1, "Label5")->isVisible());
+    EXPECT_FALSE(Find(1, "AbsorptionLabel")->isVisible());
     Find<QComboBox>(1, "TypeCombo")->setFocus();
     Press(Qt::Key_Down);
     EXPECT_EQ(Record().type, transparentType);
     EXPECT_TRUE(Field("AbsorpText")->isVisible());
-    EXPECT_TRUE(Find(1, "Label5")->isVisible());
+    EXPECT_TRUE(Find(1, "AbsorptionLabel")->isVisible());
     Press(Qt::Key_Up);
     EXPECT_EQ(Record().type, opaqueType);
     EXPECT_FALSE(Field("AbsorpText")->isVisible());

@@ -1,0 +1,26 @@
+#include "ui/DragImage.h"
+
+#include "ui/ColumnList.h"
+
+namespace strativo {
+
+DragImage::DragImage(const QString& objectName, const QString& caption, QWidget* parent)
+    : QLabel(caption, parent) {
+    setObjectName(objectName);
+    hide();
+}
+
+const QPixmap& DragImage::Draw(const QStringList& lines) {
+    QLabel lifted(lines.join(QLatin1Char('\n')));
+    lifted.setTextFormat(Qt::PlainText);
+    lifted.setFont(ColumnFont());
+    lifted.setPalette(palette());
+    lifted.setAutoFillBackground(true);
+    lifted.setFrameStyle(QFrame::Panel | QFrame::Plain);
+    lifted.setMargin(2);
+    lifted.adjustSize();
+    picture = lifted.grab();
+    return picture;
+}
+
+} // namespace strativo
