@@ -34,10 +34,10 @@ ProfileSheet::ProfileSheet(QWidget* parent) : QWidget(parent), graph(new Profile
     setFixedSize(left + graph->width() + outerMargin + line / 2, top + graph->height() + below);
 }
 
-void ProfileSheet::Show(const AngularValues& values, int selectedColumn,
-                        const QString& newValueName) {
+void ProfileSheet::Show(const AngularValues& values, const AngularValues& others,
+                        int selectedColumn, const QString& newValueName) {
     valueName = newValueName;
-    graph->Show(values, selectedColumn);
+    graph->Show(values, others, selectedColumn);
 }
 
 void ProfileSheet::paintEvent(QPaintEvent*) {
@@ -54,9 +54,9 @@ void ProfileSheet::paintEvent(QPaintEvent*) {
 
 /// Markers of 0 and 1 stand out over the graph's edges, and can be taken hold of there as well.
 void ProfileSheet::mousePressEvent(QMouseEvent* event) {
-    const int radius = FromTwips(markerRadius, *this);
-    const QRect reach = graph->geometry().adjusted(-radius, -radius, radius, radius);
-    if (event->button() != Qt::LeftButton || !reach.contains(event->position().toPoint()))
+    const double radius = markerRadius * logicalDpiX() / twipsPerInch;
+    const QRectF reach = QRectF(graph->geometry()).adjusted(-radius, -radius, radius, radius);
+    if (event->button() != Qt::LeftButton || !reach.contains(event->position()))
         return;
     graph->setFocus(Qt::MouseFocusReason);
     PassToGraph(*event);
