@@ -2,8 +2,9 @@
 
 _strativo_cli() {
     local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]}
-    local commands="show check rewrite import-glass report materials"
-    local options="--standard --user-library --json --user --sort --csv --output --strict --rule --no-rule --help --version"
+    local commands="show check rewrite import-glass report thermal materials"
+    local options="--standard --user-library --json --user --sort --csv --thermal --inside --outside
+        --flow --rsi --rse --first-layer --output --strict --rule --no-rule --help --version"
     local rules="zero-thickness zero-absorption unlinked-material unknown-cavity no-layers
         duplicate-glass-name glass-value-range glass-energy-balance density-heat-swapped
         thickness-range negative-value u-range thin-conductive absorption-range absorption-sum
@@ -17,6 +18,17 @@ _strativo_cli() {
         ;;
     --sort)
         mapfile -t COMPREPLY < <(compgen -W "name conductivity density specific-heat file" -- "$current")
+        return
+        ;;
+    --flow)
+        mapfile -t COMPREPLY < <(compgen -W "horizontal up down all" -- "$current")
+        return
+        ;;
+    --first-layer)
+        mapfile -t COMPREPLY < <(compgen -W "outside inside" -- "$current")
+        return
+        ;;
+    --inside | --outside | --rsi | --rse)
         return
         ;;
     --standard | --user-library)

@@ -4,6 +4,7 @@
 #include "cli/Commands.h"
 #include "cli/ExitStatus.h"
 #include "cli/TextOutput.h"
+#include "cli/ThermalOptions.h"
 #include "files/Finding.h"
 
 #include <CLI/App.hpp>
@@ -117,6 +118,11 @@ void CheckOptions(const Arguments& arguments, const Command& command) {
     const std::string& key = arguments.call.sortKey;
     if (!IsSortKey(key))
         throw WrongUsage("--sort knows no order " + PathToUtf8(key), &command);
+    if (arguments.call.thermal && !arguments.call.json)
+        throw WrongUsage("--thermal needs --json", &command);
+    const std::string fault = ThermalFault(arguments.call);
+    if (!fault.empty())
+        throw WrongUsage(fault, &command);
 }
 
 void CheckOperands(const Invocation& call, const Command& command) {

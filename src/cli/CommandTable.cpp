@@ -9,12 +9,12 @@
 
 namespace strativo {
 
-const std::array<Command, 6> commands = {{
+const std::array<Command, 7> commands = {{
     {"show", "FILE.con...", "each construction as its window shows it, then the glass types",
      "  strativo-cli show house.con\n"
      "  strativo-cli show --json *.con | jq '.[].constructions[].result'\n"
      "  strativo-cli show --csv *.con > layers.csv\n",
-     1, true, jsonOption | csvOption, Show},
+     1, true, jsonOption | csvOption | thermalOption, Show},
     {"check", "FILE.con...", "findings, one a line; exit 1 for an error",
      "  strativo-cli check house.con\n"
      "  strativo-cli check --json --standard stdmat.lby *.con\n"
@@ -30,19 +30,39 @@ const std::array<Command, 6> commands = {{
      ImportGlass},
     {"report", "FILE.con", "one HTML page to print: sections, layers, U-values, glass, findings",
      "  strativo-cli report house.con -o house.html\n", 1, false, outputOption, WriteReport},
+    {"thermal", "FILE.con...",
+     "what each construction does to heat: U-values, temperatures, 24 h swing",
+     "  strativo-cli thermal house.con --inside 20 --outside -5\n"
+     "  strativo-cli thermal --flow all --csv *.con > thermal.csv\n"
+     "  strativo-cli thermal --rsi 0.25 --json house.con\n",
+     1, true, jsonOption | csvOption | thermalConditions, Thermal},
     {"materials", "LIB.lby", "the library as the Select Material dialog lists it",
      "  strativo-cli materials stdmat.lby --sort conductivity\n"
      "  strativo-cli materials --user user.lby --json\n",
      1, false, jsonOption | userOption | sortOption, Materials},
 }};
 
-const std::array<Option, 12> options = {{
+const std::array<Option, 19> options = {{
     {"--standard", "LIB.lby", "answer to the prompt for the standard library, and its default path",
      noOption, nullptr, &Invocation::standardLibrary},
     {"--user-library", "LIB.lby", "answer to the prompt for the user library", noOption, nullptr,
      &Invocation::userLibrary},
     {"--json", "", "machine-readable output", jsonOption, &Invocation::json, nullptr},
-    {"--csv", "", "a table with one row per layer", csvOption, &Invocation::csv, nullptr},
+    {"--csv", "", "a table: one row per layer, or per construction and flow", csvOption,
+     &Invocation::csv, nullptr},
+    {"--thermal", "", "with --json: thermal figures of each construction too", thermalOption,
+     &Invocation::thermal, nullptr},
+    {"--inside", "T", "inside air, degrees C; default 20", insideOption, nullptr,
+     &Invocation::inside},
+    {"--outside", "T", "outside air, degrees C; default 0", outsideOption, nullptr,
+     &Invocation::outside},
+    {"--flow", "DIRECTION", "of heat: horizontal (default), up, down, all", flowOption, nullptr,
+     &Invocation::flow},
+    {"--rsi", "R", "inside surface resistance, m2K/W, in place of that of the flow", rsiOption,
+     nullptr, &Invocation::rsi},
+    {"--rse", "R", "outside surface resistance, likewise", rseOption, nullptr, &Invocation::rse},
+    {"--first-layer", "SIDE", "that layer 1 faces: outside (default), inside", firstLayerOption,
+     nullptr, &Invocation::firstLayer},
     {"-o,--output", "FILE", "write there; default: standard output", outputOption, nullptr,
      &Invocation::output},
     {"--user", "", "LIB.lby has the user layout; default: the standard layout", userOption,

@@ -20,7 +20,16 @@ enum OwnOptions : unsigned {
     outputOption = 16,
     strictOption = 32,
     ruleOption = 64,
-    noRuleOption = 128
+    noRuleOption = 128,
+    thermalOption = 256, ///< figures beside others
+    insideOption = 512,
+    outsideOption = 1024,
+    flowOption = 2048,
+    rsiOption = 4096,
+    rseOption = 8192,
+    firstLayerOption = 16384,
+    thermalConditions =
+        insideOption | outsideOption | flowOption | rsiOption | rseOption | firstLayerOption
 };
 
 struct Command {
@@ -45,8 +54,8 @@ struct Option {
     std::vector<std::string> Invocation::*list = nullptr;
 };
 
-extern const std::array<Command, 6> commands;
-extern const std::array<Option, 12> options;
+extern const std::array<Command, 7> commands;
+extern const std::array<Option, 19> options;
 
 /// The command of that name, or null.
 const Command* FindCommand(std::string_view name);

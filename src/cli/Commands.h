@@ -13,6 +13,7 @@ int Check(const Invocation& call, std::ostream& out, std::ostream& err);
 int Rewrite(const Invocation& call, std::ostream& out, std::ostream& err);
 int ImportGlass(const Invocation& call, std::ostream& out, std::ostream& err);
 int WriteReport(const Invocation& call, std::ostream& out, std::ostream& err);
+int Thermal(const Invocation& call, std::ostream& out, std::ostream& err);
 int Materials(const Invocation& call, std::ostream& out, std::ostream& err);
 
 /// Whether materials can be listed in an order of this name.

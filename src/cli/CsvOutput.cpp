@@ -11,7 +11,19 @@ namespace strativo {
 
 namespace {
 
-std::string Field(const std::string& utf8) {
+void WriteLayer(std::ostream& out, const Layer& layer) {
+    const float resistance = LayerListResistance(layer);
+    out << CsvField(ShownText(layer.name)) << ',' << layer.library << ',' << layer.materialCode
+        << ',' << FormatGeneral(layer.thickness) << ','
+        << FormatGeneral(AsDecimal(layer.conductivity)) << ',' << FormatGeneral(layer.density)
+        << ',' << FormatGeneral(layer.specificHeat) << ','
+        << FormatGeneral(AsDecimal(layer.absorption)) << ','
+        << (resistance == 0 ? std::string() : FormatGeneral(AsDecimal(resistance)));
+}
+
+} // namespace
+
+std::string CsvField(const std::string& utf8) {
     if (utf8.find_first_of(",\"") == std::string::npos)
         return utf8;
     std::string quoted = "\"";
@@ -19,17 +31,6 @@ std::string Field(const std::string& utf8) {
         quoted += c == '"' ? std::string("\"\"") : std::string(1, c);
     return quoted + '"';
 }
-
-void WriteLayer(std::ostream& out, const Layer& layer) {
-    const float resistance = LayerListResistance(layer);
-    out << Field(ShownText(layer.name)) << ',' << layer.library << ',' << layer.materialCode << ','
-        << FormatGeneral(layer.thickness) << ',' << FormatGeneral(AsDecimal(layer.conductivity))
-        << ',' << FormatGeneral(layer.density) << ',' << FormatGeneral(layer.specificHeat) << ','
-        << FormatGeneral(AsDecimal(layer.absorption)) << ','
-        << (resistance == 0 ? std::string() : FormatGeneral(AsDecimal(resistance)));
-}
-
-} // namespace
 
 void WriteCsvHead(std::ostream& out) {
     out << "file,construction,name,type,u_value,slot,layer,library,material_code,thickness_mm,"
@@ -41,8 +42,8 @@ void WriteCsvRows(std::ostream& out, const Project& project, const std::string& 
         if (!InUse(project, number))
             continue;
         const Construction& construction = project.constructions[number];
-        const std::string start = Field(ShownPath(file)) + ',' + std::to_string(number) + ','
-                                  + Field(ShownText(construction.name)) + ','
+        const std::string start = CsvField(ShownPath(file)) + ',' + std::to_string(number) + ','
+                                  + CsvField(ShownText(construction.name)) + ','
                                   + std::to_string(construction.type) + ','
                                   + UValueText(construction) + ',';
         for (int slot = 1; slot <= construction.layers.HighestUsed(); ++slot) {

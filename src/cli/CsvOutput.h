@@ -7,6 +7,9 @@
 
 namespace strativo {
 
+/// A text as a field, quoted where it needs it.
+std::string CsvField(const std::string& utf8);
+
 /// The names of the columns.
 void WriteCsvHead(std::ostream& out);
 

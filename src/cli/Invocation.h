@@ -14,9 +14,16 @@ struct Invocation {
     std::string output;                    ///< "" for standard output
     std::vector<std::string> rules;        ///< of findings; none: all
     std::vector<std::string> leftOutRules; ///< of findings
+    std::string inside;                    ///< degrees C; "" for the usual temperature
+    std::string outside;                   ///< likewise
+    std::string flow = "horizontal";
+    std::string rsi; ///< m2 K/W; "" for that of the direction of flow
+    std::string rse; ///< likewise
+    std::string firstLayer = "outside";
     bool strict = false;
     bool json = false;
     bool csv = false;
+    bool thermal = false;
     bool user = false;
     bool help = false;
     bool version = false;

@@ -4,6 +4,7 @@
 #include "cli/JsonRecords.h"
 #include "cli/Session.h"
 #include "cli/TextOutput.h"
+#include "cli/ThermalJson.h"
 #include "edit/ConstructionSlots.h"
 #include "text/Format.h"
 #include "text/Windows1252.h"
@@ -91,11 +92,18 @@ void WriteState(JsonWriter& writer, const Project& project) {
     writer.Member("changed", project.changed);
 }
 
-void WriteTables(JsonWriter& writer, const Project& project) {
+Json JsonOfShown(const Project& project, int number, const Invocation& call) {
+    Json json = JsonOfConstruction(project, number);
+    if (call.thermal)
+        json["x-thermal"] = JsonOfThermal(project.constructions[number], ThermalChoiceOf(call));
+    return json;
+}
+
+void WriteTables(JsonWriter& writer, const Project& project, const Invocation& call) {
     writer.Key("constructions");
     writer.Begin('[');
     ForEachConstruction(project,
-                        [&](int number) { writer.Value(JsonOfConstruction(project, number)); });
+                        [&](int number) { writer.Value(JsonOfShown(project, number, call)); });
     writer.End(']');
     writer.Key("glassTypes");
     writer.Begin('[');
@@ -126,7 +134,7 @@ int ShowAsJson(const Invocation& call, std::ostream& out, std::ostream& err) {
         writer.Begin('{');
         WriteFileMembers(writer, session);
         WriteState(writer, session.project);
-        WriteTables(writer, session.project);
+        WriteTables(writer, session.project, call);
         WriteComments(writer, session.project.comments);
         writer.End('}');
         status = std::max(status, session.Status());

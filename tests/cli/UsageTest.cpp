@@ -99,6 +99,50 @@ INSTANTIATE_TEST_SUITE_P(
                  {"check", "--no-rule", "u-range", "--no-rule", "frob", "a"},
                  "--no-rule knows no rule frob",
                  "Usage: strativo-cli [OPTIONS] check FILE.con..."},
+        WrongUse{"NoTemperature",
+                 {"thermal", "--inside", "warm", "a"},
+                 "--inside needs a number from -273.15 to 1000000, not warm",
+                 "Usage: strativo-cli [OPTIONS] thermal FILE.con..."},
+        WrongUse{"TemperatureBelowAll",
+                 {"thermal", "--outside", "-300", "a"},
+                 "--outside needs a number from -273.15 to 1000000, not -300",
+                 "Usage: strativo-cli [OPTIONS] thermal FILE.con..."},
+        WrongUse{"TemperatureBeyondAll",
+                 {"thermal", "--outside", "1e999", "a"},
+                 "--outside needs a number from -273.15 to 1000000, not 1e999",
+                 "Usage: strativo-cli [OPTIONS] thermal FILE.con..."},
+        WrongUse{"TemperatureThatIsNoNumber",
+                 {"thermal", "--inside", "nan", "a"},
+                 "--inside needs a number from -273.15 to 1000000, not nan",
+                 "Usage: strativo-cli [OPTIONS] thermal FILE.con..."},
+        WrongUse{"NegativeFilm",
+                 {"thermal", "--rsi", "-0.1", "a"},
+                 "--rsi needs a number from 0 to 1000000000000, not -0.1",
+                 "Usage: strativo-cli [OPTIONS] thermal FILE.con..."},
+        WrongUse{"FilmWithUnit",
+                 {"thermal", "--rse", "0.1 m", "a"},
+                 "--rse needs a number from 0 to 1000000000000, not 0.1 m",
+                 "Usage: strativo-cli [OPTIONS] thermal FILE.con..."},
+        WrongUse{"UnknownFlow",
+                 {"thermal", "--flow", "sideways", "a"},
+                 "--flow knows no direction sideways",
+                 "Usage: strativo-cli [OPTIONS] thermal FILE.con..."},
+        WrongUse{"UnknownSide",
+                 {"thermal", "--first-layer", "top", "a"},
+                 "--first-layer knows no side top",
+                 "Usage: strativo-cli [OPTIONS] thermal FILE.con..."},
+        WrongUse{"ThermalWithoutJson",
+                 {"show", "--thermal", "a"},
+                 "--thermal needs --json",
+                 "Usage: strativo-cli [OPTIONS] show FILE.con..."},
+        WrongUse{"FlowToShow",
+                 {"show", "--flow", "up", "a"},
+                 "--flow is no option of show",
+                 "Usage: strativo-cli [OPTIONS] show FILE.con..."},
+        WrongUse{"NoFileForThermal",
+                 {"thermal"},
+                 "thermal takes FILE.con...",
+                 "Usage: strativo-cli [OPTIONS] thermal FILE.con..."},
         WrongUse{"UnknownOrder",
                  {"materials", "--sort", "colour", "a"},
                  "--sort knows no order colour",
@@ -127,15 +171,16 @@ TEST_F(Usage, HelpNamesEveryCommandAndOptionWithExamples) {
     EXPECT_EQ(result.err, "");
     for (const char* text :
          {"show FILE.con...", "check FILE.con...", "rewrite FILE.con OUT.con",
-          "import-glass FILE.con FROM.con OUT.con", "materials LIB.lby", "--standard LIB.lby",
-          "--user-library LIB.lby", "--json", "--user ", "--sort KEY", "--strict", "--rule NAME",
-          "--no-rule NAME", "--help", "--version", "Exit status: 0 all well",
-          "Examples:\n  strativo-cli show house.con\n"})
+          "import-glass FILE.con FROM.con OUT.con", "thermal FILE.con...", "materials LIB.lby",
+          "--standard LIB.lby", "--user-library LIB.lby", "--json", "--user ", "--sort KEY",
+          "--strict", "--rule NAME", "--no-rule NAME", "--help", "--version",
+          "Exit status: 0 all well", "Examples:\n  strativo-cli show house.con\n"})
         EXPECT_THAT(result.out, HasSubstr(text));
 }
 
 TEST_F(Usage, EachCommandHasAHelpOfItsOwn) {
-    for (const char* command : {"show", "check", "rewrite", "import-glass", "materials"}) {
+    for (const char* command :
+         {"show", "check", "rewrite", "import-glass", "thermal", "materials"}) {
         const RunResult result = RunTool({command, "--help"});
         EXPECT_EQ(result.status, 0);
         EXPECT_EQ(result.err, "");

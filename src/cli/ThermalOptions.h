@@ -1,0 +1,23 @@
+#pragma once
+
+#include "calc/ThermalConditions.h"
+#include "cli/Invocation.h"
+
+#include <string>
+#include <vector>
+
+namespace strativo {
+
+/// What the thermal options ask for.
+struct ThermalChoice {
+    ThermalConditions conditions;
+    std::vector<HeatFlow> flows;
+};
+
+/// Why a thermal option cannot be followed; empty when all can.
+std::string ThermalFault(const Invocation& call);
+
+/// Only of a call without a fault.
+ThermalChoice ThermalChoiceOf(const Invocation& call);
+
+} // namespace strativo
