@@ -47,6 +47,7 @@ _strativo_cli() {
     case $command in
     "") mapfile -t COMPREPLY < <(compgen -W "$commands" -- "$current") ;;
     materials) mapfile -t COMPREPLY < <(compgen -f -X '!*.[lL][bB][yY]' -- "$current"; compgen -d -- "$current") ;;
+    check) mapfile -t COMPREPLY < <(compgen -f -X '!*.@([cC][oO][nN]|[lL][bB][yY])' -- "$current"; compgen -d -- "$current") ;;
     *) mapfile -t COMPREPLY < <(compgen -f -X '!*.[cC][oO][nN]' -- "$current"; compgen -d -- "$current") ;;
     esac
 }

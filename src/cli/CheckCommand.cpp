@@ -3,9 +3,13 @@
 #include "cli/JsonRecords.h"
 #include "cli/Session.h"
 #include "cli/TextOutput.h"
+#include "files/FileAccess.h"
+#include "files/FileMessages.h"
 #include "files/Findings.h"
+#include "files/LibraryFindings.h"
 
 #include <algorithm>
+#include <optional>
 #include <ostream>
 
 namespace strativo {
@@ -25,6 +29,8 @@ Json JsonOf(const Finding& finding) {
     addNumber("construction", finding.construction);
     addNumber("layer", finding.layer);
     addNumber("glassType", finding.glassType);
+    addNumber("material", finding.material);
+    addNumber("line", finding.line);
     json["name"] = ToUtf8(finding.name);
     json["text"] = ToUtf8(finding.text);
     return json;
@@ -43,9 +49,16 @@ void PrintAsJson(JsonWriter& writer, const Session& session, const std::vector<F
 
 void PrintAsText(std::ostream& out, const Session& session, const std::vector<Finding>& findings) {
     const std::string file = ShownPath(session.file);
-    for (const Finding& finding : findings)
-        out << file << (SeverityOf(finding) == Severity::warning ? ": warning: " : ": ")
-            << finding.rule << ": " << ShownText(finding.text) << '\n';
+    for (const Finding& finding : findings) {
+        out << file << ':';
+        if (finding.line > 0)
+            out << finding.line << ':';
+        out << ' ';
+        // An error of a construction file is told without the word, as scripts know it.
+        if (finding.line > 0 || SeverityOf(finding) == Severity::warning)
+            out << SeverityName(finding) << ": ";
+        out << finding.rule << ": " << ShownText(finding.text) << '\n';
+    }
 }
 
 bool IsWanted(const Finding& finding, const Invocation& call) {
@@ -55,11 +68,40 @@ bool IsWanted(const Finding& finding, const Invocation& call) {
     return (call.rules.empty() || holds(call.rules)) && !holds(call.leftOutRules);
 }
 
-/// None of a file that was not read to its end, whose layers are not linked.
-std::vector<Finding> FindingsIn(const Session& session, const Invocation& call) {
-    std::vector<Finding> findings;
-    if (session.FileRead())
-        findings = FindingsOf(session.project);
+bool IsNamedAsLibrary(const std::string& path) {
+    constexpr std::string_view ending = ".lby";
+    return path.size() >= ending.size()
+           && LowerCase(std::string_view(path).substr(path.size() - ending.size())) == ending;
+}
+
+/// The bytes of a file that by its name and content is a library; nothing for another file.
+std::optional<std::string> LibraryBytes(Session& session, bool user) {
+    if (!IsNamedAsLibrary(session.file))
+        return std::nullopt;
+    try {
+        std::string bytes = ReadFileBytes(CallersPath(session.file));
+        return HasConstructionKeyword(bytes) ? std::nullopt : std::optional(std::move(bytes));
+    } catch (const RuntimeError& error) {
+        const FileMessages& messages = user ? userLibraryMessages : standardLibraryMessages;
+        session.desktop.ShowMessage({messages.Text(error.Number()), ""});
+        return "";
+    }
+}
+
+std::vector<Finding> FindingsInLibrary(std::string_view bytes, bool user) {
+    return FindingsOfLibrary(bytes, user ? LibraryLayout::user : LayoutOfLibrary(bytes));
+}
+
+/// None of a construction file that was not read to its end, whose layers are not linked.
+std::vector<Finding> FindingsInProject(Session& session) {
+    session.Read();
+    return session.FileRead() ? FindingsOf(session.project) : std::vector<Finding>();
+}
+
+std::vector<Finding> FindingsIn(Session& session, const Invocation& call) {
+    const std::optional<std::string> library = LibraryBytes(session, call.user);
+    std::vector<Finding> findings =
+        library ? FindingsInLibrary(*library, call.user) : FindingsInProject(session);
     std::erase_if(findings, [&](const Finding& finding) { return !IsWanted(finding, call); });
     return findings;
 }
@@ -80,7 +122,6 @@ int Check(const Invocation& call, std::ostream& out, std::ostream& err) {
         writer.Begin('[');
     for (const std::string& file : call.operands) {
         Session session(file, call, err);
-        session.Read();
         const std::vector<Finding> findings = FindingsIn(session, call);
         if (call.json)
             PrintAsJson(writer, session, findings);

@@ -15,11 +15,12 @@ const std::array<Command, 7> commands = {{
      "  strativo-cli show --json *.con | jq '.[].constructions[].result'\n"
      "  strativo-cli show --csv *.con > layers.csv\n",
      1, true, jsonOption | csvOption | thermalOption, Show},
-    {"check", "FILE.con...", "findings, one a line; exit 1 for an error",
+    {"check", "FILE.con|LIB.lby...", "findings, one a line; exit 1 for an error",
      "  strativo-cli check house.con\n"
      "  strativo-cli check --json --standard stdmat.lby *.con\n"
+     "  strativo-cli check stdmat.lby\n"
      "  strativo-cli check --strict --no-rule u-range house.con\n",
-     1, true, jsonOption | strictOption | ruleOption | noRuleOption, Check},
+     1, true, jsonOption | userOption | strictOption | ruleOption | noRuleOption, Check},
     {"rewrite", "FILE.con OUT.con", "read FILE.con, write OUT.con",
      "  strativo-cli rewrite house.con clean.con\n"
      "  strativo-cli --standard stdmat.lby rewrite house.con house.con\n",

@@ -195,6 +195,81 @@ TEST_F(Check, ARuleLeftOutDoesNotMakeTheStatus) {
     EXPECT_EQ(RunTool({"check", "--rule", "no-layers", "empty.con"}).status, 1);
 }
 
+TEST_F(Check, ReadsLibrariesOfBothLayouts) {
+    folder.Write("a.lby", "12'FACE BRICK' 0.84 1700 800\r\n12'RENDER' 0,5 1300 1000\r\n");
+    folder.Write("b.LBY", "12*A,1 2 3\r\n14* OAK\x1B,0.17 1630 704\r\n");
+    const RunResult result = RunTool({"check", "a.lby", "b.LBY", "good.con"});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.err, "");
+    EXPECT_EQ(
+        result.out,
+        "a.lby:2: error: duplicate-code: Material 2 \"RENDER\": line 1 has the number 12 too; "
+        "layers get the last one\n"
+        "a.lby:2: warning: text-after-number: Material 2 \"RENDER\": conductivity \"0,5\" is "
+        "read as 0\n"
+        "a.lby:2: warning: no-conductivity: Material 2 \"RENDER\": the material has no "
+        "conductivity\n"
+        "b.LBY:1: error: line-not-read: no blank between the asterisk and the name\n"
+        "b.LBY:2: warning: density-heat-swapped: Material 1 \"OAK\\u001B\": density 1630 and "
+        "specific heat 704 look exchanged\n");
+}
+
+TEST_F(Check, AFindingInALibraryIsOneJsonObject) {
+    folder.Write("a.lby", "12'\xC4' 1 1700 800\r\n0'B' 1 1700 800\r\n");
+    const RunResult result = RunTool({"check", "--json", "a.lby"});
+    EXPECT_EQ(result.status, 1);
+    const std::string text = "Material 2 \"B\": no layer can refer to the number 0; it takes a "
+                             "whole one from 1 to 32767";
+    EXPECT_EQ(Document(result), json({{{"file", "a.lby"},
+                                       {"messages", json::array()},
+                                       {"ended", false},
+                                       {"findings",
+                                        {{{"rule", "code-range"},
+                                          {"severity", "error"},
+                                          {"material", 2},
+                                          {"line", 2},
+                                          {"name", "B"},
+                                          {"text", text}}}}}}));
+}
+
+TEST_F(Check, FindsNothingInTheLibrariesThatComeWithTheProgram) {
+    const std::string data = std::string(STRATIVO_SOURCE) + "/data/";
+    const RunResult result =
+        RunTool({"check", "--strict", data + "stdmat.lby", data + "examples/user.lby"});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.out, "");
+    EXPECT_EQ(result.err, "");
+}
+
+TEST_F(Check, UserSetsTheLayoutOfLibraries) {
+    folder.Write("a.lby", "12'AB' 1 2000 1000\r\n");
+    EXPECT_EQ(RunTool({"check", "a.lby"}).status, 0);
+    EXPECT_EQ(RunTool({"check", "--user", "a.lby"}).out,
+              "a.lby:1: error: line-not-read: no asterisk behind the number\n");
+    EXPECT_EQ(RunTool({"check", "--user", "good.con"}).status, 0);
+}
+
+TEST_F(Check, ConstructionFilesAreKnownByTheirContent) {
+    folder.Write("walls.lby", WallFile({}));
+    EXPECT_EQ(RunTool({"check", "walls.lby"}).out,
+              "walls.lby: no-layers: Construction 1 \"Wall\": no layers\n");
+    folder.Write("library.con", standardLibraryBytes);
+    EXPECT_EQ(RunTool({"check", "library.con"}).out, "");
+}
+
+TEST_F(Check, SaysWhyALibraryCouldNotBeRead) {
+    const RunResult result = RunTool({"check", "gone.lby", "good.con"});
+    EXPECT_EQ(result.status, 3);
+    EXPECT_EQ(result.out, "");
+    EXPECT_EQ(result.err, "strativo-cli: gone.lby: Standard material file is missing.\n");
+}
+
+TEST_F(Check, EveryRuleIsInTheManual) {
+    const std::string page = SourceFile("docs/manual/check.html");
+    for (const FindingRule& rule : FindingRules())
+        EXPECT_THAT(page, testing::HasSubstr(std::string("<code>") + rule.name + "</code>"));
+}
+
 TEST_F(Check, EveryRuleIsCompletedByTheShells) {
     for (const char* file : {"_strativo-cli", "strativo-cli.bash", "strativo-cli.fish"}) {
         const std::string bytes = SourceFile(std::string("packaging/completions/") + file);
