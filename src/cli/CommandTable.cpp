@@ -30,7 +30,9 @@ const std::array<Command, 7> commands = {{
      "  strativo-cli import-glass house.con glazing.con house.con\n", 3, false, noOption,
      ImportGlass},
     {"report", "FILE.con", "one HTML page to print: sections, layers, U-values, glass, findings",
-     "  strativo-cli report house.con -o house.html\n", 1, false, outputOption, WriteReport},
+     "  strativo-cli report house.con -o house.html\n"
+     "  strativo-cli report house.con --flow up --outside -5 -o roofs.html\n",
+     1, false, outputOption | thermalConditions, WriteReport},
     {"thermal", "FILE.con...",
      "what each construction does to heat: U-values, temperatures, 24 h swing",
      "  strativo-cli thermal house.con --inside 20 --outside -5\n"

@@ -1,196 +1,235 @@
 #include "cli/HtmlReport.h"
 
 #include "calc/CavityTypes.h"
-#include "calc/LayerList.h"
+#include "calc/ThermalText.h"
 #include "calc/UValue.h"
-#include "draw/GlassCurves.h"
-#include "draw/MaterialKind.h"
-#include "draw/Section.h"
+#include "cli/ReportParts.h"
+#include "cli/ReportStyle.h"
 #include "draw/Svg.h"
 #include "files/Findings.h"
 #include "text/Format.h"
 #include "text/Windows1252.h"
 
-#include <cmath>
 #include <ostream>
-#include <vector>
 
 namespace strativo {
 
 namespace {
 
-constexpr char styleSheet[] =
-    "@page { size: A4; margin: 16mm; }\n"
-    "body { font: 10pt/1.4 'Liberation Sans', 'DejaVu Sans', sans-serif; color: #222;"
-    " max-width: 178mm; margin: 1em auto; padding: 0 1em; }\n"
-    "h1 { font-size: 18pt; border-bottom: 2px solid #308cc6; margin-bottom: .3em; }\n"
-    "h2 { font-size: 13pt; margin: 1.6em 0 .4em; }\n"
-    "section { break-inside: avoid; }\n"
-    "table { border-collapse: collapse; width: 100%; font-size: 9pt; }\n"
-    "th, td { border-bottom: 1px solid #ccc; padding: .2em .5em; text-align: right; }\n"
-    "th { background: #f0f3f5; } .text { text-align: left; }\n"
-    "tfoot td { font-weight: bold; border-bottom: 0; }\n"
-    ".key { display: inline-block; width: .9em; height: .9em; border: 1px solid #555;"
-    " vertical-align: -1px; margin-right: .4em; }\n"
-    ".u { font-size: 12pt; } .note { color: #555; font-size: 9pt; }\n"
-    "svg { display: block; max-width: 100%; margin: .4em 0; }\n"
-    "@media print { body { margin: 0; padding: 0; max-width: none; } th, rect, .key {"
-    " -webkit-print-color-adjust: exact; print-color-adjust: exact; } }\n";
-
-std::string Show(std::string_view bytes) {
-    return Escaped(ToUtf8(bytes));
+std::string ShownPath(std::string_view path) {
+    return Escaped(PathToUtf8(path));
 }
 
-/// Sums over the area of one square metre.
-struct ArealSums {
-    double mass = 0;         ///< kg/m2
-    double heatCapacity = 0; ///< J/m2 C
-};
-
-std::string ShowSum(double value) {
-    return std::isfinite(value) ? FormatNumber(value, "0.0") : "n/a";
-}
-
-ArealSums SumsOf(const Layer& layer) {
-    if (layer.conductivity < 0)
-        return {};
-    const double mass = layer.thickness / 1000 * layer.density;
-    return {mass, mass * layer.specificHeat};
+/// The file's name without folders.
+std::string_view NameOf(std::string_view path) {
+    return path.substr(path.find_last_of('/') + 1);
 }
 
 class Report {
 public:
-    Report(std::ostream& stream, const Project& source) : out(stream), project(source) {}
+    Report(std::ostream& stream, const Project& source, const ReportDetails& itsDetails)
+        : out(stream), project(source), details(itsDetails), findings(FindingsOf(source)) {}
 
-    void Write(const std::string& file) {
-        const std::string title = Escaped(PathToUtf8(file));
+    void Write() {
+        const std::string title = ShownPath(NameOf(details.file));
         out << "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n<title>"
             << title << "</title>\n<style>\n"
-            << styleSheet << "</style>\n</head>\n<body>\n<h1>" << title << "</h1>\n";
-        WriteLibraries();
-        for (int number = 1; number <= project.constructions.Size(); ++number)
-            if (InUse(project, number))
-                WriteConstruction(number);
+            << ReportStyleSheet(details) << "</style>\n</head>\n<body>\n<h1>" << title
+            << "</h1>\n<p class=\"lead\">Building constructions and glazing</p>\n";
+        WriteAbout();
+        WriteOverview();
+        WriteGlassOverview();
+        WriteNotes();
+        ForEachConstruction(
+            [&](int number) { WriteReportConstruction(out, project, number, details); });
         for (int number = 1; number <= project.glassTypes.Size(); ++number)
             if (!project.glassTypes[number].name.empty())
-                WriteGlassType(number);
+                WriteReportGlassType(out, project, number);
+        for (int number = 1; number <= project.glassTypes2D.Size(); ++number)
+            if (!project.glassTypes2D[number].name.empty())
+                WriteReportGlassType2D(out, project, number);
         WriteFindings();
         out << "</body>\n</html>\n";
     }
 
 private:
-    void WriteLibraries() {
-        out << "<p>Standard library: " << Escaped(PathToUtf8(project.standardLibraryFile));
+    template <class Action>
+    void ForEachConstruction(Action action) {
+        for (int number = 1; number <= project.constructions.Size(); ++number)
+            if (InUse(project, number))
+                action(number);
+    }
+
+    void WriteAboutRow(const char* label, const std::string& html) {
+        out << "<tr><th>" << label << "</th><td>" << html << "</td></tr>\n";
+    }
+
+    void WriteAbout() {
+        WriteReportComments(out, project.comments.fileHead);
+        out << "<table class=\"about\">\n";
+        WriteAboutRow("File", ShownPath(details.path));
+        WriteAboutRow("Standard library", ShownPath(project.standardLibraryFile));
         if (project.userLoaded)
-            out << "<br>User library: " << Escaped(PathToUtf8(project.userLibraryFile));
-        out << "</p>\n<p class=\"note\">U-values are indicative: steady state, one-dimensional, "
-               "with surface resistances of "
-            << FormatNumber(outsideSurfaceResistance, "0.00") << " and "
-            << FormatNumber(insideSurfaceResistance, "0.00")
-            << " m<sup>2</sup>K/W and a fixed resistance for each type of cavity; thermal "
-               "bridges are not in them. Layers run from outside to inside.</p>\n<p>";
-        for (int kind = 0; kind < materialKinds; ++kind)
-            out << Key(static_cast<MaterialKind>(kind)) << KindName(static_cast<MaterialKind>(kind))
-                << " &nbsp; ";
-        out << "</p>\n";
+            WriteAboutRow("User library", ShownPath(project.userLibraryFile));
+        WriteAboutRow("Date", Escaped(details.date));
+        WriteAboutRow("Program", Escaped(details.program));
+        const std::size_t count = findings.size();
+        WriteAboutRow("Findings", count == 0 ? "None."
+                                             : "<a href=\"#findings\">" + std::to_string(count)
+                                                   + ", at the end</a>");
+        out << "</table>\n";
     }
 
-    static std::string Key(MaterialKind kind) {
-        return std::string("<span class=\"key\" style=\"background:") + ColourText(KindColour(kind))
-               + "\"></span>";
+    void WriteOverview() {
+        out << "<h2>Overview</h2>\n<table class=\"overview\">\n<thead><tr><th>No.</th>"
+               "<th class=\"text\">Construction</th><th class=\"text\">Type</th>"
+               "<th>Thickness<br><span class=\"unit\">mm</span></th>"
+               "<th>R of the layers<br><span class=\"unit\">m&sup2;K/W</span></th>"
+               "<th>U-value<br><span class=\"unit\">W/m&sup2;K</span></th>"
+               "<th>Indicative U<br><span class=\"unit\">W/m&sup2;K</span></th></tr></thead>\n"
+               "<tbody>\n";
+        ForEachConstruction([&](int number) { WriteOverviewRow(number); });
+        out << "</tbody>\n</table>\n";
     }
 
-    void WriteConstruction(int number) {
+    void WriteOverviewRow(int number) {
         const Construction& construction = project.constructions[number];
-        const bool transparent = construction.type == transparentType;
-        out << "<section>\n<h2>" << number << ". " << Show(construction.name) << "</h2>\n<p>"
-            << (transparent ? "Transparent" : "Opaque")
-            << " &nbsp; <span class=\"u\">Indicative U-value <b>" << UValueText(construction)
-            << "</b> W/m<sup>2</sup>K</span></p>\n";
-        if (LayerCount(construction) > 0) {
-            out << SvgElement(DrawSection(construction, {}, HeatFlow::horizontal), "section");
-            WriteLayers(construction, transparent);
+        const auto [layers, reason] = ThermalLayersOf(construction, details.conditions.firstLayer);
+        std::string resistance = notAvailable;
+        std::string transmittance = notAvailable;
+        if (!reason) {
+            const Films films = details.conditions.FilmsFor(details.flows.front());
+            resistance = FormatNumber(SumsOf(layers).resistance, "0.000");
+            transmittance = FormatNumber(
+                SteadyStateOf(layers, films, details.conditions.air).transmittance, "0.000");
         }
-        out << "</section>\n";
+        out << "<tr><td>" << number << "</td><td class=\"text\"><a href=\"#construction-" << number
+            << "\">" << ReportText(construction.name) << "</a></td><td class=\"text\">"
+            << (construction.type == transparentType ? "transparent" : "opaque") << "</td><td>"
+            << TotalThicknessText(construction) << "</td><td>" << resistance << "</td><td>"
+            << transmittance << "</td><td>" << UValueText(construction) << "</td></tr>\n";
     }
 
-    void WriteLayers(const Construction& construction, bool transparent) {
-        out << "<table>\n<thead><tr><th></th><th class=\"text\">Layer</th><th>Thickness<br>mm"
-               "</th><th>Conductivity<br>W/mK</th><th>R<br>m<sup>2</sup>K/W</th><th>Mass<br>"
-               "kg/m<sup>2</sup></th><th>Heat capacity<br>kJ/m<sup>2</sup>K</th>"
-            << (transparent ? "<th>Solar<br>absorption</th>" : "") << "</tr></thead>\n<tbody>\n";
-        ArealSums total;
-        for (int slot = 1; slot <= construction.layers.HighestUsed(); ++slot) {
-            const Layer& layer = construction.layers[slot];
-            if (layer.name.empty())
-                continue;
-            const ArealSums sums = SumsOf(layer);
-            total.mass += sums.mass;
-            total.heatCapacity += sums.heatCapacity;
-            WriteLayer(layer, slot, sums, transparent);
-        }
-        out << "</tbody>\n<tfoot><tr><td></td><td class=\"text\">Sum</td><td></td><td></td><td>"
-               "</td><td>"
-            << ShowSum(total.mass) << "</td><td>" << ShowSum(total.heatCapacity / 1000) << "</td>"
-            << (transparent ? "<td></td>" : "") << "</tr></tfoot>\n</table>\n";
+    bool HasGlass() const {
+        for (const GlassType& type : project.glassTypes)
+            if (!type.name.empty())
+                return true;
+        for (const GlassType2D& type : project.glassTypes2D)
+            if (!type.name.empty())
+                return true;
+        return false;
     }
 
-    void WriteLayer(const Layer& layer, int slot, const ArealSums& sums, bool transparent) {
-        const bool cavity = layer.conductivity < 0;
-        const float resistance = LayerListResistance(layer);
-        out << "<tr><td>" << slot << "</td><td class=\"text\">" << Key(KindOf(layer))
-            << Show(layer.name) << "</td><td>"
-            << (layer.conductivity == resistanceCavity ? "" : FormatNumber(layer.thickness, "0.0"))
-            << "</td><td>" << (cavity ? "" : FormatNumber(layer.conductivity, "0.000"))
-            << "</td><td>" << (resistance == 0 ? "n/a" : FormatNumber(resistance, "0.000"))
-            << "</td><td>" << (cavity ? "" : ShowSum(sums.mass)) << "</td><td>"
-            << (cavity ? "" : ShowSum(sums.heatCapacity / 1000)) << "</td>";
-        if (transparent)
-            out << "<td>" << AbsorptionText(layer.absorption) << "</td>";
+    void WriteGlassOverview() {
+        if (!HasGlass())
+            return;
+        out << "<h3>Glass types</h3>\n<table class=\"overview\">\n<thead><tr><th>No.</th>"
+               "<th class=\"text\">Glass type</th><th>Transmission<br>at 0&deg;</th>"
+               "<th>Transmission<br>diffuse</th><th>Absorption<br>at 0&deg;</th>"
+               "<th>Absorption<br>diffuse</th></tr></thead>\n<tbody>\n";
+        for (int number = 1; number <= project.glassTypes.Size(); ++number)
+            if (const GlassType& type = project.glassTypes[number]; !type.name.empty())
+                WriteGlassRow(type, number);
+        for (int number = 1; number <= project.glassTypes2D.Size(); ++number)
+            if (const GlassType2D& type = project.glassTypes2D[number]; !type.name.empty())
+                out << "<tr><td>2D " << number
+                    << "</td><td class=\"text\"><a href=\"#glass-type-2d-" << number << "\">"
+                    << ReportText(type.name)
+                    << "</a></td><td class=\"text\" colspan=\"4\">two-dimensional, 19 rows of 19 "
+                       "values</td></tr>\n";
+        out << "</tbody>\n</table>\n";
+    }
+
+    void WriteGlassRow(const GlassType& type, int number) {
+        out << "<tr><td>" << number << "</td><td class=\"text\"><a href=\"#glass-type-" << number
+            << "\">" << ReportText(type.name) << "</a></td>";
+        for (const AngularValues* values : {&type.transmission, &type.absorption})
+            for (const int value : {2, 1})
+                out << "<td>" << FormatNumber((*values)[value], "0.000") << "</td>";
         out << "</tr>\n";
     }
 
-    void WriteGlassType(int number) {
-        const GlassType& type = project.glassTypes[number];
-        out << "<section>\n<h2>Glass type " << number << ": " << Show(type.name) << "</h2>\n"
-            << SvgElement(DrawGlassCurves(type), "curve")
-            << "<table>\n<thead><tr><th class=\"text\">Angle</th>";
-        for (int value = 2; value <= AngularValues::last; ++value)
-            out << "<th>" << IncidenceAngle(value) << "&deg;</th>";
-        out << "<th>diffuse</th></tr></thead>\n<tbody>\n";
-        WriteValues("Transmission", type.transmission);
-        WriteValues("Absorption", type.absorption);
-        out << "</tbody>\n</table>\n</section>\n";
-    }
-
-    void WriteValues(const char* label, const AngularValues& values) {
-        out << "<tr><td class=\"text\">" << label << "</td>";
-        for (int value = 2; value <= AngularValues::last; ++value)
-            out << "<td>" << FormatNumber(values[value], "0.000") << "</td>";
-        out << "<td>" << FormatNumber(values[1], "0.000") << "</td></tr>\n";
+    void WriteNotes() {
+        const HeatFlow flow = details.flows.front();
+        const Films films = details.conditions.FilmsFor(flow);
+        const bool fromOutside = details.conditions.firstLayer == FirstLayer::outside;
+        out << "<div class=\"reading\">\n<h3>How to read it</h3>\n<p class=\"note\">U-values are "
+               "those of ISO 6946 for heat "
+               "flow "
+            << FlowName(flow) << ", with the surface resistances R<sub>si</sub> "
+            << FormatNumber(films.inside, "0.00#") << " m&sup2;K/W inside and R<sub>se</sub> "
+            << FormatNumber(films.outside, "0.00#")
+            << " m&sup2;K/W outside; one-dimensional, without thermal bridges. The indicative "
+               "U-value is the one that the program's windows show: always with "
+            << FormatNumber(insideSurfaceResistance, "0.00") << " inside and "
+            << FormatNumber(outsideSurfaceResistance, "0.00")
+            << " outside. The characteristics for temperatures that swing are those of ISO "
+               "13786 for a period of 24 hours.</p>\n<p class=\"note\">"
+            << cavityNote << "</p>\n<p class=\"note\">Layer 1 is the "
+            << (fromOutside ? "outermost" : "innermost")
+            << " one; sections have the outside on the left.</p>\n<p class=\"note keys\">";
+        for (int kind = 0; kind < materialKinds; ++kind)
+            out << "<span>" << ColourKey(static_cast<MaterialKind>(kind))
+                << KindName(static_cast<MaterialKind>(kind)) << "</span> ";
+        out << "</p>\n</div>\n";
     }
 
     void WriteFindings() {
-        out << "<section>\n<h2>Findings</h2>\n";
-        const std::vector<Finding> findings = FindingsOf(project);
         if (findings.empty())
-            out << "<p>None.</p>\n";
-        else
-            out << "<ul>\n";
+            return;
+        out << "<section id=\"findings\">\n<h2>Findings</h2>\n";
+        out << "<table>\n<thead><tr><th class=\"text\">Severity</th><th class=\"text\">Rule</th>"
+               "<th class=\"text\">Finding</th></tr></thead>\n<tbody>\n";
         for (const Finding& finding : findings)
-            out << "<li>" << Show(finding.text) << " <span class=\"note\">(" << finding.rule
-                << ")</span></li>\n";
-        out << (findings.empty() ? "" : "</ul>\n") << "</section>\n";
+            out << "<tr><td class=\"text\">"
+                << (SeverityOf(finding) == Severity::error ? "error" : "warning")
+                << "</td><td class=\"text\">" << finding.rule << "</td><td class=\"text\">"
+                << ReportText(finding.text) << "</td></tr>\n";
+        out << "</tbody>\n</table>\n</section>\n";
     }
 
     std::ostream& out;
     const Project& project;
+    const ReportDetails& details;
+    const std::vector<Finding> findings;
 };
 
 } // namespace
 
-void WriteHtmlReport(std::ostream& out, const Project& project, const std::string& file) {
-    Report(out, project).Write(file);
+std::string ReportText(std::string_view bytes) {
+    return Escaped(ToUtf8(bytes));
+}
+
+std::string ColourKey(MaterialKind kind) {
+    return "<span class=\"key\" style=\"background:" + ColourText(KindColour(kind)) + "\"></span>";
+}
+
+void WriteReportComments(std::ostream& out, const CommentLines& comments) {
+    if (comments.empty())
+        return;
+    out << "<p class=\"comments\">";
+    const char* separator = "";
+    for (const std::string& line : comments) {
+        out << separator << ReportText(line);
+        separator = "<br>";
+    }
+    out << "</p>\n";
+}
+
+std::string TotalThicknessText(const Construction& construction) {
+    double sum = 0;
+    bool withCavity = false;
+    for (int slot = 1; slot <= construction.layers.HighestUsed(); ++slot) {
+        const Layer& layer = construction.layers[slot];
+        const bool cavity = layer.conductivity == resistanceCavity;
+        withCavity = withCavity || (cavity && !layer.name.empty());
+        sum += cavity || layer.name.empty() ? 0 : layer.thickness;
+    }
+    return FormatNumber(sum, "0.0") + (withCavity ? " + cavity" : "");
+}
+
+void WriteHtmlReport(std::ostream& out, const Project& project, const ReportDetails& details) {
+    Report(out, project, details).Write();
 }
 
 } // namespace strativo

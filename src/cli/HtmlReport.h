@@ -1,15 +1,27 @@
 #pragma once
 
+#include "calc/ThermalConditions.h"
 #include "model/Project.h"
 
 #include <iosfwd>
 #include <string>
+#include <vector>
 
 namespace strativo {
 
-/// Writes a self-contained HTML page about the project, printable on A4: constructions with their
-/// sections and layers, glass types with their curves, and what `check` finds. Texts from files
-/// are shown, never interpreted.
-void WriteHtmlReport(std::ostream& out, const Project& project, const std::string& file);
+/// What a report shows beside the project.
+struct ReportDetails {
+    std::string file;    ///< as the caller wrote it
+    std::string path;    ///< of the file, from the root on
+    std::string date;    ///< of the report, in words
+    std::string program; ///< with its version
+    ThermalConditions conditions;
+    std::vector<HeatFlow> flows = {HeatFlow::horizontal}; ///< at least one; temperatures are of it
+};
+
+/// Writes a self-contained HTML page about the project, printable on A4: an overview, constructions
+/// with their sections, layers and thermal characteristics, glass types with their curves, and what
+/// `check` finds. Texts from files are shown, never interpreted.
+void WriteHtmlReport(std::ostream& out, const Project& project, const ReportDetails& details);
 
 } // namespace strativo

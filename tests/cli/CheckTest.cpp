@@ -197,7 +197,7 @@ TEST_F(Check, ARuleLeftOutDoesNotMakeTheStatus) {
 
 TEST_F(Check, ReadsLibrariesOfBothLayouts) {
     folder.Write("a.lby", "12'FACE BRICK' 0.84 1700 800\r\n12'RENDER' 0,5 1300 1000\r\n");
-    folder.Write("b.LBY", "12*A,1 2 3\r\n14* OAK\x1B,0.17 1630 704\r\n");
+    folder.Write("b.LBY", "12*A,1 2 3\r\n14* OAK\x1B,0.14 1630 704\r\n");
     const RunResult result = RunTool({"check", "a.lby", "b.LBY", "good.con"});
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(result.err, "");

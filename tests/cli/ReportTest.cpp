@@ -24,7 +24,7 @@ TEST_F(ReportCommand, ShowsLayersSumsAndTheUValue) {
     EXPECT_THAT(result.out, HasSubstr("<td>105.0</td><td>0.840</td><td>0.125</td>"));
     // 0.105 m of 1700 kg/m3 and 800 J/kg C
     EXPECT_THAT(result.out, HasSubstr("<td>178.5</td><td>142.8</td>"));
-    EXPECT_THAT(result.out, HasSubstr("Indicative U-value <b>3.28</b>")); // 1 / (0.125 + 0.18)
+    EXPECT_THAT(result.out, HasSubstr("Indicative U-value</dt><dd>3.28 ")); // 1 / (0.125 + 0.18)
     EXPECT_THAT(result.out, HasSubstr("<svg class=\"section\""));
     EXPECT_THAT(result.out, HasSubstr("None."));
 }
@@ -39,7 +39,7 @@ TEST_F(ReportCommand, ShowsEveryLayerBesideOneOfAMaterialWithoutAName) {
     EXPECT_THAT(result.out, HasSubstr("FACE BRICK</td><td>105.0</td>"));
     EXPECT_THAT(result.out, HasSubstr("<td>178.5</td><td>142.8</td></tr></tfoot>"));
     EXPECT_THAT(result.out, HasSubstr("text-anchor=\"middle\">2</text>")) << "in the drawing";
-    EXPECT_THAT(result.out, Not(HasSubstr("<tr><td>1</td>")));
+    EXPECT_THAT(result.out, Not(HasSubstr("<tr><td>1</td><td class=\"text\"><span")));
 }
 
 TEST_F(ReportCommand, ShowsTextsFromFilesWithoutRunningThem) {
@@ -87,7 +87,93 @@ TEST_F(ReportCommand, DrawsGlassTypesAndListsFindings) {
     std::filesystem::current_path(folder.Path());
     folder.Write("zero.con",
                  WallFile({standardLine}, {"_ 1 =       12      0.000      0            * B"}));
-    EXPECT_THAT(RunTool({"report", "zero.con"}).out, HasSubstr("(zero-thickness)"));
+    EXPECT_THAT(RunTool({"report", "zero.con"}).out, HasSubstr(">zero-thickness<"));
+}
+
+TEST_F(ReportCommand, StartsWithAnOverviewOfTheConstructions) {
+    const RunResult result = RunTool({"report", "wall.con"});
+    // R 0.105 / 0.84; U 1 / (0.04 + 0.125 + 0.13)
+    EXPECT_THAT(result.out, HasSubstr("<tr><td>1</td><td class=\"text\"><a "
+                                      "href=\"#construction-1\">Wall</a></td><td class=\"text\">"
+                                      "opaque</td><td>105.0</td><td>0.125</td><td>3.390</td>"
+                                      "<td>3.28</td></tr>"));
+    EXPECT_LT(result.out.find(">Overview<"), result.out.find("<h2><span class=\"kind\">Opaque"));
+}
+
+TEST_F(ReportCommand, SaysWhichSurfaceResistanceIsWhich) {
+    const RunResult result = RunTool({"report", "wall.con", "--flow", "up"});
+    EXPECT_THAT(result.out, HasSubstr("surface resistances R<sub>si</sub> 0.10 m&sup2;K/W inside "
+                                      "and R<sub>se</sub> 0.04 m&sup2;K/W outside"));
+    EXPECT_THAT(result.out, HasSubstr("always with 0.12 inside and 0.06 outside"));
+    EXPECT_THAT(result.out, HasSubstr("<tr class=\"chosen\"><th class=\"text\">upward</th>"
+                                      "<td>0.10</td><td>0.04</td><td>0.265</td><td>3.774</td>"));
+    EXPECT_THAT(result.out, HasSubstr("In the drawing: heat flow upward, inside 20.0 &deg;C"));
+}
+
+TEST_F(ReportCommand, FollowsTemperaturesFilmsSideAndFlows) {
+    const RunResult result = RunTool({"report", "wall.con", "--inside", "24", "--outside", "-12",
+                                      "--rsi", "0.25", "--first-layer", "inside", "--flow", "all"});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_THAT(result.out, HasSubstr("inside 24.0 &deg;C, outside -12.0 &deg;C"));
+    EXPECT_THAT(result.out, HasSubstr("<td>0.25</td><td>0.04</td><td>0.415</td><td>2.410</td>"));
+    EXPECT_THAT(result.out, HasSubstr("Layer 1 is the innermost one"));
+    EXPECT_THAT(result.out,
+                HasSubstr("<th>horizontal</th><th>upward</th><th>downward</th></tr></thead>"));
+}
+
+TEST_F(ReportCommand, ShowsCommentsOfFileConstructionsAndGlassTypes) {
+    folder.Write("a.con", Lines({"Head * about <the file>", standardLine,
+                                 "!CONSTRUCTION 'Wall' * about the wall", "!PARTS", brickPart,
+                                 "!END", "!WINDOW = 'G' * about the glass", "!END",
+                                 "!WINDOW 2D = 'T' * about both", "!END"}));
+    const RunResult result = RunTool({"report", "a.con"});
+    for (const char* text : {" about &lt;the file&gt;</p>", " about the wall</p>",
+                             " about the glass</p>", " about both</p>"})
+        EXPECT_THAT(result.out, HasSubstr(text));
+}
+
+TEST_F(ReportCommand, NamesTwoDimensionalGlassTypes) {
+    const RunResult house =
+        RunTool({"report", std::string(STRATIVO_SOURCE) + "/data/examples/house.con"});
+    EXPECT_THAT(house.out,
+                HasSubstr("Two-dimensional glass type 1: DOUBLE LOW-E SURF3 4-16-4 OVERHANG"));
+}
+
+TEST_F(ReportCommand, SaysWhyThereAreNoThermalFigures) {
+    folder.Write("a.con", WallFile({standardLine}, {}));
+    EXPECT_THAT(RunTool({"report", "a.con"}).out,
+                HasSubstr("Thermal characteristics are not available: no layers."));
+    folder.Write("b.con",
+                 WallFile({standardLine}, {"_ 1 =       12      0.000      0            * B"}));
+    EXPECT_THAT(RunTool({"report", "b.con"}).out,
+                HasSubstr("Not available: layer 1: zero thickness"));
+}
+
+TEST_F(ReportCommand, ACavityOfUnknownWidthIsNamedBesideTheThickness) {
+    folder.Write("a.con", WallFile({standardLine},
+                                   {brickPart, "_ 2 =       -3      0.000160      0     * x"}));
+    EXPECT_THAT(RunTool({"report", "a.con"}).out, HasSubstr("<td>105.0 + cavity</td>"));
+}
+
+TEST_F(ReportCommand, HasFileDateAndProgramAtTheEdgesOfItsPages) {
+    setenv("SOURCE_DATE_EPOCH", "1795257600", 1);
+    const RunResult result = RunTool({"report", "wall.con"});
+    unsetenv("SOURCE_DATE_EPOCH");
+    EXPECT_THAT(result.out, HasSubstr("@top-left { content: \"wall\\2e con\""));
+    EXPECT_THAT(result.out, HasSubstr("@top-right { content: \"21\\20 November\\20 2026\""));
+    EXPECT_THAT(result.out, HasSubstr("@bottom-left { content: \"Strativo\\20 2\\2e 1\\2e 0\""));
+    EXPECT_THAT(result.out, HasSubstr("counter(page) \" of \" counter(pages)"));
+    EXPECT_THAT(result.out,
+                HasSubstr("<td>" + (folder.Path() / "wall.con").string() + "</td></tr>"));
+}
+
+TEST_F(ReportCommand, AFileNameCannotEndTheStyleSheet) {
+    folder.Write("a\";} <script>.con", WallFile({standardLine}, {brickPart}));
+    const RunResult result = RunTool({"report", "a\";} <script>.con"});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_THAT(result.out, Not(HasSubstr("<script>")));
+    EXPECT_THAT(result.out,
+                HasSubstr("content: \"a\\22 \\3b \\7d \\20 \\3c script\\3e \\2e con\""));
 }
 
 TEST_F(ReportCommand, CsvHasARowPerLayerAndQuotesTexts) {
