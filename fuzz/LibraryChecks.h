@@ -14,14 +14,18 @@
 
 namespace strativo::fuzz {
 
-/// The library that the parser reads; nothing when it refuses the bytes by number.
+/// The library that the parser reads; nothing when it stops with a failure of a number.
 template <class Parser>
 std::optional<LibraryContent> ReadLibrary(Parser parse, std::string_view bytes) {
     try {
-        return parse(bytes);
+        const LibraryContent content = parse(bytes);
+        if (!content.failure)
+            return content;
+        RequireNumber(RuntimeError(*content.failure),
+                      {ErrorNumber::overflow, ErrorNumber::subscriptOutOfRange});
+        return std::nullopt;
     } catch (const RuntimeError& error) {
-        RequireNumber(error, {ErrorNumber::invalidArgument, ErrorNumber::overflow,
-                              ErrorNumber::subscriptOutOfRange});
+        RequireNumber(error, {ErrorNumber::invalidArgument});
         return std::nullopt;
     }
 }

@@ -34,16 +34,20 @@ const CavityType* FindCavityType(int code) {
     return found == cavityTypes.end() ? nullptr : found;
 }
 
+Material& Row(MaterialLibrary& library, int row) {
+    if (row > MaterialLibrary::last)
+        throw RuntimeError(ErrorNumber::subscriptOutOfRange);
+    return library[row];
+}
+
 } // namespace
 
 void AppendCavityEntries(MaterialLibrary& library, int row) {
-    if (row + static_cast<int>(cavityTypes.size()) > MaterialLibrary::last)
-        throw RuntimeError(ErrorNumber::subscriptOutOfRange);
     for (const CavityType& type : cavityTypes) {
         const double code = type.code;
-        library[row++] = {code, type.libraryName, code, 0, 0};
+        Row(library, row++) = {code, type.libraryName, code, 0, 0};
     }
-    library[row].name = endOfLibrary;
+    Row(library, row).name = endOfLibrary;
 }
 
 std::string CavityLayerName(int code) {

@@ -28,16 +28,18 @@ constexpr std::array<SortOrder, 5> sortOrders = {{
     {"specific-heat", SortBySpecificHeat},
 }};
 
-void Load(Session& session, bool user) {
+/// True when the whole library was read.
+bool Load(Session& session, bool user) {
     Project& project = session.project;
     if (!user) {
         project.standardLibraryFile = CallersPath(session.file);
-        LoadStandardLibrary(project, session.desktop);
-        return;
+        return LoadStandardLibrary(project, session.desktop) == LibraryLoad::loaded;
     }
     project.userLibraryFile = CallersPath(session.file);
-    if (LoadUserLibrary(project, session.desktop) == UserLoad::givenUp)
+    const LibraryLoad result = LoadUserLibrary(project, session.desktop);
+    if (result == LibraryLoad::givenUp)
         session.desktop.EndProgram();
+    return result == LibraryLoad::loaded;
 }
 
 /// Every library that the program loads is put in name order first, which then decides between
@@ -77,7 +79,7 @@ bool IsSortKey(const std::string& key) {
 int Materials(const Invocation& call, std::ostream& out, std::ostream& err) {
     Session session(call.operands[0], call, err);
     Project& project = session.project;
-    session.Run([&] { Load(session, call.user); });
+    session.Run([&] { return Load(session, call.user); });
     project.shownLibrary =
         static_cast<std::int16_t>(call.user ? userLibraryNumber : standardLibraryNumber);
     Sort(project, call.sortKey);

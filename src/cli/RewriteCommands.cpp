@@ -11,10 +11,10 @@ namespace {
 
 /// Writes nothing once anything could not be read.
 void Save(Session& session, const std::string& path) {
-    if (session.desktop.Failed() || !session.FileRead())
+    if (session.Failed())
         return;
     session.project.constructionFile = CallersPath(path);
-    session.Run([&] { SaveProject(session.project, session.desktop); });
+    session.Run([&] { return SaveProject(session.project, session.desktop); });
 }
 
 void Import(Session& session, const std::string& from) {
@@ -22,7 +22,9 @@ void Import(Session& session, const std::string& from) {
         return;
     session.desktop.AnswerConstructionFile(CallersPath(from));
     session.desktop.SetSubject(from);
-    session.Run([&] { ImportGlassDefinitions(session.project, session.desktop); });
+    session.Run([&] {
+        return ImportGlassDefinitions(session.project, session.desktop) == ImportResult::imported;
+    });
     session.desktop.SetSubject(session.file);
 }
 

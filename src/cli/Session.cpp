@@ -23,25 +23,29 @@ Session::Session(const std::string& callersFile, const Invocation& call, std::os
     StartUp(project, settings, desktop);
 }
 
-bool Session::Run(const std::function<void()>& action) {
+bool Session::Run(const std::function<bool()>& action) {
+    bool ran = false;
     try {
-        action();
-        return true;
+        ran = action();
     } catch (const ProgramEnd&) {
-        return false; // the desktop has noted it
+        ran = false; // the desktop has noted it
     } catch (const std::exception& error) {
         desktop.Report(error.what());
-        return false;
     }
+    failed = failed || !ran;
+    return ran;
 }
 
 void Session::Read() {
-    const bool ran = Run([&] { ReadConstructionFile(project, CallersPath(file), desktop); });
-    fileRead = ran && !project.constructionFile.empty();
+    Run([&] {
+        const FileReading result = ReadConstructionFile(project, CallersPath(file), desktop);
+        fileRead = result == FileReading::whole || result == FileReading::withoutLibrary;
+        return result == FileReading::whole;
+    });
 }
 
 int Session::Status() const {
-    return desktop.Failed() ? exitFailure : exitAllWell;
+    return failed ? exitFailure : exitAllWell;
 }
 
 } // namespace strativo

@@ -19,14 +19,16 @@ class Session {
 public:
     Session(const std::string& callersFile, const Invocation& call, std::ostream& err);
 
-    /// Runs an action of the core; the end of the program and exceptions, which are reported, end
-    /// only the action, and give false.
-    bool Run(const std::function<void()>& action);
+    /// Runs an action of the core, which tells whether all went well. The end of the program and
+    /// exceptions, which are reported, end only the action, and give false too.
+    bool Run(const std::function<bool()>& action);
     /// Reads the file as a construction file.
     void Read();
     /// The file was read to its end, with or without trouble about its libraries.
     bool FileRead() const { return fileRead; }
-    /// 0, or 3 when something could not be read or written or the program ended.
+    /// An action did not go well.
+    bool Failed() const { return failed; }
+    /// 0, or 3 when an action did not go well.
     int Status() const;
 
     const std::string file; ///< as the caller wrote it
@@ -35,6 +37,7 @@ public:
 
 private:
     bool fileRead = false;
+    bool failed = false;
 };
 
 } // namespace strativo

@@ -14,22 +14,13 @@ TerminalDesktop::TerminalDesktop(std::ostream& stream, std::string subjectFile,
 
 Answer TerminalDesktop::ShowMessage(const Message& message) {
     messages.push_back(message);
-    PrintLine(MessageText(message));
-    if (message.buttons != Buttons::ok)
-        return Answer::yes;
-    ++failures;
-    messageJustShown = true;
-    return Answer::ok;
+    Report(MessageText(message));
+    return message.buttons == Buttons::ok ? Answer::ok : Answer::yes;
 }
 
 std::optional<std::string> TerminalDesktop::AskOpenFile(const FilePrompt& prompt) {
-    const bool asksAboutMessage = std::exchange(messageJustShown, false);
     std::string path = std::exchange(AnswerTo(prompt), "");
-    if (path.empty())
-        return std::nullopt;
-    if (asksAboutMessage)
-        --failures;
-    return path;
+    return path.empty() ? std::nullopt : std::optional(path);
 }
 
 std::optional<std::string> TerminalDesktop::AskSaveFile(const FilePrompt&) {
@@ -37,18 +28,13 @@ std::optional<std::string> TerminalDesktop::AskSaveFile(const FilePrompt&) {
 }
 
 void TerminalDesktop::Report(const std::string& utf8) {
-    PrintLine(utf8);
-    ++failures;
+    PrintError(err, PathToUtf8(subject) + ": " + utf8);
 }
 
 std::string& TerminalDesktop::AnswerTo(const FilePrompt& prompt) {
     if (prompt.title == standardLibraryPrompt)
         return answers.standardLibrary;
     return prompt.title == userLibraryPrompt ? answers.userLibrary : answers.constructionFile;
-}
-
-void TerminalDesktop::PrintLine(const std::string& utf8) {
-    PrintError(err, PathToUtf8(subject) + ": " + utf8);
 }
 
 } // namespace strativo

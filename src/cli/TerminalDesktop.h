@@ -25,13 +25,11 @@ public:
     void SetSubject(std::string file) { subject = std::move(file); }
     /// Answers a construction file prompt to come.
     void AnswerConstructionFile(std::string path) { answers.constructionFile = std::move(path); }
-    /// Reports a failure that has no message box of its own.
+    /// Writes a line about the subject, as for a message.
     void Report(const std::string& utf8);
 
     const std::vector<Message>& Messages() const { return messages; }
     bool Ended() const { return ended; }
-    /// The program ended, or a message told of a failure that no answered prompt made good.
-    bool Failed() const { return ended || failures > 0; }
 
     Answer ShowMessage(const Message& message) override;
     std::optional<std::string> AskOpenFile(const FilePrompt& prompt) override;
@@ -43,10 +41,10 @@ public:
     void ActivateConstructionWindow(int) override {}
     void RefreshMaterialList() override {}
     void ShowMaterialDialog() override {}
-    void EnableMatOption(int, bool) override { messageJustShown = false; }
+    void EnableMatOption(int, bool) override {}
     void SelectMatOption(int) override {}
     void RefreshGlassTypeList() override {}
-    void ShowProgress(std::size_t, std::size_t) override { messageJustShown = false; }
+    void ShowProgress(std::size_t, std::size_t) override {}
     void ShowHelpContents() override {}
     void QuitHelp() override {}
 
@@ -55,14 +53,11 @@ protected:
 
 private:
     std::string& AnswerTo(const FilePrompt& prompt);
-    void PrintLine(const std::string& utf8);
 
     std::ostream& err;
     std::string subject;
     PromptAnswers answers;
     std::vector<Message> messages;
-    int failures = 0;
-    bool messageJustShown = false; ///< a prompt that comes now is about that message
     bool ended = false;
 };
 

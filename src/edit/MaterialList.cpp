@@ -49,9 +49,13 @@ bool NameLess(std::string_view a, std::string_view b) {
     return false;
 }
 
-void SortByName(Project& project) {
-    InsertionSort(Library(project, project.shownLibrary),
+void SortLibraryByName(MaterialLibrary& library) {
+    InsertionSort(library,
                   [](const Material& a, const Material& b) { return NameLess(a.name, b.name); });
+}
+
+void SortByName(Project& project) {
+    SortLibraryByName(Library(project, project.shownLibrary));
 }
 
 void SortByConductivity(Project& project) {

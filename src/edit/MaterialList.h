@@ -13,6 +13,9 @@ namespace strativo {
 /// that it begins, so that such names keep the order they had.
 bool NameLess(std::string_view a, std::string_view b);
 
+/// Puts a library into name order; equal names, and those that begin alike, keep their order.
+void SortLibraryByName(MaterialLibrary& library);
+
 // The sorts reorder the materials of the shown library, ascending; equal ones keep their order.
 // Cavity entries sort by their negative codes.
 void SortByName(Project& project);

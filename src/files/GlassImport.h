@@ -11,8 +11,10 @@ namespace strativo {
 /// 6; types added before it stay. False for a file of another format, which no input is taken for.
 bool ParseGlassDefinitions(std::string_view bytes, Project& project);
 
+enum class ImportResult { imported, cancelled, stopped };
+
 /// Asks for a construction file and imports its glass types. A failure is reported, and marks the
 /// project as changed only if a type was added before it; success always does.
-void ImportGlassDefinitions(Project& project, Desktop& desktop);
+ImportResult ImportGlassDefinitions(Project& project, Desktop& desktop);
 
 } // namespace strativo

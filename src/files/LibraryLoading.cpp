@@ -15,8 +15,34 @@ bool AsksForAnotherFile(ErrorNumber number) {
            || number == ErrorNumber::invalidArgument;
 }
 
-std::string LibraryBytes(const Project& project, const std::string& name) {
-    return ReadFileBytes(FindFile(name, FolderOf(project.constructionFile)));
+/// What the file gives; nothing and a number where it cannot be read at all. A failure that another
+/// file can make good is thrown.
+LibraryContent ReadLibrary(const Project& project, const std::string& name,
+                           LibraryContent (*parse)(std::string_view)) {
+    try {
+        return parse(ReadFileBytes(FindFile(name, FolderOf(project.constructionFile))));
+    } catch (const RuntimeError& error) {
+        if (AsksForAnotherFile(error.Number()))
+            throw;
+        LibraryContent nothing;
+        EmptyLibrary(nothing.library);
+        nothing.failure = error.Number();
+        return nothing;
+    }
+}
+
+LibraryLoad ResultOf(const LibraryContent& content) {
+    if (content.failure)
+        return LibraryLoad::failed;
+    return content.wrongVersion ? LibraryLoad::wrongVersion : LibraryLoad::loaded;
+}
+
+/// A wrong version is told before a failure: it is met first.
+void Report(const LibraryContent& content, const FileMessages& messages, Desktop& desktop) {
+    if (content.wrongVersion)
+        desktop.ShowMessage({messages.wrongVersion, ""});
+    if (content.failure)
+        desktop.ShowMessage({messages.Text(*content.failure), ""});
 }
 
 /// The file name after a failure. Cancelling here, unlike at the first prompt, ends the program.
@@ -29,26 +55,36 @@ std::string AskForStandardFileAgain(Project& project, Desktop& desktop) {
     desktop.EndProgram();
 }
 
-void TakeStandardLibrary(Project& project, LibraryContent&& content, Desktop& desktop) {
-    if (content.wrongVersion)
-        desktop.ShowMessage({standardLibraryMessages.wrongVersion, ""});
-    project.standardLibrary = std::move(content.library);
+LibraryLoad TakeStandardLibrary(Project& project, const LibraryContent& content, Desktop& desktop) {
+    project.standardLibrary = content.library;
     // A wrong version counts as loaded all the same, unlike for the user library.
-    project.standardLoaded = true;
+    project.standardLoaded = !content.failure;
+    Report(content, standardLibraryMessages, desktop);
+    return ResultOf(content);
 }
 
-UserLoad TakeUserLibrary(Project& project, LibraryContent&& content, Desktop& desktop) {
-    project.userLibrary = std::move(content.library);
-    project.userLoaded = true;
-    project.shownLibrary = userLibraryNumber;
-    if (!content.wrongVersion) {
+/// Takes the user library out of the material list.
+void WithdrawUserLibrary(Project& project, Desktop& desktop) {
+    project.userLoaded = false;
+    desktop.EnableMatOption(userLibraryNumber - 1, false);
+    if (project.shownLibrary == userLibraryNumber)
+        ShowLibrary(project, standardLibraryNumber, desktop);
+}
+
+LibraryLoad TakeUserLibrary(Project& project, const LibraryContent& content, Desktop& desktop) {
+    project.userLibrary = content.library;
+    const LibraryLoad result = ResultOf(content);
+    if (result == LibraryLoad::loaded) {
+        project.userLoaded = true;
+        project.shownLibrary = userLibraryNumber;
         desktop.EnableMatOption(userLibraryNumber - 1, true);
-        return UserLoad::loaded;
+        return result;
     }
-    desktop.ShowMessage({userLibraryMessages.wrongVersion, ""});
-    DropUserLibrary(project, desktop);
-    project.userLibraryFile.clear();
-    return UserLoad::wrongVersion;
+    WithdrawUserLibrary(project, desktop);
+    if (content.wrongVersion)
+        project.userLibraryFile.clear();
+    Report(content, userLibraryMessages, desktop);
+    return result;
 }
 
 } // namespace
@@ -59,7 +95,7 @@ std::string PromptLibraryFile(Desktop& desktop, const std::string& title,
         .value_or(singleBlank);
 }
 
-bool LoadStandardLibrary(Project& project, Desktop& desktop) {
+LibraryLoad LoadStandardLibrary(Project& project, Desktop& desktop) {
     std::string& name = project.standardLibraryFile;
     if (name == singleBlank)
         name = project.rememberedLibrary;
@@ -67,54 +103,46 @@ bool LoadStandardLibrary(Project& project, Desktop& desktop) {
         name = PromptLibraryFile(desktop, standardLibraryPrompt, "");
     if (name == singleBlank) {
         name.clear();
-        return false;
+        return LibraryLoad::cancelled;
     }
     for (;;) {
         try {
-            TakeStandardLibrary(project, ParseStandardLibrary(LibraryBytes(project, name)),
-                                desktop);
-            return true;
+            return TakeStandardLibrary(project, ReadLibrary(project, name, ParseStandardLibrary),
+                                       desktop);
         } catch (const RuntimeError& error) {
             desktop.ShowMessage({standardLibraryMessages.Text(error.Number()), ""});
-            if (!AsksForAnotherFile(error.Number()))
-                return false;
             name = AskForStandardFileAgain(project, desktop);
         }
     }
 }
 
-UserLoad LoadUserLibrary(Project& project, Desktop& desktop) {
+LibraryLoad LoadUserLibrary(Project& project, Desktop& desktop) {
     std::string& name = project.userLibraryFile;
     if (name.empty())
         name = PromptLibraryFile(desktop, userLibraryPrompt, "");
     if (name == singleBlank) {
         name.clear();
-        return UserLoad::cancelled;
+        return LibraryLoad::cancelled;
     }
     for (;;) {
         // A cancel is not looked for at once: opening the single blank fails and asks once more.
         const bool cancelled = name == singleBlank;
         try {
-            return TakeUserLibrary(project, ParseUserLibrary(LibraryBytes(project, name)), desktop);
+            return TakeUserLibrary(project, ReadLibrary(project, name, ParseUserLibrary), desktop);
         } catch (const RuntimeError& error) {
             desktop.ShowMessage({userLibraryMessages.Text(error.Number()), ""});
-            if (!AsksForAnotherFile(error.Number()))
-                return UserLoad::failed;
             name = PromptLibraryFile(desktop, userLibraryPrompt, name);
         }
         if (cancelled && name == singleBlank) {
             name.clear();
-            return UserLoad::givenUp;
+            return LibraryLoad::givenUp;
         }
     }
 }
 
 void DropUserLibrary(Project& project, Desktop& desktop) {
     EmptyLibrary(project.userLibrary);
-    project.userLoaded = false;
-    desktop.EnableMatOption(userLibraryNumber - 1, false);
-    if (project.shownLibrary == userLibraryNumber)
-        ShowLibrary(project, standardLibraryNumber, desktop);
+    WithdrawUserLibrary(project, desktop);
 }
 
 } // namespace strativo

@@ -15,22 +15,25 @@ inline constexpr char userLibraryPrompt[] = "Open user material file";
 std::string PromptLibraryFile(Desktop& desktop, const std::string& title,
                               const std::string& initialName);
 
-/// Loads the standard library from the project's file name (a single blank: the remembered
-/// default; empty: the user is asked). A failure is reported and another file asked for where that
-/// can help; cancelling then ends the program. False when nothing was loaded: then the library
-/// keeps what it held, and after a cancelled first prompt its file name is empty.
-bool LoadStandardLibrary(Project& project, Desktop& desktop);
-
-enum class UserLoad {
+/// What became of a load.
+enum class LibraryLoad {
     loaded,
-    wrongVersion, ///< the library is empty and has no file name
+    wrongVersion, ///< reported
     cancelled,    ///< the first prompt was cancelled: nothing changed but the name, now empty
-    failed,       ///< reported; the name is that of the file that failed
+    failed,       ///< reported; the library holds what was stored before the failure
     givenUp       ///< the prompt that came back after a cancel was cancelled too; no file name
 };
 
-/// The same for the user library, which has no remembered default and never ends the program.
-UserLoad LoadUserLibrary(Project& project, Desktop& desktop);
+/// Loads the standard library from the project's file name (a single blank: the remembered
+/// default; empty: the user is asked). A failure is reported and another file asked for where that
+/// can help; cancelling then ends the program. Never givenUp; a wrong version counts as loaded in
+/// the project.
+LibraryLoad LoadStandardLibrary(Project& project, Desktop& desktop);
+
+/// The same for the user library, which has no remembered default and never ends the program. A
+/// wrong version leaves it empty and without a file name. It is shown when it was loaded; otherwise
+/// but for a cancel it is taken out of the material list.
+LibraryLoad LoadUserLibrary(Project& project, Desktop& desktop);
 
 /// Empties the user library and takes it out of the material list.
 void DropUserLibrary(Project& project, Desktop& desktop);

@@ -17,6 +17,53 @@ Material& Slot(MaterialLibrary& library, int number) {
     return library[number];
 }
 
+/// The slot is that of the next material.
+void ReadStandardRecords(std::string_view bytes, LibraryContent& content, int& slot) {
+    LineReader lines(bytes);
+    while (!lines.AtEnd() && !content.wrongVersion) {
+        std::string_view line = lines.Next();
+        if (line.ends_with('\r'))
+            line.remove_suffix(1);
+        if (line.empty())
+            continue;
+        if (auto record = ReadStandardRecord(line))
+            Slot(content.library, slot++) = std::move(record->material);
+        else
+            content.wrongVersion = true;
+    }
+}
+
+void ReadUserRecords(std::string_view bytes, LibraryContent& content, int& slot) {
+    FieldReader fields(bytes);
+    while (!fields.AtEnd() && !content.wrongVersion) {
+        const std::string_view naming = fields.Next();
+        const std::string_view numbers = fields.Next();
+        if (naming.empty())
+            continue;
+        if (auto record = ReadUserRecord(naming, numbers))
+            Slot(content.library, slot++) = std::move(record->material);
+        else
+            content.wrongVersion = true;
+    }
+}
+
+/// Notes a failure of the step; error 5 goes on, since another file can make it good.
+template <class Step>
+void Try(LibraryContent& content, Step step) {
+    try {
+        step();
+    } catch (const RuntimeError& error) {
+        if (error.Number() == ErrorNumber::invalidArgument)
+            throw;
+        content.failure = error.Number();
+    }
+}
+
+void EndBefore(MaterialLibrary& library, int slot) {
+    if (slot <= MaterialLibrary::last)
+        library[slot].name = endOfLibrary;
+}
+
 } // namespace
 
 std::string NormaliseMaterialName(std::string_view name) {
@@ -30,42 +77,29 @@ std::string NormaliseMaterialName(std::string_view name) {
 
 LibraryContent ParseStandardLibrary(std::string_view bytes) {
     LibraryContent content;
-    LineReader lines(bytes);
     int slot = 1;
-    while (!lines.AtEnd() && !content.wrongVersion) {
-        std::string_view line = lines.Next();
-        if (line.ends_with('\r'))
-            line.remove_suffix(1);
-        if (line.empty())
-            continue;
-        if (auto record = ReadStandardRecord(line))
-            Slot(content.library, slot++) = std::move(record->material);
-        else
-            content.wrongVersion = true;
+    Try(content, [&] { ReadStandardRecords(bytes, content, slot); });
+    if (content.failure) {
+        EndBefore(content.library, slot);
+        return content;
     }
     if (content.wrongVersion)
         content.library[1].name = endOfLibrary;
-    AppendCavityEntries(content.library, slot);
+    Try(content, [&] { AppendCavityEntries(content.library, slot); });
     return content;
 }
 
 LibraryContent ParseUserLibrary(std::string_view bytes) {
     LibraryContent content;
-    FieldReader fields(bytes);
     int slot = 1;
-    while (!fields.AtEnd() && !content.wrongVersion) {
-        const std::string_view naming = fields.Next();
-        const std::string_view numbers = fields.Next();
-        if (naming.empty())
-            continue;
-        if (auto record = ReadUserRecord(naming, numbers))
-            Slot(content.library, slot++) = std::move(record->material);
-        else
-            content.wrongVersion = true;
+    Try(content, [&] { ReadUserRecords(bytes, content, slot); });
+    if (content.failure) {
+        EndBefore(content.library, slot);
+        return content;
     }
     if (content.wrongVersion)
         EmptyLibrary(content.library);
-    Slot(content.library, slot).name = endOfLibrary;
+    Try(content, [&] { Slot(content.library, slot).name = endOfLibrary; });
     return content;
 }
 

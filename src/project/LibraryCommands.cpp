@@ -7,42 +7,49 @@ namespace strativo {
 
 namespace {
 
-void SortAndRefresh(Project& project, Desktop& desktop) {
+/// A library just loaded is put in name order whichever is shown, and the one shown by each of the
+/// commands.
+void SortAndRefresh(Project& project, MaterialLibrary& loaded, Desktop& desktop) {
+    SortLibraryByName(loaded);
     SortByName(project);
     RefreshMaterialList(project, desktop);
 }
 
 } // namespace
 
-void LoadStandard(Project& project, Desktop& desktop) {
+LibraryLoad LoadStandard(Project& project, Desktop& desktop) {
     const std::string remembered = project.standardLibraryFile;
     project.standardLibraryFile.clear();
-    const bool loaded = LoadStandardLibrary(project, desktop);
+    const LibraryLoad result = LoadStandardLibrary(project, desktop);
+    const bool loaded = result == LibraryLoad::loaded || result == LibraryLoad::wrongVersion;
     if (!loaded)
         project.standardLibraryFile = remembered;
-    SortAndRefresh(project, desktop);
+    SortAndRefresh(project, project.standardLibrary, desktop);
     if (loaded) {
         desktop.EnableMatOption(standardLibraryNumber - 1, true);
         ShowLibrary(project, standardLibraryNumber, desktop);
     }
+    return result;
 }
 
-void LoadMaterials(Project& project, Desktop& desktop) {
+LibraryLoad LoadMaterials(Project& project, Desktop& desktop) {
     if (project.userLibraryNeeded)
         desktop.ShowMessage({"The user material file is being used, make sure the\r"
                              "new user file has all the current materials.",
                              "The user material file is in use"});
     const std::string remembered = project.userLibraryFile;
     project.userLibraryFile.clear();
-    const bool loaded = LoadUserLibrary(project, desktop) == UserLoad::loaded;
+    const LibraryLoad result = LoadUserLibrary(project, desktop);
+    const bool loaded = result == LibraryLoad::loaded;
     // After a wrong version too: the old name comes back although the library is now empty.
     if (!loaded)
         project.userLibraryFile = remembered;
-    SortAndRefresh(project, desktop);
+    SortAndRefresh(project, project.userLibrary, desktop);
     if (loaded) {
         desktop.EnableMatOption(userLibraryNumber - 1, true);
         ShowLibrary(project, userLibraryNumber, desktop);
     }
+    return result;
 }
 
 } // namespace strativo

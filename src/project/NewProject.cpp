@@ -96,7 +96,7 @@ void OpenConstructionWindow(Project& project, Desktop& desktop) {
 void NewConstruction(Project& project, Desktop& desktop) {
     if (!project.standardLoaded) {
         LoadStandardLibrary(project, desktop);
-        SortByName(project);
+        SortLibraryByName(project.standardLibrary);
         RefreshMaterialList(project, desktop);
     }
     desktop.ShowMaterialDialog();

@@ -28,12 +28,32 @@ void ResetForReading(Project& project, Desktop& desktop) {
     RemoveConstructions(project, project.constructionCount, desktop);
 }
 
-ParsedFile ReadLines(Project& project, const std::string& source, Desktop& desktop) {
+/// What became of the libraries so far.
+struct LibrariesRead {
+    LibraryLoad standard = LibraryLoad::loaded;
+    LibraryLoad user = LibraryLoad::loaded;
+    std::string standardName; ///< of the standard library in memory
+};
+
+void LoadStandardSorted(Project& project, LibrariesRead& libraries, Desktop& desktop) {
+    libraries.standard = LoadStandardLibrary(project, desktop);
+    SortLibraryByName(project.standardLibrary);
+    if (project.standardLoaded)
+        libraries.standardName = project.standardLibraryFile;
+}
+
+void LoadUserSorted(Project& project, LibrariesRead& libraries, Desktop& desktop) {
+    libraries.user = LoadUserLibrary(project, desktop);
+    SortLibraryByName(project.userLibrary);
+}
+
+ParsedFile ReadLines(Project& project, const std::string& source, LibrariesRead& libraries,
+                     Desktop& desktop) {
     bool triedLibrary = false;
     const auto create = [&] {
         // A library that cannot be loaded is reported once, not for each construction.
         if (!project.standardLoaded && !triedLibrary)
-            LoadStandardLibrary(project, desktop);
+            LoadStandardSorted(project, libraries, desktop);
         triedLibrary = true;
         OpenConstructionWindow(project, desktop);
         project.constructions[project.currentConstruction].name.clear();
@@ -49,42 +69,41 @@ ParsedFile ReadLines(Project& project, const std::string& source, Desktop& deskt
     desktop.EndProgram();
 }
 
-void LoadNeededUserLibrary(const ParsedFile& parsed, Project& project, Desktop& desktop) {
+void LoadNeededUserLibrary(const ParsedFile& parsed, Project& project, LibrariesRead& libraries,
+                           Desktop& desktop) {
     if (parsed.userLineSeen) {
-        if (LoadUserLibrary(project, desktop) == UserLoad::givenUp)
+        LoadUserSorted(project, libraries, desktop);
+        if (libraries.user == LibraryLoad::givenUp)
             EndWithoutUserLibrary(desktop);
-        SortByName(project);
     } else if (project.userLibraryNeeded) {
         desktop.ShowMessage({"This construction file requires a user material library", userTitle});
         project.userLibraryFile.clear();
-        LoadUserLibrary(project, desktop);
+        LoadUserSorted(project, libraries, desktop);
         if (project.userLibraryFile.empty())
             EndWithoutUserLibrary(desktop);
-        SortByName(project);
     }
 }
 
-void LoadNeededStandardLibrary(const ParsedFile& parsed, Project& project, Desktop& desktop) {
+void LoadNeededStandardLibrary(const ParsedFile& parsed, Project& project, LibrariesRead& libraries,
+                               Desktop& desktop) {
     if (parsed.standardLineSeen) {
-        LoadStandardLibrary(project, desktop);
-        SortByName(project);
+        LoadStandardSorted(project, libraries, desktop);
     } else if (!project.standardLoaded) {
         desktop.ShowMessage(
             {"This construction file requires a standard material library", standardTitle});
         project.standardLibraryFile.clear();
-        LoadStandardLibrary(project, desktop);
+        LoadStandardSorted(project, libraries, desktop);
         if (project.standardLibraryFile.empty()) {
             desktop.ShowMessage({"Unable to load this file due to missing library", ""});
             desktop.EndProgram();
         }
-        SortByName(project);
     }
 }
 
-void RecoverFromBadFormat(Project& project, Desktop& desktop) {
+void RecoverFromBadFormat(Project& project, LibrariesRead& libraries, Desktop& desktop) {
     desktop.ShowMessage({incorrectFormat, ""});
     project.standardLibraryFile = singleBlank;
-    LoadStandardLibrary(project, desktop);
+    LoadStandardSorted(project, libraries, desktop);
     RefreshMaterialList(project, desktop);
 }
 
@@ -99,18 +118,29 @@ void ActivateLastRead(const ParsedFile& parsed, Project& project, Desktop& deskt
     desktop.ActivateConstructionWindow(number);
 }
 
-void ReadFile(Project& project, const std::string& source, Desktop& desktop) {
-    const ParsedFile parsed = ReadLines(project, source, desktop);
+/// Layers that found no material would be saved without what they were: the file keeps its own.
+FileReading ResultOf(const LibrariesRead& libraries, Project& project) {
+    if (libraries.user == LibraryLoad::failed || libraries.standard == LibraryLoad::failed)
+        project.constructionFile.clear();
+    const bool both =
+        libraries.user == LibraryLoad::loaded && libraries.standard == LibraryLoad::loaded;
+    return both ? FileReading::whole : FileReading::withoutLibrary;
+}
+
+FileReading ReadFile(Project& project, const std::string& source, LibrariesRead& libraries,
+                     Desktop& desktop) {
+    const ParsedFile parsed = ReadLines(project, source, libraries, desktop);
     if (parsed.formatBad)
-        RecoverFromBadFormat(project, desktop);
-    LoadNeededUserLibrary(parsed, project, desktop);
-    LoadNeededStandardLibrary(parsed, project, desktop);
+        RecoverFromBadFormat(project, libraries, desktop);
+    LoadNeededUserLibrary(parsed, project, libraries, desktop);
+    LoadNeededStandardLibrary(parsed, project, libraries, desktop);
     project.shownLibrary = standardLibraryNumber;
     RefreshMaterialList(project, desktop);
     RelinkLayers(project, desktop);
     project.changed = false;
     ShowLibrary(project, standardLibraryNumber, desktop);
     ActivateLastRead(parsed, project, desktop);
+    return ResultOf(libraries, project);
 }
 
 /// While it lives, boxes can be open over a project that is not whole.
@@ -130,47 +160,60 @@ private:
     Project& project;
 };
 
-/// Reads the source into the project, which has its file name by now. The name goes again where
-/// reading stops early, for whatever reason: a fragment must not be saved over the original.
-void ReplaceProject(Project& project, const std::string& source, const std::string& messagePrefix,
-                    Desktop& desktop) {
+/// After a reading that stopped early, for whatever reason: a fragment must not be saved over the
+/// original, nor under the names of libraries that were only named and not loaded.
+void ForgetNames(Project& project, const LibrariesRead& libraries) {
+    project.constructionFile.clear();
+    project.standardLibraryFile = libraries.standardName;
+    if (!project.userLoaded)
+        project.userLibraryFile.clear();
+}
+
+/// Reads the source into the project, which has its file name by now.
+FileReading ReplaceProject(Project& project, const std::string& source,
+                           const std::string& messagePrefix, Desktop& desktop) {
     const ContentReplacement replacement(project);
     ResetForReading(project, desktop);
     const unsigned activationsBefore = project.activations;
+    LibrariesRead libraries;
+    libraries.standardName = project.standardLibraryFile;
+    FileReading result = FileReading::stopped;
     try {
-        ReadFile(project, source, desktop);
+        result = ReadFile(project, source, libraries, desktop);
     } catch (const RuntimeError& error) {
-        project.constructionFile.clear();
+        ForgetNames(project, libraries);
         desktop.ShowMessage({messagePrefix + constructionFileMessages.Text(error.Number()), ""});
-        // A library may have been loaded, or only named, before the failure.
+        // A library may have been loaded before the failure.
         RefreshMaterialList(project, desktop);
         // The windows of what was read lie on top: the last of them is the active one.
         if (project.activations != activationsBefore)
             desktop.ActivateConstructionWindow(project.currentConstruction);
     } catch (...) {
-        project.constructionFile.clear();
+        ForgetNames(project, libraries);
         throw;
     }
     desktop.RefreshGlassTypeList();
+    return result;
 }
 
 } // namespace
 
-void ReadConstructionFile(Project& project, const std::string& path, Desktop& desktop) {
+FileReading ReadConstructionFile(Project& project, const std::string& path, Desktop& desktop) {
     project.constructionFile = path.empty() ? PromptConstructionFile(desktop) : path;
     if (project.constructionFile == singleBlank) {
         project.constructionFile.clear();
-        return;
+        return FileReading::cancelled;
     }
     const std::string source = project.constructionFile;
-    ReplaceProject(project, source, path.empty() ? "" : "Command line error\r", desktop);
+    return ReplaceProject(project, source, path.empty() ? "" : "Command line error\r", desktop);
 }
 
-void ReadRecoveryCopy(Project& project, const std::string& copy, const std::string& originalName,
-                      Desktop& desktop) {
+FileReading ReadRecoveryCopy(Project& project, const std::string& copy,
+                             const std::string& originalName, Desktop& desktop) {
     project.constructionFile = originalName;
-    ReplaceProject(project, copy, "", desktop);
+    const FileReading result = ReplaceProject(project, copy, "", desktop);
     project.changed = true;
+    return result;
 }
 
 } // namespace strativo

@@ -158,6 +158,31 @@ TEST_F(ImportGlass, MayWriteOverEitherInput) {
     EXPECT_EQ(folder.Read("a.con"), folder.Read("b.con"));
 }
 
+TEST_F(ImportGlass, WritesNothingWhenALibraryOfTheFirstFileCouldNotBeRead) {
+    folder.Write("from.con", GlassFile("CLEAR"));
+    folder.Write("folder/x", "");
+    std::string tooMany;
+    for (int number = 1; number <= 100; ++number)
+        tooMany += std::to_string(number) + "* AB,1 2 3\r\n";
+    folder.Write("many.lby", tooMany);
+    folder.Write("bad.lby", "12* HEMP,0.04 40 1600\r\nno record\r\n");
+    for (const std::string name : {"folder", "many.lby", "bad.lby"}) {
+        SCOPED_TRACE(name);
+        const std::string line = "!MATERIALS USER FILE = '" + name + "'";
+        folder.Write("own.con", WallFile({standardLine, line}, {hempPart}));
+        EXPECT_EQ(RunTool({"import-glass", "own.con", "from.con", "own.con"}).status, 3);
+        EXPECT_EQ(RunTool({"rewrite", "own.con", "own.con"}).status, 3);
+        EXPECT_EQ(folder.Read("own.con"), WallFile({standardLine, line}, {hempPart}));
+    }
+}
+
+TEST_F(Rewrite, WritesNothingWhenThePromptForAnUnnamedLibraryIsCancelled) {
+    const std::string bytes = WallFile({standardLine, "!MATERIALS USER FILE = ''"}, {hempPart});
+    folder.Write("own.con", bytes);
+    EXPECT_EQ(RunTool({"rewrite", "own.con", "own.con"}).status, 3);
+    EXPECT_EQ(folder.Read("own.con"), bytes);
+}
+
 struct ImportFailure {
     const char* name;
     std::string from; ///< content of the file to import from; "" none

@@ -30,6 +30,8 @@ void ReadDamaged(const std::string& sample, unsigned rounds, Read read) {
 TEST(DamagedFiles, EndInAStandardLibraryOrANumberedFailure) {
     ReadDamaged(SourceFile("data/stdmat.lby"), 2000, [](const std::string& bytes) {
         const LibraryContent content = ParseStandardLibrary(bytes);
+        if (content.failure)
+            throw RuntimeError(*content.failure);
         EXPECT_LE(MaterialCount(content.library), 99);
     });
 }
@@ -37,6 +39,8 @@ TEST(DamagedFiles, EndInAStandardLibraryOrANumberedFailure) {
 TEST(DamagedFiles, EndInAUserLibraryOrANumberedFailure) {
     ReadDamaged(SourceFile("data/examples/user.lby"), 2000, [](const std::string& bytes) {
         const LibraryContent content = ParseUserLibrary(bytes);
+        if (content.failure)
+            throw RuntimeError(*content.failure);
         EXPECT_LE(MaterialCount(content.library), 99);
     });
 }

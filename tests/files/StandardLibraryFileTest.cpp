@@ -9,8 +9,8 @@ namespace {
 
 int ParsingFailure(const std::string& bytes) {
     try {
-        ParseStandardLibrary(bytes);
-        return 0;
+        const LibraryContent content = ParseStandardLibrary(bytes);
+        return content.failure ? static_cast<int>(*content.failure) : 0;
     } catch (const RuntimeError& error) {
         return static_cast<int>(error.Number());
     }
@@ -93,6 +93,29 @@ TEST(StandardLibraryFile, FailsWithARangeErrorFromTheNinetyFourthMaterial) {
     EXPECT_EQ(ParsingFailure(Records(100)), 9);
     EXPECT_EQ(ParsingFailure(Records(101)), 9);
     EXPECT_EQ(ParsingFailure(Records(94) + "1'no end"), 5) << "the wrong line is met first";
+}
+
+TEST(StandardLibraryFile, HoldsWhatWasStoredBeforeTheFailureUpToItsLastRow) {
+    const LibraryContent content = ParseStandardLibrary(Records(94));
+    EXPECT_EQ(content.library[94].code, 94);
+    EXPECT_EQ(content.library[95].code, -3);
+    EXPECT_EQ(content.library[100].name, "CAVITY Type 11 ISO15099");
+    EXPECT_EQ(MaterialCount(content.library), 100) << "there is no row left for the marker";
+    EXPECT_EQ(ParseStandardLibrary(Records(98)).library[100].code, -2);
+    EXPECT_EQ(ParseStandardLibrary(Records(101)).library[100].code, 100);
+    const LibraryContent overflow =
+        ParseStandardLibrary("1'A' 1 2 3\n1e999'B' 1 2 3\n2'C' 1 2 3\n");
+    EXPECT_EQ(overflow.failure, ErrorNumber::overflow);
+    EXPECT_EQ(overflow.library[1].name, "A");
+    EXPECT_EQ(MaterialCount(overflow.library), 1);
+}
+
+TEST(StandardLibraryFile, IsOfWrongVersionBeforeItHasTooManyMaterials) {
+    const LibraryContent content = ParseStandardLibrary(Records(94) + "no record\n");
+    EXPECT_TRUE(content.wrongVersion);
+    EXPECT_EQ(content.failure, ErrorNumber::subscriptOutOfRange);
+    EXPECT_EQ(MaterialCount(content.library), 0);
+    EXPECT_FALSE(ParseStandardLibrary(Records(101) + "no record\n").wrongVersion);
 }
 
 class WrongRecord : public testing::TestWithParam<const char*> {};

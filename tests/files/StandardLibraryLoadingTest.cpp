@@ -20,7 +20,7 @@ protected:
         desktop.calls.clear();
     }
 
-    bool Load(const std::string& name) {
+    LibraryLoad Load(const std::string& name) {
         project.standardLibraryFile = name;
         return LoadStandardLibrary(project, desktop);
     }
@@ -38,7 +38,7 @@ protected:
 TEST_F(StandardLibraryLoading, LoadsTheFileNamed) {
     folder.Write("other.lby", "5'X' 1 2 3");
     project.standardLoaded = false;
-    EXPECT_TRUE(Load("other.lby"));
+    EXPECT_EQ(Load("other.lby"), LibraryLoad::loaded);
     EXPECT_TRUE(project.standardLoaded);
     EXPECT_EQ(project.standardLibraryFile, "other.lby");
     EXPECT_EQ(MaterialCount(project.standardLibrary), 7);
@@ -49,14 +49,14 @@ TEST_F(StandardLibraryLoading, LoadsTheFileNamed) {
 TEST_F(StandardLibraryLoading, TakesTheRememberedDefaultForASingleBlank) {
     folder.Write("default.lby", "5'X' 1 2 3");
     project.rememberedLibrary = "default.lby";
-    EXPECT_TRUE(Load(singleBlank));
+    EXPECT_EQ(Load(singleBlank), LibraryLoad::loaded);
     EXPECT_EQ(project.standardLibraryFile, "default.lby");
 }
 
 TEST_F(StandardLibraryLoading, AsksWhereThereIsNoName) {
     folder.Write("chosen.lby", "5'X' 1 2 3");
     desktop.OpensFile("chosen.lby");
-    EXPECT_TRUE(Load(""));
+    EXPECT_EQ(Load(""), LibraryLoad::loaded);
     EXPECT_EQ(project.standardLibraryFile, "chosen.lby");
     const FilePrompt prompt = {"Open standard material file", "Material Files (*.lby)|*.lby", "",
                                "LBY"};
@@ -65,7 +65,7 @@ TEST_F(StandardLibraryLoading, AsksWhereThereIsNoName) {
 
 TEST_F(StandardLibraryLoading, KeepsTheLibraryWhenTheFirstPromptIsCancelled) {
     desktop.OpensFile("");
-    EXPECT_FALSE(Load(""));
+    EXPECT_EQ(Load(""), LibraryLoad::cancelled);
     EXPECT_EQ(project.standardLibraryFile, "");
     EXPECT_TRUE(desktop.messages.empty());
     ExpectLibraryKept();
@@ -74,7 +74,7 @@ TEST_F(StandardLibraryLoading, KeepsTheLibraryWhenTheFirstPromptIsCancelled) {
 TEST_F(StandardLibraryLoading, IsFoundBesideTheConstructionFile) {
     folder.Write("house/lib.lby", "5'X' 1 2 3");
     project.constructionFile = "house/house.con";
-    EXPECT_TRUE(Load("LIB.LBY"));
+    EXPECT_EQ(Load("LIB.LBY"), LibraryLoad::loaded);
     EXPECT_EQ(project.standardLibraryFile, "LIB.LBY") << "the name stays as it was written";
 }
 
@@ -98,7 +98,7 @@ protected:
 
 TEST_P(StandardLibraryFailure, IsReportedAndAnotherFileLoadedFromTheFirstSlot) {
     desktop.OpensFile("other.lby");
-    EXPECT_TRUE(Load(GetParam().file));
+    EXPECT_EQ(Load(GetParam().file), LibraryLoad::loaded);
     EXPECT_THAT(desktop.messages, ElementsAre(Message{GetParam().message, ""}));
     const FilePrompt prompt = {"Open standard material file", "Material Files (*.lby)|*.lby",
                                "stdmat.lby", "LBY"};
@@ -120,7 +120,7 @@ TEST_P(StandardLibraryFailure, EndsTheProgramAtOnceWhenThePromptAfterItIsCancell
 
 TEST_P(StandardLibraryFailure, IsReportedAgainForTheFileChosen) {
     desktop.OpensFile("missing too.lby").OpensFile("other.lby");
-    EXPECT_TRUE(Load(GetParam().file));
+    EXPECT_EQ(Load(GetParam().file), LibraryLoad::loaded);
     EXPECT_THAT(desktop.Texts(),
                 ElementsAre(GetParam().message, "Standard material file is missing."));
 }
@@ -139,25 +139,62 @@ TEST_F(StandardLibraryLoading, StopsAfterTheMessageOfAFailureThatNoOtherFileHelp
     folder.Write("too many.lby", tooMany);
     folder.Write("overflow.lby", "1e999'A' 1 2 3\n");
     folder.Write("folder/x", "");
-    EXPECT_FALSE(Load("too many.lby"));
-    EXPECT_FALSE(Load("overflow.lby"));
-    EXPECT_FALSE(Load("folder"));
-    EXPECT_FALSE(Load("/proc/self/mem"));
+    EXPECT_EQ(Load("too many.lby"), LibraryLoad::failed);
+    EXPECT_EQ(Load("overflow.lby"), LibraryLoad::failed);
+    EXPECT_EQ(Load("folder"), LibraryLoad::failed);
+    EXPECT_EQ(Load("/proc/self/mem"), LibraryLoad::failed);
     MakeSocket("socket");
-    EXPECT_FALSE(Load("socket"));
+    EXPECT_EQ(Load("socket"), LibraryLoad::failed);
     EXPECT_THAT(desktop.Texts(), ElementsAre("Standard material file error 9 occurred.",
                                              "Standard material file error 6 occurred.",
                                              "Standard material file error 75 occurred.",
                                              "Standard material file error 57 occurred.",
                                              "Standard material file. Drive not available."));
     EXPECT_TRUE(desktop.prompts.empty());
-    ExpectLibraryKept();
+}
+
+TEST_F(StandardLibraryLoading, KeepsNothingOfTheLibraryBeforeWhenItStops) {
+    std::string tooMany;
+    for (int number = 1; number <= 94; ++number)
+        tooMany += std::to_string(number) + "'A' 1 2 3\n";
+    folder.Write("too many.lby", tooMany);
+    EXPECT_EQ(Load("too many.lby"), LibraryLoad::failed);
+    EXPECT_FALSE(project.standardLoaded);
+    EXPECT_EQ(project.standardLibrary[94].code, 94);
+    EXPECT_EQ(project.standardLibrary[100].code, -11);
+    folder.Write("overflow.lby", "5'X' 1 2 3\n1e999'A' 1 2 3\n");
+    EXPECT_EQ(Load("overflow.lby"), LibraryLoad::failed);
+    EXPECT_EQ(project.standardLibrary[1].name, "X");
+    EXPECT_EQ(MaterialCount(project.standardLibrary), 1);
+    folder.Write("folder/x", "");
+    EXPECT_EQ(Load("folder"), LibraryLoad::failed);
+    EXPECT_EQ(MaterialCount(project.standardLibrary), 0);
+    EXPECT_FALSE(project.standardLoaded);
+}
+
+TEST_F(StandardLibraryLoading, TellsOfAWrongVersionBeforeItTellsOfTooManyMaterials) {
+    std::string tooMany;
+    for (int number = 1; number <= 94; ++number)
+        tooMany += "1'A' 1 2 3\n";
+    folder.Write("both.lby", tooMany + "no record\n");
+    EXPECT_EQ(Load("both.lby"), LibraryLoad::failed);
+    EXPECT_THAT(desktop.Texts(), ElementsAre("Standard material file is incorrect version",
+                                             "Standard material file error 9 occurred."));
+    EXPECT_FALSE(project.standardLoaded);
+}
+
+TEST_F(StandardLibraryLoading, TakesALibraryMissingInAFolderBesideTheFileForAMissingFile) {
+    folder.Write("house/lib/x", "");
+    project.constructionFile = "house/house.con";
+    desktop.OpensFile("stdmat.lby");
+    Load("lib/gone.lby");
+    EXPECT_THAT(desktop.Texts(), ElementsAre("Standard material file is missing."));
 }
 
 TEST_F(StandardLibraryLoading, CountsAWrongVersionAsLoaded) {
     folder.Write("wrong.lby", "no library");
     project.standardLoaded = false;
-    EXPECT_TRUE(Load("wrong.lby"));
+    EXPECT_EQ(Load("wrong.lby"), LibraryLoad::wrongVersion);
     EXPECT_THAT(desktop.messages,
                 ElementsAre(Message{"Standard material file is incorrect version", ""}));
     EXPECT_TRUE(project.standardLoaded);
@@ -167,7 +204,7 @@ TEST_F(StandardLibraryLoading, CountsAWrongVersionAsLoaded) {
 
 TEST_F(StandardLibraryLoading, ShowsNothingAfterAFileThatGoesWrongLater) {
     folder.Write("wrong.lby", "1'A' 1 2 3\n2'B' 4 5 6\nno record\n");
-    EXPECT_TRUE(Load("wrong.lby"));
+    EXPECT_EQ(Load("wrong.lby"), LibraryLoad::wrongVersion);
     EXPECT_EQ(MaterialCount(project.standardLibrary), 0);
     EXPECT_EQ(project.standardLibrary[2].name, "B");
     EXPECT_EQ(project.standardLibrary[3].name, "CAVITY Type 3 width = resistance");

@@ -9,8 +9,8 @@ namespace {
 
 int ParsingFailure(const std::string& bytes) {
     try {
-        ParseUserLibrary(bytes);
-        return 0;
+        const LibraryContent content = ParseUserLibrary(bytes);
+        return content.failure ? static_cast<int>(*content.failure) : 0;
     } catch (const RuntimeError& error) {
         return static_cast<int>(error.Number());
     }
@@ -88,6 +88,22 @@ TEST(UserLibraryFile, HoldsNinetyNineMaterials) {
 TEST(UserLibraryFile, FailsWithARangeErrorFromTheHundredthMaterial) {
     EXPECT_EQ(ParsingFailure(Records(100)), 9);
     EXPECT_EQ(ParsingFailure(Records(101)), 9);
+}
+
+TEST(UserLibraryFile, HoldsWhatWasStoredBeforeTheFailureUpToItsLastRow) {
+    const LibraryContent full = ParseUserLibrary(Records(100));
+    EXPECT_EQ(full.library[100].code, 100);
+    EXPECT_EQ(MaterialCount(full.library), 100) << "there is no row left for the marker";
+    const LibraryContent overflow = ParseUserLibrary("1* AB,1 2 3\n2* CD,1e999 2 3\n");
+    EXPECT_EQ(overflow.failure, ErrorNumber::overflow);
+    EXPECT_EQ(MaterialCount(overflow.library), 1);
+}
+
+TEST(UserLibraryFile, IsOfWrongVersionBeforeItHasTooManyMaterials) {
+    const LibraryContent content = ParseUserLibrary(Records(100) + "no record\n");
+    EXPECT_TRUE(content.wrongVersion);
+    EXPECT_EQ(content.failure, ErrorNumber::subscriptOutOfRange);
+    EXPECT_EQ(MaterialCount(content.library), 0);
 }
 
 class WrongUserRecord : public testing::TestWithParam<const char*> {};

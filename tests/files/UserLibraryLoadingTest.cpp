@@ -17,7 +17,7 @@ protected:
         desktop.calls.clear();
     }
 
-    UserLoad Load(const std::string& name) {
+    LibraryLoad Load(const std::string& name) {
         project.userLibraryFile = name;
         return LoadUserLibrary(project, desktop);
     }
@@ -32,7 +32,7 @@ protected:
 };
 
 TEST_F(UserLibraryLoading, LoadsAndShowsTheFileNamed) {
-    EXPECT_EQ(Load("user.lby"), UserLoad::loaded);
+    EXPECT_EQ(Load("user.lby"), LibraryLoad::loaded);
     EXPECT_TRUE(project.userLoaded);
     EXPECT_EQ(project.shownLibrary, 2);
     EXPECT_EQ(MaterialCount(project.userLibrary), 2);
@@ -42,7 +42,7 @@ TEST_F(UserLibraryLoading, LoadsAndShowsTheFileNamed) {
 
 TEST_F(UserLibraryLoading, AsksWhereThereIsNoName) {
     desktop.OpensFile("user.lby");
-    EXPECT_EQ(Load(""), UserLoad::loaded);
+    EXPECT_EQ(Load(""), LibraryLoad::loaded);
     EXPECT_EQ(project.userLibraryFile, "user.lby");
     EXPECT_THAT(desktop.prompts, ElementsAre(Prompt("")));
 }
@@ -50,7 +50,7 @@ TEST_F(UserLibraryLoading, AsksWhereThereIsNoName) {
 TEST_F(UserLibraryLoading, ChangesNothingWhenTheFirstPromptIsCancelled) {
     Load("user.lby");
     desktop.OpensFile("");
-    EXPECT_EQ(Load(""), UserLoad::cancelled);
+    EXPECT_EQ(Load(""), LibraryLoad::cancelled);
     EXPECT_EQ(project.userLibraryFile, "");
     EXPECT_TRUE(project.userLoaded);
     EXPECT_EQ(MaterialCount(project.userLibrary), 2);
@@ -58,7 +58,7 @@ TEST_F(UserLibraryLoading, ChangesNothingWhenTheFirstPromptIsCancelled) {
 }
 
 TEST_F(UserLibraryLoading, TakesASingleBlankForACancel) {
-    EXPECT_EQ(Load(singleBlank), UserLoad::cancelled);
+    EXPECT_EQ(Load(singleBlank), LibraryLoad::cancelled);
     EXPECT_EQ(project.userLibraryFile, "");
 }
 
@@ -78,7 +78,7 @@ protected:
 
 TEST_P(UserLibraryFailure, IsReportedAndAnotherFileLoadedFromTheFirstSlot) {
     desktop.OpensFile("user.lby");
-    EXPECT_EQ(Load(GetParam().file), UserLoad::loaded);
+    EXPECT_EQ(Load(GetParam().file), LibraryLoad::loaded);
     EXPECT_THAT(desktop.messages, ElementsAre(Message{GetParam().message, ""}));
     EXPECT_THAT(desktop.prompts, ElementsAre(Prompt(GetParam().file)));
     EXPECT_EQ(project.userLibraryFile, "user.lby");
@@ -87,14 +87,14 @@ TEST_P(UserLibraryFailure, IsReportedAndAnotherFileLoadedFromTheFirstSlot) {
 
 TEST_P(UserLibraryFailure, ComesBackOnceAfterACancel) {
     desktop.OpensFile("").OpensFile("user.lby");
-    EXPECT_EQ(Load(GetParam().file), UserLoad::loaded);
+    EXPECT_EQ(Load(GetParam().file), LibraryLoad::loaded);
     EXPECT_THAT(desktop.Texts(), ElementsAre(GetParam().message, "User material file is missing."));
     EXPECT_THAT(desktop.prompts, ElementsAre(Prompt(GetParam().file), Prompt(" ")));
 }
 
 TEST_P(UserLibraryFailure, IsGivenUpByASecondCancel) {
     desktop.OpensFile("").OpensFile("");
-    EXPECT_EQ(Load(GetParam().file), UserLoad::givenUp);
+    EXPECT_EQ(Load(GetParam().file), LibraryLoad::givenUp);
     EXPECT_THAT(desktop.Texts(), ElementsAre(GetParam().message, "User material file is missing."));
     EXPECT_EQ(project.userLibraryFile, "");
     EXPECT_FALSE(project.userLoaded);
@@ -103,7 +103,7 @@ TEST_P(UserLibraryFailure, IsGivenUpByASecondCancel) {
 
 TEST_P(UserLibraryFailure, ForgetsACancelOnceAnotherFileWasChosen) {
     desktop.OpensFile("").OpensFile("missing too.lby").OpensFile("").OpensFile("user.lby");
-    EXPECT_EQ(Load(GetParam().file), UserLoad::loaded);
+    EXPECT_EQ(Load(GetParam().file), LibraryLoad::loaded);
     EXPECT_EQ(desktop.messages.size(), 4U);
 }
 
@@ -121,23 +121,47 @@ TEST_F(UserLibraryLoading, StopsAfterTheMessageOfAFailureThatNoOtherFileHelps) {
         tooMany += "1* AB,1 2 3\n";
     folder.Write("too many.lby", tooMany);
     folder.Write("folder/x", "");
-    EXPECT_EQ(Load("too many.lby"), UserLoad::failed);
+    EXPECT_EQ(Load("too many.lby"), LibraryLoad::failed);
     MakeSocket("socket");
-    EXPECT_EQ(Load("socket"), UserLoad::failed);
-    EXPECT_EQ(Load("folder"), UserLoad::failed);
+    EXPECT_EQ(Load("socket"), LibraryLoad::failed);
+    EXPECT_EQ(Load("folder"), LibraryLoad::failed);
     EXPECT_THAT(desktop.Texts(), ElementsAre("User Material file error 9 occurred.",
                                              "User Material file. Drive not available.",
                                              "User Material file error 75 occurred."));
     EXPECT_TRUE(desktop.prompts.empty());
-    EXPECT_EQ(MaterialCount(project.userLibrary), 2);
     EXPECT_EQ(project.userLibraryFile, "folder");
+}
+
+TEST_F(UserLibraryLoading, KeepsNothingOfTheLibraryBeforeWhenItStops) {
+    Load("user.lby");
+    folder.Write("overflow.lby", "7* FLAX,1 2 3\n8* REED,1e999 2 3\n");
+    desktop.calls.clear();
+    EXPECT_EQ(Load("overflow.lby"), LibraryLoad::failed);
+    EXPECT_EQ(project.userLibrary[1].name, "FLAX");
+    EXPECT_EQ(MaterialCount(project.userLibrary), 1);
+    EXPECT_FALSE(project.userLoaded);
+    EXPECT_EQ(project.shownLibrary, 1);
+    EXPECT_THAT(desktop.calls,
+                ElementsAre("EnableOption 1 0", "SelectOption 0", "RefreshMaterialList",
+                            "Message User Material file error 6 occurred."));
+}
+
+TEST_F(UserLibraryLoading, TellsOfAWrongVersionBeforeItTellsOfTooManyMaterials) {
+    std::string tooMany;
+    for (int number = 1; number <= 100; ++number)
+        tooMany += "1* AB,1 2 3\n";
+    folder.Write("both.lby", tooMany + "no record\n");
+    EXPECT_EQ(Load("both.lby"), LibraryLoad::failed);
+    EXPECT_THAT(desktop.Texts(), ElementsAre("User material file is incorrect version",
+                                             "User Material file error 9 occurred."));
+    EXPECT_EQ(project.userLibraryFile, "");
 }
 
 TEST_F(UserLibraryLoading, TakesAWrongVersionOutOfTheMaterialList) {
     Load("user.lby");
     folder.Write("wrong.lby", "1* AB,1 2 3\nno library\n");
     desktop.calls.clear();
-    EXPECT_EQ(Load("wrong.lby"), UserLoad::wrongVersion);
+    EXPECT_EQ(Load("wrong.lby"), LibraryLoad::wrongVersion);
     EXPECT_THAT(desktop.messages,
                 ElementsAre(Message{"User material file is incorrect version", ""}));
     EXPECT_FALSE(project.userLoaded);
@@ -145,8 +169,8 @@ TEST_F(UserLibraryLoading, TakesAWrongVersionOutOfTheMaterialList) {
     EXPECT_EQ(MaterialCount(project.userLibrary), 0);
     EXPECT_EQ(project.shownLibrary, 1);
     EXPECT_THAT(desktop.calls,
-                ElementsAre("Message User material file is incorrect version", "EnableOption 1 0",
-                            "SelectOption 0", "RefreshMaterialList"));
+                ElementsAre("EnableOption 1 0", "SelectOption 0", "RefreshMaterialList",
+                            "Message User material file is incorrect version"));
 }
 
 TEST_F(UserLibraryLoading, DroppingTheLibraryWhileItIsNotShownLeavesTheList) {

@@ -59,11 +59,12 @@ TEST_F(LibraryCommands, KeepTheStandardLibraryWhenThePromptIsCancelled) {
 
 TEST_F(LibraryCommands, PutTheOldNameBackWhenNothingWasLoaded) {
     desktop.OpensFile("std.lby").OpensFile("folder");
-    LoadStandard(project, desktop);
-    LoadStandard(project, desktop);
+    EXPECT_EQ(LoadStandard(project, desktop), LibraryLoad::loaded);
+    EXPECT_EQ(LoadStandard(project, desktop), LibraryLoad::failed);
     EXPECT_THAT(desktop.Texts(), ElementsAre("Standard material file error 75 occurred."));
     EXPECT_EQ(project.standardLibraryFile, "std.lby");
-    EXPECT_EQ(MaterialCount(project.standardLibrary), 9);
+    EXPECT_FALSE(project.standardLoaded) << "a new construction tries that file again";
+    EXPECT_EQ(MaterialCount(project.standardLibrary), 0);
 }
 
 TEST_F(LibraryCommands, EndTheProgramWithoutAQuestionWhenTheStandardFileIsRefused) {
@@ -129,9 +130,20 @@ TEST_F(LibraryCommands, PutTheOldUserNameBackWhenLoadingIsGivenUpOrFails) {
     EXPECT_EQ(desktop.messages.size(), 2U);
     EXPECT_EQ(project.userLibraryFile, "user.lby");
     desktop.OpensFile("folder");
-    LoadMaterials(project, desktop);
-    EXPECT_EQ(project.userLibraryFile, "user.lby");
     EXPECT_EQ(MaterialCount(project.userLibrary), 2);
+    EXPECT_EQ(LoadMaterials(project, desktop), LibraryLoad::failed);
+    EXPECT_EQ(project.userLibraryFile, "user.lby");
+    EXPECT_FALSE(project.userLoaded);
+    EXPECT_EQ(project.shownLibrary, 1);
+    EXPECT_EQ(MaterialCount(project.userLibrary), 0);
+}
+
+TEST_F(LibraryCommands, SortTheLoadedLibraryWhicheverIsShown) {
+    desktop.OpensFile("user.lby").OpensFile("std.lby");
+    LoadMaterials(project, desktop);
+    EXPECT_EQ(project.shownLibrary, 2);
+    LoadStandard(project, desktop);
+    EXPECT_EQ(project.standardLibrary[1].name, "ALUMINIUM");
 }
 
 TEST_F(LibraryCommands, PutTheOldNameBackOverAnEmptyLibraryAfterAWrongVersion) {

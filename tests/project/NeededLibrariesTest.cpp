@@ -109,7 +109,64 @@ TEST_F(NeededLibraries, GoOnWithoutAStandardOneThatFailsOtherwise) {
     Read({"!MATERIALS FILE = 'folder'", "!WINDOW = 'G'"});
     EXPECT_THAT(desktop.Texts(), ElementsAre("Standard material file error 75 occurred."));
     EXPECT_FALSE(project.standardLoaded);
+}
+
+TEST_F(NeededLibraries, LeaveTheProjectUntitledAndLinkedToNothingOldWhenTheyStop) {
+    Read({"!MATERIALS FILE = 'stdmat.lby'", "!CONSTRUCTION 'A'", "_ 1 = 12 0.1 0", "!END"});
+    EXPECT_EQ(LayerNames(project, 1), "FACE BRICK");
     EXPECT_EQ(project.constructionFile, "house.con");
+    folder.Write("overflow.lby", "7'NEW' 1 2 3\n12'BRICK' 1e999 2 3\n");
+    Read({"!MATERIALS FILE = 'overflow.lby'", "!CONSTRUCTION 'A'", "_ 1 = 12 0.1 0",
+          "_ 2 = 7 0.1 0", "!END"});
+    EXPECT_EQ(LayerNames(project, 1), "1NEW");
+    EXPECT_EQ(project.constructionFile, "") << "no save puts this over the file";
+    folder.Write("user.lby", "12* HEMP,1e999 2 3\n");
+    Read({"!MATERIALS FILE = 'stdmat.lby'", "!MATERIALS USER FILE = 'user.lby'",
+          "!CONSTRUCTION 'A'", "_ 1 =      @12 0.1 0", "!END"});
+    EXPECT_EQ(LayerNames(project, 1), "1");
+    EXPECT_EQ(project.constructionFile, "");
+}
+
+TEST_F(NeededLibraries, LeaveTheFileItsNameWhenALaterLoadMakesTheirFailureGood) {
+    folder.Write("folder/x", "");
+    project.rememberedLibrary = "folder";
+    desktop.OpensFile("stdmat.lby");
+    folder.Write("house.con", Lines({"!CONSTRUCTION 'A'", "_ 1 = 12 0.1 0", "!END"}));
+    EXPECT_EQ(ReadConstructionFile(project, "house.con", desktop), FileReading::whole);
+    EXPECT_EQ(project.constructionFile, "house.con");
+    EXPECT_EQ(LayerNames(project, 1), "FACE BRICK");
+}
+
+TEST_F(NeededLibraries, AreBothSortedAfterReading) {
+    Read({"!MATERIALS FILE = 'stdmat.lby'", "!MATERIALS USER FILE = 'user.lby'"});
+    EXPECT_EQ(project.standardLibrary[1].name, "ALUMINIUM");
+    EXPECT_EQ(project.userLibrary[1].name, "CORK");
+    folder.Write("own.lby", "2'B' 1 2 3\n1'A' 1 2 3\n");
+    Read({"!MATERIALS FILE = 'own.lby'", "!MATERIALS USER FILE = 'user.lby'", "!CONSTRUCTION 'A'",
+          "!END"});
+    EXPECT_EQ(project.standardLibrary[1].name, "A");
+}
+
+TEST_F(NeededLibraries, TellWhatBecameOfThem) {
+    const auto result = [&](const std::vector<std::string>& lines) {
+        folder.Write("house.con", Lines(lines));
+        return ReadConstructionFile(project, "house.con", desktop);
+    };
+    const std::string standard = "!MATERIALS FILE = 'stdmat.lby'";
+    folder.Write("wrong.lby", "no library\n");
+    folder.Write("folder/x", "");
+    EXPECT_EQ(result({standard, "!MATERIALS USER FILE = 'user.lby'"}), FileReading::whole);
+    for (const char* name : {"wrong.lby", "folder"}) {
+        const std::string file = std::string(name) + "'";
+        EXPECT_EQ(result({"!MATERIALS FILE = '" + file}), FileReading::withoutLibrary);
+        EXPECT_EQ(result({standard, "!MATERIALS USER FILE = '" + file}),
+                  FileReading::withoutLibrary);
+    }
+    desktop.OpensFile("");
+    EXPECT_EQ(result({standard, "!MATERIALS USER FILE = ''"}), FileReading::withoutLibrary);
+    EXPECT_EQ(result({standard, "!WINDOW = 'no end"}), FileReading::stopped);
+    desktop.OpensFile("");
+    EXPECT_EQ(ReadConstructionFile(project, "", desktop), FileReading::cancelled);
 }
 
 TEST_F(NeededLibraries, AreAskedForWhereALayerComesFromAnUnnamedUserLibrary) {

@@ -130,6 +130,33 @@ TEST_F(ReadingFailures, TakeTheOldUserLibraryOutOfTheList) {
     EXPECT_EQ(project.userLibraryFile, "");
 }
 
+TEST_F(ReadingFailures, LeaveTheNamesToTheLibrariesThatAreLoaded) {
+    folder.Write("good.con", "!MATERIALS FILE = 'stdmat.lby'\n");
+    folder.Write("bad.con", "!MATERIALS FILE = 'other.lby'\n!MATERIALS USER FILE = 'user.lby'\n"
+                            "!WINDOW = 'no end\n");
+    ReadConstructionFile(project, "bad.con", desktop);
+    EXPECT_EQ(project.standardLibraryFile, singleBlank) << "none is loaded: the remembered default";
+    ReadConstructionFile(project, "good.con", desktop);
+    ReadConstructionFile(project, "bad.con", desktop);
+    EXPECT_EQ(project.standardLibraryFile, "stdmat.lby");
+    EXPECT_EQ(project.userLibraryFile, "");
+}
+
+TEST_F(ReadingFailures, LeaveTheNameOfALibraryThatWasLoadedMeanwhile) {
+    folder.Write("other.lby", "12'OTHER' 1 2 3\n");
+    folder.Write("bad.con", "!MATERIALS FILE = 'other.lby'\n!CONSTRUCTION 'A'\n!END\n"
+                            "!MATERIALS FILE = 'third.lby'\n!CONSTRUCTION 'no end\n");
+    ReadConstructionFile(project, "bad.con", desktop);
+    EXPECT_EQ(project.standardLibraryFile, "other.lby");
+    EXPECT_EQ(project.standardLibrary[7].name, "OTHER");
+    folder.Write("huge.lby", "12'HUGE' 1e39 2 3\n");
+    folder.Write("huge.con", "!MATERIALS FILE = 'huge.lby'\n!CONSTRUCTION 'A'\n_ 1 = 12 0.1 0\n");
+    ReadConstructionFile(project, "huge.con", desktop);
+    EXPECT_EQ(desktop.Texts().back(),
+              "Command line error\rConstruction file (p) error 6 occurred.");
+    EXPECT_EQ(project.standardLibraryFile, "huge.lby") << "it failed after its library was loaded";
+}
+
 TEST_F(ReadingFailures, DoNotIncludeACancelledPrompt) {
     AddConstruction(project, desktop, {"A"});
     project.userLoaded = true;
