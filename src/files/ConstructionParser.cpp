@@ -2,6 +2,7 @@
 
 #include "calc/LayerList.h"
 #include "edit/GlassTypes.h"
+#include "files/CommentedLines.h"
 #include "files/GlassTables.h"
 #include "text/Lines.h"
 #include "text/Numbers.h"
@@ -70,10 +71,12 @@ public:
     Parser& operator=(const Parser&) = delete;
 
     ParsedFile Run() {
-        while (!lines.AtEnd() && !atEndMark) {
-            ReadLine();
+        while (!atEndMark && !lines.AtEnd()) {
+            if (lines.Next() && Interpret(lines.Line()) && lines.Comment())
+                KeepComment(std::string(*lines.Comment()));
             ReportProgress();
         }
+        parsed.formatBad = lines.FormatBad();
         return parsed;
     }
 
@@ -82,17 +85,6 @@ private:
         constexpr unsigned linesBetweenReports = 4096;
         if (++lineCount % linesBetweenReports == 0)
             desktop.ShowProgress(lines.Position(), total);
-    }
-
-    void ReadLine() {
-        const std::string_view cleaned = CleanLine(lines.Next(), scratch);
-        const auto star = cleaned.find('*');
-        const std::string_view line = cleaned.substr(0, star);
-        if (line.empty())
-            return;
-        const bool keepsComment = Interpret(line);
-        if (star != npos && keepsComment)
-            KeepComment(std::string(cleaned.substr(star + 1)));
     }
 
     /// The first keyword found decides. False for a line whose comment is not kept.
@@ -193,9 +185,10 @@ private:
         if (table == GlassTable::none)
             return;
         if (glassIs2D)
-            ReadGlassTable(lines, table, project.glassTypes2D[project.currentGlassType2D]);
+            ReadGlassTable(lines.Following(), table,
+                           project.glassTypes2D[project.currentGlassType2D]);
         else
-            ReadGlassTable(lines, table, project.glassTypes[project.currentGlassType]);
+            ReadGlassTable(lines.Following(), table, project.glassTypes[project.currentGlassType]);
     }
 
     void KeepComment(std::string text) {
@@ -226,12 +219,11 @@ private:
     }
 
     std::size_t total;
-    LineReader lines;
+    CommentedLines lines;
     Project& project;
     Desktop& desktop;
     const CreateConstruction& createConstruction;
     ParsedFile parsed;
-    std::string scratch;
     unsigned lineCount = 0;
     Section section = Section::fileHead;
     bool atEndMark = false;

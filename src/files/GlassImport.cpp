@@ -1,6 +1,7 @@
 #include "files/GlassImport.h"
 
 #include "edit/GlassTypes.h"
+#include "files/CommentedLines.h"
 #include "files/ConstructionPrompts.h"
 #include "files/FileAccess.h"
 #include "files/FileMessages.h"
@@ -21,23 +22,13 @@ public:
 
     /// False for a file of another format, which no input is taken for.
     bool Run() {
-        while (!lines.AtEnd() && !atEndMark && !formatBad)
-            ReadLine();
-        return !formatBad;
+        while (!atEndMark && !lines.FormatBad() && !lines.AtEnd())
+            if (lines.Next() && Interpret(lines.Line()) && lines.Comment())
+                KeepComment(std::string(*lines.Comment()));
+        return !lines.FormatBad();
     }
 
 private:
-    void ReadLine() {
-        const std::string_view cleaned = CleanLine(lines.Next(), scratch);
-        const auto star = cleaned.find('*');
-        const std::string_view line = cleaned.substr(0, star);
-        if (line.empty())
-            return;
-        const bool keepsComment = Interpret(line);
-        if (star != npos && keepsComment)
-            KeepComment(std::string(cleaned.substr(star + 1)));
-    }
-
     /// False for a part line, whose comment is its layer's name.
     bool Interpret(std::string_view line) {
         if (Contains(line, "!EOF"))
@@ -75,9 +66,10 @@ private:
         if (table == GlassTable::none)
             return;
         if (is2D)
-            ReadGlassTable(lines, table, project.glassTypes2D[project.currentGlassType2D]);
+            ReadGlassTable(lines.Following(), table,
+                           project.glassTypes2D[project.currentGlassType2D]);
         else
-            ReadGlassTable(lines, table, project.glassTypes[project.currentGlassType]);
+            ReadGlassTable(lines.Following(), table, project.glassTypes[project.currentGlassType]);
     }
 
     /// Comments go by the count of sections read, not by the slot the type was given.
@@ -91,14 +83,12 @@ private:
             comments.glassTypes.Add(project.glassSectionsRead, std::move(text));
     }
 
-    LineReader lines;
+    CommentedLines lines;
     Project& project;
-    std::string scratch;
     std::string name;
     bool windowSeen = false;
     bool is2D = false;
     bool atEndMark = false;
-    bool formatBad = false;
 };
 
 } // namespace
