@@ -47,6 +47,27 @@ std::size_t RegularFileSize(int descriptor) {
     return static_cast<std::size_t>(status.st_size);
 }
 
+std::string ReadToEnd(int descriptor, std::size_t expectedSize) {
+    // One byte more than is known shows whether the file grew since its size was asked. It is there
+    // from the start, since a string that grows is copied.
+    std::string bytes(expectedSize + 1, '\0');
+    std::size_t length = 0;
+    for (;;) {
+        if (length == bytes.size())
+            bytes.resize(2 * length);
+        const ssize_t count = read(descriptor, bytes.data() + length, bytes.size() - length);
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count < 0)
+            throw RuntimeError(ErrorNumberOf(errno));
+        if (count == 0)
+            break;
+        length += static_cast<std::size_t>(count);
+    }
+    bytes.resize(length);
+    return bytes;
+}
+
 } // namespace
 
 ErrorNumber ErrorNumberOf(int systemError) {
@@ -78,25 +99,16 @@ ErrorNumber ErrorNumberOf(int systemError) {
 }
 
 std::string ReadFileBytes(const std::string& path) {
-    const OpenFile file(path);
-    // One byte more than is known shows whether the file grew since its size was asked. It is there
-    // from the start, since a string that grows is copied.
-    std::string bytes(RegularFileSize(file.Descriptor()) + 1, '\0');
-    std::size_t length = 0;
-    for (;;) {
-        if (length == bytes.size())
-            bytes.resize(2 * length);
-        const ssize_t count = read(file.Descriptor(), bytes.data() + length, bytes.size() - length);
-        if (count < 0 && errno == EINTR)
-            continue;
-        if (count < 0)
-            throw RuntimeError(ErrorNumberOf(errno));
-        if (count == 0)
-            break;
-        length += static_cast<std::size_t>(count);
+    constexpr int attempts = 3;
+    for (int attempt = 1; attempt <= attempts; ++attempt) {
+        const OpenFile file(path);
+        const std::size_t size = RegularFileSize(file.Descriptor());
+        std::string bytes = ReadToEnd(file.Descriptor(), size);
+        // A file that another program writes anew ends early, and is no whole file.
+        if (bytes.size() >= size)
+            return bytes;
     }
-    bytes.resize(length);
-    return bytes;
+    throw RuntimeError(ErrorNumber::deviceIo);
 }
 
 FileStamp StampOf(const std::string& path) {

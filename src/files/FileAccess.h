@@ -16,7 +16,8 @@ namespace strativo {
 /// The number under which messages report a failure of the operating system (an errno value).
 ErrorNumber ErrorNumberOf(int systemError);
 
-/// The whole content of a regular file. Run-time error 53, 57, 67, 68, 70, 75 or 76.
+/// The whole content of a regular file. Run-time error 53, 57, 67, 68, 70, 75 or 76. One that ends
+/// before the size that the file system gave is read again, and refused with 57 when that repeats.
 std::string ReadFileBytes(const std::string& path);
 
 /// The stamp of the file as it is now; that of no file where it cannot be looked at.

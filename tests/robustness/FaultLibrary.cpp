@@ -3,9 +3,9 @@
 //
 // STRATIVO_FAULTS is a list, separated by ";", of CALL:N:EFFECT or CALL:N:EFFECT:always: the N-th
 // call of that name ("*": of any name), or all from it on. Effects: errno=NUMBER, short (a part is
-// done), zero (nothing is), shrink and grow (the file read is cut or made longer first), kill (the
-// process, before the call), torn (a part is written, then the process is killed).
-// STRATIVO_FAULT_LOG is the file that gets a line for each call.
+// done), zero (nothing is; of a read: the end), shrink and grow (the file read is cut or made
+// longer first), kill (the process, before the call), torn (a part is written, then the process is
+// killed). STRATIVO_FAULT_LOG is the file that gets a line for each call.
 
 #include <cerrno>
 #include <csignal>
@@ -241,6 +241,8 @@ ssize_t read(int descriptor, void* buffer, size_t size) {
     const std::string effect = Effect("read", PathOf(descriptor));
     if (Fails(effect))
         return -1;
+    if (effect == "zero")
+        return 0;
     if (effect == "shrink" || effect == "grow")
         ChangeFile(descriptor, effect == "grow");
     return Next<ssize_t(int, void*, size_t)>("read")(descriptor, buffer,

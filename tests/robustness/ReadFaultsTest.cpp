@@ -100,6 +100,18 @@ TEST_F(ReadFaults, AFileCutWhileItIsReadGivesWhatIsLeft) {
     ExpectRead(run, 1);
 }
 
+TEST_F(ReadFaults, AFileThatEndsBeforeItsSizeIsReadAgain) {
+    const FaultyRun run = Read("read:1:short;read:2:zero");
+    EXPECT_TRUE(run.Hit("zero"));
+    ExpectRead(run, 2);
+}
+
+TEST_F(ReadFaults, AFileThatEndsBeforeItsSizeAgainAndAgainIsRefused) {
+    const FaultyRun run = Read("read:1:shrink:always");
+    EXPECT_TRUE(run.Hit("shrink"));
+    ExpectRefused(run, Message(57));
+}
+
 TEST_F(ReadFaults, AFileThatGrowsWhileItIsReadIsReadToItsNewEnd) {
     const FaultyRun run = Read("read:1:grow");
     EXPECT_TRUE(run.Hit("grow"));
