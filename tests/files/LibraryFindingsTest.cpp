@@ -216,7 +216,7 @@ bool LoaderStops(const std::string& bytes, LibraryLayout layout) {
     try {
         const LibraryContent content =
             layout == user ? ParseUserLibrary(bytes) : ParseStandardLibrary(bytes);
-        return content.wrongVersion;
+        return content.wrongVersion || content.failure.has_value();
     } catch (const RuntimeError&) {
         return true;
     }
