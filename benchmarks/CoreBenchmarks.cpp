@@ -5,7 +5,7 @@
 #include "edit/MaterialList.h"
 #include "files/ConstructionWriter.h"
 #include "files/MaterialLibraryFile.h"
-#include "files/SilentDesktop.h"
+#include "files/SilentPrompts.h"
 
 #include <benchmark/benchmark.h>
 #include <ctime>
@@ -74,18 +74,18 @@ void Read(benchmark::State& state) {
 }
 
 void Relink(benchmark::State& state) {
-    SilentDesktop desktop;
+    SilentPrompts prompts;
     const std::string bytes = FileBytes(state);
     Measure(
         state, bytes, [&] { return ParsedProject(bytes); },
-        [&](Project& project) { RelinkLayers(project, desktop); });
+        [&](Project& project) { RelinkLayers(project, prompts); });
 }
 
 void Write(benchmark::State& state) {
-    SilentDesktop desktop;
+    SilentPrompts prompts;
     const std::string bytes = FileBytes(state);
     const std::shared_ptr<Project> linked = ParsedProject(bytes);
-    RelinkLayers(*linked, desktop);
+    RelinkLayers(*linked, prompts);
     Measure(
         state, bytes, [&] { return linked; },
         [](const Project& project) { benchmark::DoNotOptimize(FormatConstructionFile(project)); });

@@ -1,7 +1,7 @@
 #include "benchmarks/Clock.h"
 #include "benchmarks/LineScan.h"
 #include "files/FileAccess.h"
-#include "files/SilentDesktop.h"
+#include "files/SilentPrompts.h"
 #include "project/FileCommands.h"
 #include "project/NewProject.h"
 #include "project/ReadConstructionFile.h"
@@ -60,9 +60,9 @@ void Scan(const std::string& path, const std::string&) {
 }
 
 void ReadProject(Project& project, const std::string& path) {
-    SilentDesktop desktop;
-    StartUp(project, Settings(), desktop);
-    ReadConstructionFile(project, path, desktop);
+    SilentPrompts prompts;
+    StartUp(project, Settings(), prompts);
+    ReadConstructionFile(project, path, prompts);
     Require(project.standardLoaded && project.constructionCount > 0);
 }
 
@@ -73,10 +73,10 @@ void Read(const std::string& path, const std::string&) {
 
 void Write(const std::string& path, const std::string& target) {
     Project project;
-    SilentDesktop desktop;
+    SilentPrompts prompts;
     ReadProject(project, path);
     project.constructionFile = target;
-    PrintTimeOf([&] { Require(WriteConstructionFile(project, desktop)); });
+    PrintTimeOf([&] { Require(WriteConstructionFile(project, prompts)); });
 }
 
 void WriteAtOnce(const std::string& path, const std::string& target) {

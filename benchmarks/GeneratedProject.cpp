@@ -3,24 +3,24 @@
 #include "benchmarks/ConstructionFileGenerator.h"
 #include "files/ConstructionParser.h"
 #include "files/MaterialLibraryFile.h"
-#include "files/SilentDesktop.h"
+#include "files/SilentPrompts.h"
 #include "project/NewProject.h"
 
 namespace strativo {
 
 std::unique_ptr<Project> StartedProject() {
-    SilentDesktop desktop;
+    SilentPrompts prompts;
     auto project = std::make_unique<Project>();
-    StartUp(*project, Settings(), desktop);
+    StartUp(*project, Settings(), prompts);
     project->standardLibrary = ParseStandardLibrary(MakeStandardLibrary()).library;
     project->standardLoaded = true;
     return project;
 }
 
 void Parse(std::string_view bytes, Project& project) {
-    SilentDesktop desktop;
-    ParseConstructionFile(bytes, project, desktop,
-                          [&] { OpenConstructionWindow(project, desktop); });
+    SilentPrompts prompts;
+    ParseConstructionFile(bytes, project, prompts,
+                          [&] { OpenConstructionWindow(project, prompts); });
 }
 
 } // namespace strativo

@@ -8,14 +8,14 @@ namespace strativo::fuzz {
 
 void ConstructionFile(std::string_view bytes) {
     FuzzBytes none("");
-    FuzzDesktop desktop(none);
+    FuzzPrompts prompts(none);
     Project project;
-    PrepareProject(project, desktop);
-    ParseAndLink(bytes, project, desktop);
+    PrepareProject(project, prompts);
+    ParseAndLink(bytes, project, prompts);
     // A file that fails in its middle leaves what was read before, as sound as a whole one.
     RequireInvariants(project);
     FindingsOf(project);
-    CheckBeforeSave(project, desktop);
+    CheckBeforeSave(project, prompts);
     const std::string written = FormatConstructionFile(project);
     Require(written == FormatConstructionFile(project), "writing does not change the project");
     Require(written.ends_with("\r\n"), "the last line written is a whole one");

@@ -26,8 +26,8 @@ constexpr std::string_view oddNumbers[] = {"",     "1e39",   "-1e39", "3.4028235
 /// One action after another, as the windows would ask for them, chosen by the bytes of the input.
 class Story {
 public:
-    explicit Story(std::string_view input) : bytes(input), desktop(bytes) {
-        PrepareProject(project, desktop);
+    explicit Story(std::string_view input) : bytes(input), prompts(bytes) {
+        PrepareProject(project, prompts);
         project.standardLibrary[2].name.clear(); // a name as a file may give it
     }
 
@@ -96,15 +96,15 @@ private:
     void New() {
         constexpr int enough = 12;
         if (project.constructions.Size() < enough)
-            NewConstruction(project, desktop);
+            NewConstruction(project, prompts);
     }
     void Remove() {
-        RemoveConstruction(project, bytes.Below(project.constructions.Size() + 2), desktop);
+        RemoveConstruction(project, bytes.Below(project.constructions.Size() + 2), prompts);
     }
     void RemoveByTag() {
         const std::string tag = bytes.Flag() ? bytes.Text() : WindowTag(bytes.Below(14));
         try {
-            RemoveConstruction(project, TagNumber(tag), desktop);
+            RemoveConstruction(project, TagNumber(tag), prompts);
         } catch (const RuntimeError& error) {
             RequireNumber(error, {ErrorNumber::overflow});
         }
@@ -127,7 +127,7 @@ private:
     void Copy() {
         const int before = Layers();
         try {
-            CopyLayers(project, desktop);
+            CopyLayers(project, prompts);
         } catch (const RuntimeError& error) {
             RequireNumber(error, {ErrorNumber::overflow});
             Require(project.dialogActive, "layers can always be copied");
@@ -136,7 +136,7 @@ private:
     }
     void Cut() {
         const int before = Layers();
-        CutLayers(project, desktop);
+        CutLayers(project, prompts);
         Require(Layers() >= before - Entries(), "what was cut is in the clipboard");
     }
     void Delete() {
@@ -145,18 +145,18 @@ private:
         if (InUse(project, current) && project.constructions[current].currentLayer > 0)
             marked = MarkedLayersUpTo(project.constructions[current], LayersOfCurrent());
         const int before = Layers();
-        DeleteLayers(project, desktop);
+        DeleteLayers(project, prompts);
         Require(Layers() == before - marked, "the marked layers are deleted");
     }
     template <class Operation>
     void PasteWith(Operation paste) {
         const int before = LayersOfCurrent();
         const int room = InUse(project, project.currentConstruction) ? maxLayers - before : 0;
-        const int beeps = desktop.beeps;
-        paste(project, desktop);
+        const int beeps = prompts.beeps;
+        paste(project, prompts);
         Require(LayersOfCurrent() == before + std::min(room, Entries()),
                 "as much is pasted as there is room for");
-        Require((desktop.beeps > beeps) == (room == 0), "a full construction beeps");
+        Require((prompts.beeps > beeps) == (room == 0), "a full construction beeps");
     }
     void Paste() { PasteWith(PasteLayers); }
     void PasteBefore() { PasteWith(PasteLayersBefore); }
@@ -187,22 +187,22 @@ private:
             return;
         const int before = Layers();
         const auto target = Pick();
-        DropLayers(project, *target, bytes.Below(20) - 2, desktop);
+        DropLayers(project, *target, bytes.Below(20) - 2, prompts);
         Require(project.drag.copy || Layers() == before, "moving layers loses none");
         Require(Layers() >= before, "copying layers loses none");
     }
     void DropTaken() {
         if (const auto target = Pick())
-            DropMaterial(project, *target, bytes.Below(20) - 2, desktop);
+            DropMaterial(project, *target, bytes.Below(20) - 2, prompts);
     }
 
     void TypeThickness() {
         if (const auto number = Pick())
-            EnterThickness(project, *number, Number(), desktop);
+            EnterThickness(project, *number, Number(), prompts);
     }
     void TypeAbsorption() {
         if (const auto number = Pick())
-            EnterAbsorption(project, *number, Number(), desktop);
+            EnterAbsorption(project, *number, Number(), prompts);
     }
     void TypeName() {
         const auto number = Pick();
@@ -242,7 +242,7 @@ private:
     }
     void DeleteGlass() {
         const auto before = GlassTypeNames(project).size();
-        if (!profile && DeleteGlassType(project, GlassName(), desktop))
+        if (!profile && DeleteGlassType(project, GlassName(), prompts))
             Require(GlassTypeNames(project).size() == before - 1, "one type is deleted");
     }
 
@@ -289,7 +289,7 @@ private:
                 "a selected column is said in words and in figures");
     }
     void AcceptEditor() {
-        if (profile && AcceptProfile(project, *profile, bytes.Text(), desktop))
+        if (profile && AcceptProfile(project, *profile, bytes.Text(), prompts))
             profile.reset();
     }
     void CancelEditor() {
@@ -302,18 +302,18 @@ private:
         constexpr void (*sorts[])(Project&) = {SortByName, SortByConductivity, SortByDensity,
                                                SortBySpecificHeat};
         sorts[bytes.Below(4)](project);
-        RefreshMaterialList(project, desktop);
+        RefreshMaterialList(project, prompts);
     }
-    void Show() { ShowLibrary(project, 1 + bytes.Below(2), desktop); }
+    void Show() { ShowLibrary(project, 1 + bytes.Below(2), prompts); }
     void StartAnew() {
         // The editor is modal, so that its glass type cannot be taken away.
-        if (!profile && NewProject(project, desktop))
+        if (!profile && NewProject(project, prompts))
             Require(project.constructionCount == 0, "a new project has no constructions");
     }
     void ReadSmallFile() {
         constexpr int enough = 12;
         if (!profile && project.constructions.Size() < enough)
-            Require(ParseAndLink(smallFile, project, desktop), "a sound file can be read");
+            Require(ParseAndLink(smallFile, project, prompts), "a sound file can be read");
     }
     void OpenMenus() {
         const std::string tag = bytes.Flag() ? dialogTag : WindowTag(bytes.Below(14));
@@ -324,7 +324,7 @@ private:
 
     Project project;
     FuzzBytes bytes;
-    FuzzDesktop desktop;
+    FuzzPrompts prompts;
     std::optional<GlassProfile> profile;
 };
 

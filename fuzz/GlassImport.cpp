@@ -24,9 +24,9 @@ void AddTypesAroundFreeSlot(Project& project) {
 
 void GlassImport(std::string_view bytes) {
     FuzzBytes none("");
-    FuzzDesktop desktop(none);
+    FuzzPrompts prompts(none);
     Project project;
-    PrepareProject(project, desktop);
+    PrepareProject(project, prompts);
     AddTypesAroundFreeSlot(project);
     try {
         Require(ParseGlassDefinitions(bytes, project), "no input is taken for another format");

@@ -3,7 +3,7 @@
 #include "calc/Relink.h"
 #include "files/ConstructionParser.h"
 #include "files/MaterialLibraryFile.h"
-#include "fuzz/FuzzDesktop.h"
+#include "fuzz/FuzzPrompts.h"
 #include "fuzz/Invariants.h"
 #include "project/NewProject.h"
 
@@ -26,8 +26,8 @@ inline constexpr char userMaterials[] = "12* HEMP,0.04 40 1600\n15* CORK,0.045 1
                                         "\"16* OVER TWO\n!EOF LINES\",1 2 3\n";
 
 /// A project just started, with both libraries loaded.
-inline void PrepareProject(Project& project, Desktop& desktop) {
-    StartUp(project, Settings(), desktop);
+inline void PrepareProject(Project& project, Prompts& prompts) {
+    StartUp(project, Settings(), prompts);
     static const LibraryContent standard = ParseStandardLibrary(standardMaterials);
     static const LibraryContent user = ParseUserLibrary(userMaterials);
     project.standardLibrary = standard.library;
@@ -39,13 +39,13 @@ inline void PrepareProject(Project& project, Desktop& desktop) {
 }
 
 /// Reads the bytes as a construction file and links its layers; false when they were refused.
-inline bool ParseAndLink(std::string_view bytes, Project& project, Desktop& desktop) {
+inline bool ParseAndLink(std::string_view bytes, Project& project, Prompts& prompts) {
     try {
-        ParseConstructionFile(bytes, project, desktop, [&] {
-            OpenConstructionWindow(project, desktop);
+        ParseConstructionFile(bytes, project, prompts, [&] {
+            OpenConstructionWindow(project, prompts);
             project.constructions[project.currentConstruction].name.clear();
         });
-        RelinkLayers(project, desktop);
+        RelinkLayers(project, prompts);
         return true;
     } catch (const RuntimeError& error) {
         RequireNumber(error, {ErrorNumber::invalidArgument, ErrorNumber::overflow});

@@ -58,7 +58,7 @@ double Thickness(FuzzBytes& bytes) {
     return bytes.Value<std::int32_t>() / 1e4;
 }
 
-void AddLayers(Project& project, FuzzBytes& bytes, Desktop& desktop) {
+void AddLayers(Project& project, FuzzBytes& bytes, Prompts& prompts) {
     Construction& construction = project.constructions[project.currentConstruction];
     for (int layer = bytes.Below(maxLayers + 2); layer > 0; --layer) {
         project.shownLibrary = static_cast<std::int16_t>(1 + bytes.Below(2));
@@ -71,16 +71,16 @@ void AddLayers(Project& project, FuzzBytes& bytes, Desktop& desktop) {
         }
         project.clipboard[1].thickness = Thickness(bytes);
         project.clipboard[1].absorption = FiniteFloat(bytes);
-        PasteLayers(project, desktop);
+        PasteLayers(project, prompts);
     }
     construction.type = bytes.Flag() ? transparentType : opaqueType;
 }
 
-void AddConstructions(Project& project, FuzzBytes& bytes, Desktop& desktop) {
+void AddConstructions(Project& project, FuzzBytes& bytes, Prompts& prompts) {
     for (int number = bytes.Below(4); number > 0; --number) {
-        OpenConstructionWindow(project, desktop);
+        OpenConstructionWindow(project, prompts);
         project.constructions[project.currentConstruction].name = bytes.Text();
-        AddLayers(project, bytes, desktop);
+        AddLayers(project, bytes, prompts);
         std::string comment = bytes.Text();
         MakeStorable(comment, "\r\n", {});
         project.comments.constructions.Add(project.currentConstruction, comment);
@@ -122,11 +122,11 @@ void AddGlassTypes(Project& project, FuzzBytes& bytes) {
 
 /// Fills the project from an input: one that begins with "S" is taken value by value, any other
 /// is the text of a construction file.
-bool Fill(Project& project, std::string_view input, FuzzBytes& bytes, Desktop& desktop) {
+bool Fill(Project& project, std::string_view input, FuzzBytes& bytes, Prompts& prompts) {
     if (!input.starts_with('S'))
-        return ParseAndLink(input, project, desktop);
+        return ParseAndLink(input, project, prompts);
     bytes.Byte();
-    AddConstructions(project, bytes, desktop);
+    AddConstructions(project, bytes, prompts);
     AddGlassTypes(project, bytes);
     project.standardLibraryFile = bytes.Text();
     project.userLoaded = bytes.Flag();
@@ -137,10 +137,10 @@ bool Fill(Project& project, std::string_view input, FuzzBytes& bytes, Desktop& d
 
 void WriteRead(std::string_view input) {
     FuzzBytes bytes(input);
-    FuzzDesktop desktop(bytes);
+    FuzzPrompts prompts(bytes);
     Project project;
-    PrepareProject(project, desktop);
-    if (!Fill(project, input, bytes, desktop))
+    PrepareProject(project, prompts);
+    if (!Fill(project, input, bytes, prompts))
         return;
     if (!UnreadableNames(project).empty())
         MakeStorable(project);

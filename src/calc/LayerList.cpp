@@ -56,14 +56,14 @@ LayerListView ViewLayerList(const Construction& construction) {
     return view;
 }
 
-void RefreshLayerList(Project& project, int number, Desktop& desktop) {
+void RefreshLayerList(Project& project, int number, Prompts& prompts) {
     Construction& construction = project.constructions[number];
     const double thickness = CurrentLayer(construction).thickness;
     if (construction.currentLayer == 0)
         construction.window.shownThickness = 0;
     else if (thickness > 0)
         construction.window.shownThickness = thickness;
-    desktop.RefreshConstructionWindow(number);
+    prompts.RefreshConstructionWindow(number);
 }
 
 } // namespace strativo

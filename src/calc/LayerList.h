@@ -30,6 +30,6 @@ std::string AbsorptionText(double absorption);
 
 /// Rebuilds what the construction's window shows after its layers changed. The thickness field
 /// keeps its text where the current layer has no thickness above 0.
-void RefreshLayerList(Project& project, int number, Desktop& desktop);
+void RefreshLayerList(Project& project, int number, Prompts& prompts);
 
 } // namespace strativo

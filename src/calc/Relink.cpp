@@ -62,7 +62,7 @@ void LinkConstruction(Construction& construction, const CodeIndex& standard,
 
 } // namespace
 
-void RelinkLayers(Project& project, Desktop& desktop) {
+void RelinkLayers(Project& project, Prompts& prompts) {
     const CodeIndex standard(project.standardLibrary);
     const CodeIndex user(project.userLibrary);
     for (int number = 1; number <= project.constructions.Size(); ++number) {
@@ -70,7 +70,7 @@ void RelinkLayers(Project& project, Desktop& desktop) {
             continue;
         LinkConstruction(project.constructions[number], standard, user);
         project.currentConstruction = number;
-        RefreshLayerList(project, number, desktop);
+        RefreshLayerList(project, number, prompts);
     }
 }
 

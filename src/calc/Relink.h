@@ -9,6 +9,6 @@ namespace strativo {
 /// names their cavities, makes layer 1 current in each and the last construction current. With
 /// duplicate material numbers the last one in the library wins; a material that is not found
 /// leaves its layer as it was. Run-time error 6 for a conductivity beyond a 32-bit float.
-void RelinkLayers(Project& project, Desktop& desktop);
+void RelinkLayers(Project& project, Prompts& prompts);
 
 } // namespace strativo

@@ -83,7 +83,7 @@ std::optional<std::string> LibraryBytes(Session& session, bool user) {
         return HasConstructionKeyword(bytes) ? std::nullopt : std::optional(std::move(bytes));
     } catch (const RuntimeError& error) {
         const FileMessages& messages = user ? userLibraryMessages : standardLibraryMessages;
-        session.desktop.ShowMessage({messages.Text(error.Number()), ""});
+        session.prompts.ShowMessage({messages.Text(error.Number()), ""});
         return "";
     }
 }

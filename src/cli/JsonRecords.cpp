@@ -99,11 +99,11 @@ Json JsonOfMaterial(const MaterialLibrary& library, int slot) {
 
 void WriteFileMembers(JsonWriter& writer, const Session& session) {
     Json messages = Json::array();
-    for (const Message& message : session.desktop.Messages())
+    for (const Message& message : session.prompts.Messages())
         messages.push_back({{"title", MessageTitle(message)}, {"text", MessageText(message)}});
     writer.Member("file", PathToUtf8(session.file));
     writer.Member("messages", messages);
-    writer.Member("ended", session.desktop.Ended());
+    writer.Member("ended", session.prompts.Ended());
 }
 
 } // namespace strativo

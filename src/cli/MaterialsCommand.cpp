@@ -33,12 +33,12 @@ bool Load(Session& session, bool user) {
     Project& project = session.project;
     if (!user) {
         project.standardLibraryFile = CallersPath(session.file);
-        return LoadStandardLibrary(project, session.desktop) == LibraryLoad::loaded;
+        return LoadStandardLibrary(project, session.prompts) == LibraryLoad::loaded;
     }
     project.userLibraryFile = CallersPath(session.file);
-    const LibraryLoad result = LoadUserLibrary(project, session.desktop);
+    const LibraryLoad result = LoadUserLibrary(project, session.prompts);
     if (result == LibraryLoad::givenUp)
-        session.desktop.EndProgram();
+        session.prompts.EndProgram();
     return result == LibraryLoad::loaded;
 }
 
@@ -85,7 +85,7 @@ int Materials(const Invocation& call, std::ostream& out, std::ostream& err) {
     Sort(project, call.sortKey);
     if (call.json)
         PrintAsJson(out, session, call.user);
-    else if (!session.desktop.Ended())
+    else if (!session.prompts.Ended())
         for (const std::string& line : MaterialLines(project))
             out << ShownText(line) << '\n';
     return session.Status();

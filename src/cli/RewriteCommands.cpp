@@ -14,18 +14,18 @@ void Save(Session& session, const std::string& path) {
     if (session.Failed())
         return;
     session.project.constructionFile = CallersPath(path);
-    session.Run([&] { return SaveProject(session.project, session.desktop); });
+    session.Run([&] { return SaveProject(session.project, session.prompts); });
 }
 
 void Import(Session& session, const std::string& from) {
     if (!session.FileRead())
         return;
-    session.desktop.AnswerConstructionFile(CallersPath(from));
-    session.desktop.SetSubject(from);
+    session.prompts.AnswerConstructionFile(CallersPath(from));
+    session.prompts.SetSubject(from);
     session.Run([&] {
-        return ImportGlassDefinitions(session.project, session.desktop) == ImportResult::imported;
+        return ImportGlassDefinitions(session.project, session.prompts) == ImportResult::imported;
     });
-    session.desktop.SetSubject(session.file);
+    session.prompts.SetSubject(session.file);
 }
 
 } // namespace

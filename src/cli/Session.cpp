@@ -15,12 +15,12 @@ std::string CallersPath(const std::string& path) {
 
 Session::Session(const std::string& callersFile, const Invocation& call, std::ostream& err)
     : file(callersFile),
-      desktop(err, callersFile,
+      prompts(err, callersFile,
               {CallersPath(call.standardLibrary), CallersPath(call.userLibrary), ""}) {
     Settings settings = ReadSettings(SettingsFiles());
     if (!call.standardLibrary.empty())
         settings.stdMat = CallersPath(call.standardLibrary);
-    StartUp(project, settings, desktop);
+    StartUp(project, settings, prompts);
 }
 
 bool Session::Run(const std::function<bool()>& action) {
@@ -30,7 +30,7 @@ bool Session::Run(const std::function<bool()>& action) {
     } catch (const ProgramEnd&) {
         ran = false; // the desktop has noted it
     } catch (const std::exception& error) {
-        desktop.Report(error.what());
+        prompts.Report(error.what());
     }
     failed = failed || !ran;
     return ran;
@@ -38,7 +38,7 @@ bool Session::Run(const std::function<bool()>& action) {
 
 void Session::Read() {
     Run([&] {
-        const FileReading result = ReadConstructionFile(project, CallersPath(file), desktop);
+        const FileReading result = ReadConstructionFile(project, CallersPath(file), prompts);
         fileRead = result == FileReading::whole || result == FileReading::withoutLibrary;
         return result == FileReading::whole;
     });

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "cli/Invocation.h"
-#include "cli/TerminalDesktop.h"
+#include "cli/TerminalPrompts.h"
 #include "model/Project.h"
 
 #include <functional>
@@ -32,7 +32,7 @@ public:
     int Status() const;
 
     const std::string file; ///< as the caller wrote it
-    TerminalDesktop desktop;
+    TerminalPrompts prompts;
     Project project;
 
 private:

@@ -149,7 +149,7 @@ int ShowAsText(const Invocation& call, std::ostream& out, std::ostream& err) {
     for (const std::string& file : call.operands) {
         Session session(file, call, err);
         session.Read();
-        if (!session.desktop.Ended())
+        if (!session.prompts.Ended())
             show.ShowProject(session.project);
         status = std::max(status, session.Status());
     }

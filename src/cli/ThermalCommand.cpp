@@ -95,7 +95,7 @@ int Thermal(const Invocation& call, std::ostream& out, std::ostream& err) {
     if (!call.json) {
         ThermalShow show(out, choice);
         const int status = ForEachFile(call, err, [&](const Session& session) {
-            if (!session.desktop.Ended())
+            if (!session.prompts.Ended())
                 show.ShowProject(session.project);
         });
         show.ShowNote();

@@ -14,26 +14,26 @@ namespace strativo {
 
 namespace {
 
-bool IsLikelyThickness(const Layer& layer, double value, Desktop& desktop) {
+bool IsLikelyThickness(const Layer& layer, double value, Prompts& prompts) {
     if (value < 1 && layer.conductivity != resistanceCavity) {
-        desktop.ShowMessage({"Thickness is set to less than 1", "Thickness error"});
+        prompts.ShowMessage({"Thickness is set to less than 1", "Thickness error"});
         return false;
     }
     if (value <= 1000)
         return true;
     const Message question = YesNoQuestion("Thickness is Greater than 1m, do you want this value",
                                            "Thickness warning", Answer::no);
-    return desktop.ShowMessage(question) == Answer::yes;
+    return prompts.ShowMessage(question) == Answer::yes;
 }
 
 /// The number typed. One that does not fit a 32-bit float is reported, and refused.
-std::optional<double> TypedNumber(std::string_view text, Desktop& desktop) {
+std::optional<double> TypedNumber(std::string_view text, Prompts& prompts) {
     try {
         const double value = LeadingNumber(text);
         ToSingle(value);
         return value;
     } catch (const RuntimeError&) {
-        desktop.ShowMessage({"The number is too large: run-time error 6 occurred.", ""});
+        prompts.ShowMessage({"The number is too large: run-time error 6 occurred.", ""});
         return std::nullopt;
     }
 }
@@ -58,14 +58,14 @@ void AdvanceToNextLayer(Construction& construction) {
 
 } // namespace
 
-EntryResult EnterThickness(Project& project, int number, std::string_view text, Desktop& desktop) {
+EntryResult EnterThickness(Project& project, int number, std::string_view text, Prompts& prompts) {
     const int layerNumber = LayerOfEntry(project, number);
     if (layerNumber == 0)
         return EntryResult::nothing;
     Construction& construction = project.constructions[number];
-    const std::optional<double> value = TypedNumber(text, desktop);
+    const std::optional<double> value = TypedNumber(text, prompts);
     const Layer& before = construction.layers[SlotOfLayer(construction, layerNumber)];
-    if (!value || !IsLikelyThickness(before, *value, desktop))
+    if (!value || !IsLikelyThickness(before, *value, prompts))
         return EntryResult::refused;
     CloseUpLayers(construction);
     construction.currentLayer = static_cast<std::int16_t>(layerNumber);
@@ -75,15 +75,15 @@ EntryResult EnterThickness(Project& project, int number, std::string_view text, 
     construction.window.edited = true;
     construction.window.shownThickness = layer.thickness;
     AdvanceToNextLayer(construction);
-    RefreshLayerList(project, number, desktop);
+    RefreshLayerList(project, number, prompts);
     return EntryResult::accepted;
 }
 
-EntryResult EnterAbsorption(Project& project, int number, std::string_view text, Desktop& desktop) {
+EntryResult EnterAbsorption(Project& project, int number, std::string_view text, Prompts& prompts) {
     const int layer = LayerOfEntry(project, number);
     if (layer == 0)
         return EntryResult::nothing;
-    const std::optional<double> value = TypedNumber(text, desktop);
+    const std::optional<double> value = TypedNumber(text, prompts);
     if (!value)
         return EntryResult::refused;
     Construction& construction = project.constructions[number];

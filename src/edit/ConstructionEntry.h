@@ -18,10 +18,10 @@ enum class EntryResult {
 
 /// Stores a typed thickness (mm; a resistance for a type 3 cavity) in the current layer, after
 /// asking where it is unlikely, and moves on to the next layer, which alone is then marked.
-EntryResult EnterThickness(Project& project, int number, std::string_view text, Desktop& desktop);
+EntryResult EnterThickness(Project& project, int number, std::string_view text, Prompts& prompts);
 
 /// Stores a typed absorption in the current layer, whatever its range.
-EntryResult EnterAbsorption(Project& project, int number, std::string_view text, Desktop& desktop);
+EntryResult EnterAbsorption(Project& project, int number, std::string_view text, Prompts& prompts);
 
 // Name, type and absorption do not mark the project as changed; its users know it so.
 void EnterName(Project& project, int number, std::string_view text);

@@ -11,7 +11,7 @@ namespace strativo {
 
 namespace {
 
-void CloseSlot(Project& project, int number, Desktop& desktop) {
+void CloseSlot(Project& project, int number, Prompts& prompts) {
     Construction& construction = project.constructions[number];
     construction.type = removedType;
     construction.window.open = false;
@@ -19,7 +19,7 @@ void CloseSlot(Project& project, int number, Desktop& desktop) {
     project.lowestFreeHint = std::min(project.lowestFreeHint, number);
     project.comments.constructions.Drop(number);
     project.closingInProgress = true;
-    desktop.CloseConstructionWindow(number);
+    prompts.CloseConstructionWindow(number);
     project.closingInProgress = false;
     project.changed = true;
 }
@@ -61,17 +61,17 @@ int LatestActiveConstruction(const Project& project) {
     return latest;
 }
 
-void RemoveConstruction(Project& project, int number, Desktop& desktop) {
+void RemoveConstruction(Project& project, int number, Prompts& prompts) {
     if (!InUse(project, number))
         return;
-    CloseSlot(project, number, desktop);
+    CloseSlot(project, number, prompts);
     ChooseCurrentAfterRemoval(project);
 }
 
-void RemoveConstructions(Project& project, int last, Desktop& desktop) {
+void RemoveConstructions(Project& project, int last, Prompts& prompts) {
     for (int number = 1; number <= last; ++number)
         if (InUse(project, number))
-            CloseSlot(project, number, desktop);
+            CloseSlot(project, number, prompts);
     ChooseCurrentAfterRemoval(project);
 }
 

@@ -20,10 +20,10 @@ int LatestActiveConstruction(const Project& project);
 
 /// Takes the construction out of use and closes its window; numbers of others do not change. The
 /// construction active before it becomes current. A slot not in use is left alone.
-void RemoveConstruction(Project& project, int number, Desktop& desktop);
+void RemoveConstruction(Project& project, int number, Prompts& prompts);
 
 /// Takes constructions 1 to last out of use, choosing the current one only at the end.
-void RemoveConstructions(Project& project, int last, Desktop& desktop);
+void RemoveConstructions(Project& project, int last, Prompts& prompts);
 
 /// Closes up layer slots left empty between filled ones, so that line r shows layer r + 1.
 void CloseUpLayers(Construction& construction);

@@ -69,13 +69,13 @@ bool NameTakenByAnother(const Project& project, int glassType, std::string_view 
 
 /// Only a new or altered name is compared: a type imported under a name twice keeps it.
 bool IsAcceptableName(const Project& project, const GlassProfile& profile, std::string_view name,
-                      Desktop& desktop) {
+                      Prompts& prompts) {
     if (name.empty()) {
-        desktop.ShowMessage({"The window type must have a name", ""});
+        prompts.ShowMessage({"The window type must have a name", ""});
         return false;
     }
     if (name != profile.name && NameTakenByAnother(project, profile.glassType, name)) {
-        desktop.ShowMessage({"The name of the window must be unique", ""});
+        prompts.ShowMessage({"The name of the window must be unique", ""});
         return false;
     }
     return true;
@@ -155,9 +155,9 @@ std::string LevelText(const Project& project, const GlassProfile& profile) {
 }
 
 bool AcceptProfile(Project& project, const GlassProfile& profile, std::string_view name,
-                   Desktop& desktop) {
+                   Prompts& prompts) {
     const std::string clean = CleanEntry(name);
-    if (!IsAcceptableName(project, profile, clean, desktop))
+    if (!IsAcceptableName(project, profile, clean, prompts))
         return false;
     GlassType& type = project.glassTypes[profile.glassType];
     const bool different = type.name != clean || type.transmission != profile.transmission

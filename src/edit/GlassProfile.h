@@ -71,7 +71,7 @@ std::string LevelText(const Project& project, const GlassProfile& profile);
 /// Writes the profile back under the name given, unless that is empty or another type's: then a
 /// message says so and the editor stays open (false).
 bool AcceptProfile(Project& project, const GlassProfile& profile, std::string_view name,
-                   Desktop& desktop);
+                   Prompts& prompts);
 
 /// The editor's Cancel: nothing is written back, and the whole project counts as unchanged, edits
 /// of layers included.

@@ -66,10 +66,10 @@ bool FindGlassType(Project& project, std::string_view name) {
     return true;
 }
 
-bool DeleteGlassType(Project& project, std::string_view name, Desktop& desktop) {
+bool DeleteGlassType(Project& project, std::string_view name, Prompts& prompts) {
     const Message question =
         YesNoQuestion("Do you want to delete this window type?", "Delete Window Type", Answer::no);
-    if (name.empty() || desktop.ShowMessage(question) != Answer::yes)
+    if (name.empty() || prompts.ShowMessage(question) != Answer::yes)
         return false;
     for (int number = 1; number <= project.glassTypes.Size(); ++number) {
         if (project.glassTypes[number].name != name)

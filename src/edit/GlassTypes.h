@@ -25,6 +25,6 @@ bool FindGlassType(Project& project, std::string_view name);
 
 /// Asks, then frees the slot of the first type of that name (unlike editing, which opens the last).
 /// False when the user refused or there is no such type.
-bool DeleteGlassType(Project& project, std::string_view name, Desktop& desktop);
+bool DeleteGlassType(Project& project, std::string_view name, Prompts& prompts);
 
 } // namespace strativo

@@ -11,16 +11,16 @@ namespace strativo {
 namespace {
 
 /// The construction to act on; null after a beep when there is none.
-Construction* CurrentConstruction(Project& project, Desktop& desktop) {
+Construction* CurrentConstruction(Project& project, Prompts& prompts) {
     if (InUse(project, project.currentConstruction))
         return &project.constructions[project.currentConstruction];
-    desktop.Beep();
+    prompts.Beep();
     return nullptr;
 }
 
 /// The same with its slots closed up, to be changed.
-Construction* EditedConstruction(Project& project, Desktop& desktop) {
-    Construction* construction = CurrentConstruction(project, desktop);
+Construction* EditedConstruction(Project& project, Prompts& prompts) {
+    Construction* construction = CurrentConstruction(project, prompts);
     if (construction != nullptr)
         CloseUpLayers(*construction);
     return construction;
@@ -101,19 +101,19 @@ bool RemoveMarkedLayers(Construction& construction) {
     return kept < lines;
 }
 
-void RefreshAndMarkChanged(Project& project, Desktop& desktop) {
-    RefreshLayerList(project, project.currentConstruction, desktop);
+void RefreshAndMarkChanged(Project& project, Prompts& prompts) {
+    RefreshLayerList(project, project.currentConstruction, prompts);
     project.changed = true;
 }
 
-void DeleteMarked(Project& project, Construction& construction, Desktop& desktop) {
+void DeleteMarked(Project& project, Construction& construction, Prompts& prompts) {
     const std::int16_t focused = construction.currentLayer;
     if (focused > 0 && RemoveMarkedLayers(construction)) {
         const auto left = static_cast<std::int16_t>(LayerCount(construction));
         construction.currentLayer = std::min(focused, left);
         MarkOnly(construction, construction.currentLayer, construction.currentLayer);
     }
-    RefreshAndMarkChanged(project, desktop);
+    RefreshAndMarkChanged(project, prompts);
 }
 
 /// Opens a gap at the layer and puts the entry there.
@@ -129,10 +129,10 @@ void InsertEntry(Project& project, Construction& construction, int lines, int at
 }
 
 /// The construction to paste into; null after a beep when there is none or no room.
-Construction* PasteTarget(Project& project, Desktop& desktop) {
-    Construction* construction = EditedConstruction(project, desktop);
+Construction* PasteTarget(Project& project, Prompts& prompts) {
+    Construction* construction = EditedConstruction(project, prompts);
     if (construction != nullptr && LayerCount(*construction) >= maxLayers) {
-        desktop.Beep();
+        prompts.Beep();
         return nullptr;
     }
     return construction;
@@ -140,28 +140,28 @@ Construction* PasteTarget(Project& project, Desktop& desktop) {
 
 } // namespace
 
-void CopyLayers(Project& project, Desktop& desktop) {
+void CopyLayers(Project& project, Prompts& prompts) {
     if (project.dialogActive)
         CopyMaterial(project);
-    else if (const Construction* construction = CurrentConstruction(project, desktop))
+    else if (const Construction* construction = CurrentConstruction(project, prompts))
         CopyMarkedLayers(*construction, project.clipboard);
 }
 
-void CutLayers(Project& project, Desktop& desktop) {
-    Construction* construction = EditedConstruction(project, desktop);
+void CutLayers(Project& project, Prompts& prompts) {
+    Construction* construction = EditedConstruction(project, prompts);
     if (construction == nullptr || construction->currentLayer == 0)
         return;
     CopyMarkedLayers(*construction, project.clipboard);
-    DeleteMarked(project, *construction, desktop);
+    DeleteMarked(project, *construction, prompts);
 }
 
-void DeleteLayers(Project& project, Desktop& desktop) {
-    if (Construction* construction = EditedConstruction(project, desktop))
-        DeleteMarked(project, *construction, desktop);
+void DeleteLayers(Project& project, Prompts& prompts) {
+    if (Construction* construction = EditedConstruction(project, prompts))
+        DeleteMarked(project, *construction, prompts);
 }
 
-void PasteLayers(Project& project, Desktop& desktop) {
-    Construction* construction = PasteTarget(project, desktop);
+void PasteLayers(Project& project, Prompts& prompts) {
+    Construction* construction = PasteTarget(project, prompts);
     if (construction == nullptr)
         return;
     int lines = LayerCount(*construction);
@@ -171,11 +171,11 @@ void PasteLayers(Project& project, Desktop& desktop) {
         if (!entry.name.empty() && lines < maxLayers)
             InsertEntry(project, *construction, lines++, ++current, entry);
     MarkInserted(*construction, before + 1, current, current);
-    RefreshAndMarkChanged(project, desktop);
+    RefreshAndMarkChanged(project, prompts);
 }
 
-void PasteLayersBefore(Project& project, Desktop& desktop) {
-    Construction* construction = PasteTarget(project, desktop);
+void PasteLayersBefore(Project& project, Prompts& prompts) {
+    Construction* construction = PasteTarget(project, prompts);
     if (construction == nullptr)
         return;
     int lines = LayerCount(*construction);
@@ -185,7 +185,7 @@ void PasteLayersBefore(Project& project, Desktop& desktop) {
         if (!project.clipboard[slot].name.empty() && lines < maxLayers)
             InsertEntry(project, *construction, lines++, at, project.clipboard[slot]);
     MarkInserted(*construction, at, at + lines - before - 1, at);
-    RefreshAndMarkChanged(project, desktop);
+    RefreshAndMarkChanged(project, prompts);
 }
 
 bool TakeMaterial(Project& project) {

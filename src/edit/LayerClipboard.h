@@ -10,16 +10,16 @@ namespace strativo {
 
 /// Fills the clipboard with the marked layers; with the Select Material dialog active, slot 1 with
 /// the selected material. Nothing selected leaves the clipboard as it was.
-void CopyLayers(Project& project, Desktop& desktop);
+void CopyLayers(Project& project, Prompts& prompts);
 /// Copies the marked layers and removes them.
-void CutLayers(Project& project, Desktop& desktop);
+void CutLayers(Project& project, Prompts& prompts);
 /// Removes the marked layers.
-void DeleteLayers(Project& project, Desktop& desktop);
+void DeleteLayers(Project& project, Prompts& prompts);
 /// Inserts the clipboard after the current layer; the last one inserted becomes current. Entries
 /// beyond 15 layers are dropped; a full construction only beeps.
-void PasteLayers(Project& project, Desktop& desktop);
+void PasteLayers(Project& project, Prompts& prompts);
 /// Inserts the clipboard before the current layer, whose number stays current.
-void PasteLayersBefore(Project& project, Desktop& desktop);
+void PasteLayersBefore(Project& project, Prompts& prompts);
 
 /// Puts the material selected in the material list into the clipboard as its only entry. False,
 /// with the clipboard as it was, when none is selected. Run-time error 6 for a material whose code

@@ -11,21 +11,21 @@ namespace strativo {
 namespace {
 
 /// Inserts the clipboard at the row and shows the target, without marks.
-void PasteAtRow(Project& project, int target, int row, Desktop& desktop) {
+void PasteAtRow(Project& project, int target, int row, Prompts& prompts) {
     ActivateConstruction(project, target);
     Construction& construction = project.constructions[target];
     CloseUpLayers(construction);
     const int lines = LayerCount(construction);
     if (row >= lines) {
         construction.currentLayer = static_cast<std::int16_t>(lines);
-        PasteLayers(project, desktop);
+        PasteLayers(project, prompts);
     } else {
         construction.currentLayer = static_cast<std::int16_t>(std::max(row, 0) + 1);
-        PasteLayersBefore(project, desktop);
+        PasteLayersBefore(project, prompts);
     }
     ClearMarks(construction);
-    RefreshLayerList(project, target, desktop);
-    desktop.ActivateConstructionWindow(target);
+    RefreshLayerList(project, target, prompts);
+    prompts.ActivateConstructionWindow(target);
 }
 
 bool HasRoomFor(const Construction& target, int layers) {
@@ -48,7 +48,7 @@ bool StartLayerDrag(Project& project, int number, int line, bool copy) {
     return true;
 }
 
-void DropLayers(Project& project, int target, int row, Desktop& desktop) {
+void DropLayers(Project& project, int target, int row, Prompts& prompts) {
     const LayerDrag drag = project.drag;
     if (!InUse(project, drag.source) || !InUse(project, target))
         return;
@@ -59,22 +59,22 @@ void DropLayers(Project& project, int target, int row, Desktop& desktop) {
     project.currentConstruction = drag.source;
     const bool otherConstruction = target != drag.source;
     if (drag.copy) {
-        CopyLayers(project, desktop);
+        CopyLayers(project, prompts);
     } else if (otherConstruction && !HasRoomFor(project.constructions[target], moved)) {
-        CopyLayers(project, desktop);
-        desktop.Beep();
+        CopyLayers(project, prompts);
+        prompts.Beep();
         return;
     } else {
         const int above = MarkedLayersUpTo(source, row);
-        CutLayers(project, desktop);
+        CutLayers(project, prompts);
         row -= otherConstruction ? 0 : above;
     }
-    PasteAtRow(project, target, row, desktop);
+    PasteAtRow(project, target, row, prompts);
 }
 
-void DropMaterial(Project& project, int target, int row, Desktop& desktop) {
+void DropMaterial(Project& project, int target, int row, Prompts& prompts) {
     if (InUse(project, target))
-        PasteAtRow(project, target, row, desktop);
+        PasteAtRow(project, target, row, prompts);
 }
 
 } // namespace strativo

@@ -19,9 +19,9 @@ bool StartLayerDrag(Project& project, int number, int line, bool copy);
 /// Drops the dragged layers before the row (from 0, before any cut) of the target's list, or
 /// behind its last line: moves them, or copies them. A move to another construction that has no
 /// room for all of them only beeps, so that no layer is lost.
-void DropLayers(Project& project, int target, int row, Desktop& desktop);
+void DropLayers(Project& project, int target, int row, Prompts& prompts);
 
 /// Inserts the clipboard, which the drag of a material has filled, in the same way.
-void DropMaterial(Project& project, int target, int row, Desktop& desktop);
+void DropMaterial(Project& project, int target, int row, Prompts& prompts);
 
 } // namespace strativo

@@ -93,15 +93,15 @@ std::string MaterialListCaption(const Project& project) {
     return "Select Material : " + (user ? project.userLibraryFile : project.standardLibraryFile);
 }
 
-void RefreshMaterialList(Project& project, Desktop& desktop) {
+void RefreshMaterialList(Project& project, Prompts& prompts) {
     project.selectedMaterial = 0;
-    desktop.RefreshMaterialList();
+    prompts.RefreshMaterialList();
 }
 
-void ShowLibrary(Project& project, int libraryNumber, Desktop& desktop) {
+void ShowLibrary(Project& project, int libraryNumber, Prompts& prompts) {
     project.shownLibrary = static_cast<std::int16_t>(libraryNumber);
-    desktop.SelectMatOption(libraryNumber - 1);
-    RefreshMaterialList(project, desktop);
+    prompts.SelectMatOption(libraryNumber - 1);
+    RefreshMaterialList(project, prompts);
 }
 
 } // namespace strativo

@@ -34,9 +34,9 @@ std::vector<std::string> MaterialLines(const Project& project);
 std::string MaterialListCaption(const Project& project);
 
 /// Rebuilds the material list; nothing is selected in it afterwards.
-void RefreshMaterialList(Project& project, Desktop& desktop);
+void RefreshMaterialList(Project& project, Prompts& prompts);
 
 /// Shows that library in the material list, its option marked.
-void ShowLibrary(Project& project, int libraryNumber, Desktop& desktop);
+void ShowLibrary(Project& project, int libraryNumber, Prompts& prompts);
 
 } // namespace strativo

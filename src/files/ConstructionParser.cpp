@@ -62,11 +62,11 @@ private:
 
 class Parser {
 public:
-    Parser(std::string_view bytes, Project& target, Desktop& port, const CreateConstruction& create)
-        : total(bytes.size()), lines(bytes), project(target), desktop(port),
+    Parser(std::string_view bytes, Project& target, Prompts& port, const CreateConstruction& create)
+        : total(bytes.size()), lines(bytes), project(target), prompts(port),
           createConstruction(create) {}
 
-    ~Parser() { desktop.ShowProgress(total, total); }
+    ~Parser() { prompts.ShowProgress(total, total); }
     Parser(const Parser&) = delete;
     Parser& operator=(const Parser&) = delete;
 
@@ -84,7 +84,7 @@ private:
     void ReportProgress() {
         constexpr unsigned linesBetweenReports = 4096;
         if (++lineCount % linesBetweenReports == 0)
-            desktop.ShowProgress(lines.Position(), total);
+            prompts.ShowProgress(lines.Position(), total);
     }
 
     /// The first keyword found decides. False for a line whose comment is not kept.
@@ -93,7 +93,7 @@ private:
         if (keywords.HasAny() && ReadKeyword(keywords, line))
             return true;
         if (constructionOpen && Contains(line, '_') && Contains(line, '=')) {
-            ParsePartLine(line, transparent, project, desktop);
+            ParsePartLine(line, transparent, project, prompts);
             return false;
         }
         if (keywords.HasAny() && !Contains(line, '/') && !Contains(line, '}'))
@@ -221,7 +221,7 @@ private:
     std::size_t total;
     CommentedLines lines;
     Project& project;
-    Desktop& desktop;
+    Prompts& prompts;
     const CreateConstruction& createConstruction;
     ParsedFile parsed;
     unsigned lineCount = 0;
@@ -275,25 +275,25 @@ Layer ReadPart(std::string_view line, bool transparent) {
 
 } // namespace
 
-ParsedFile ParseConstructionFile(std::string_view bytes, Project& project, Desktop& desktop,
+ParsedFile ParseConstructionFile(std::string_view bytes, Project& project, Prompts& prompts,
                                  const CreateConstruction& createConstruction) {
-    return Parser(bytes, project, desktop, createConstruction).Run();
+    return Parser(bytes, project, prompts, createConstruction).Run();
 }
 
-void ParsePartLine(std::string_view line, bool transparent, Project& project, Desktop& desktop) {
+void ParsePartLine(std::string_view line, bool transparent, Project& project, Prompts& prompts) {
     // Before the numbers are taken, which may fail.
     project.userLibraryNeeded = project.userLibraryNeeded || Contains(line, '@');
     Layer layer = ReadPart(line, transparent);
     Construction& construction = project.constructions[project.currentConstruction];
     const int slot = construction.layers.HighestUsed() + 1;
     if (slot > maxLayers) {
-        desktop.Beep();
+        prompts.Beep();
         return;
     }
     layer.name = std::to_string(slot); // until it is linked to its library
     construction.layers.Edit(slot) = std::move(layer);
     construction.currentLayer = static_cast<std::int16_t>(slot);
-    RefreshLayerList(project, project.currentConstruction, desktop);
+    RefreshLayerList(project, project.currentConstruction, prompts);
 }
 
 } // namespace strativo

@@ -22,10 +22,10 @@ using CreateConstruction = std::function<void()>;
 
 /// Parses the bytes of a construction file into the project, line by line, up to the end or a
 /// line with "!EOF". Run-time error 5 or 6; what was read before it stays in the project.
-ParsedFile ParseConstructionFile(std::string_view bytes, Project& project, Desktop& desktop,
+ParsedFile ParseConstructionFile(std::string_view bytes, Project& project, Prompts& prompts,
                                  const CreateConstruction& createConstruction);
 
 /// Adds one layer to the current construction. A 16th layer only beeps. Run-time error 5 or 6.
-void ParsePartLine(std::string_view line, bool transparent, Project& project, Desktop& desktop);
+void ParsePartLine(std::string_view line, bool transparent, Project& project, Prompts& prompts);
 
 } // namespace strativo

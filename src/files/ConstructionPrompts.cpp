@@ -11,13 +11,13 @@ constexpr char extension[] = "CON";
 
 } // namespace
 
-std::string PromptConstructionFile(Desktop& desktop) {
-    return desktop.AskOpenFile({"Open Construction file", filter, "", extension})
+std::string PromptConstructionFile(Prompts& prompts) {
+    return prompts.AskOpenFile({"Open Construction file", filter, "", extension})
         .value_or(singleBlank);
 }
 
-std::string PromptSaveConstructionFile(Desktop& desktop) {
-    return desktop.AskSaveFile({"Save Construction file as ", filter, "", extension})
+std::string PromptSaveConstructionFile(Prompts& prompts) {
+    return prompts.AskSaveFile({"Save Construction file as ", filter, "", extension})
         .value_or(singleBlank);
 }
 

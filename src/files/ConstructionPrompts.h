@@ -7,7 +7,7 @@
 namespace strativo {
 
 // Each returns the chosen path, or a single blank when the user cancelled.
-std::string PromptConstructionFile(Desktop& desktop);
-std::string PromptSaveConstructionFile(Desktop& desktop);
+std::string PromptConstructionFile(Prompts& prompts);
+std::string PromptSaveConstructionFile(Prompts& prompts);
 
 } // namespace strativo

@@ -97,18 +97,18 @@ bool ParseGlassDefinitions(std::string_view bytes, Project& project) {
     return Importer(bytes, project).Run();
 }
 
-ImportResult ImportGlassDefinitions(Project& project, Desktop& desktop) {
-    const std::string path = PromptConstructionFile(desktop);
+ImportResult ImportGlassDefinitions(Project& project, Prompts& prompts) {
+    const std::string path = PromptConstructionFile(prompts);
     if (path == singleBlank)
         return ImportResult::cancelled;
     const int sectionsBefore = project.glassSectionsRead + project.glassSectionsRead2D;
     try {
         if (!ParseGlassDefinitions(ReadFileBytes(path), project))
-            desktop.ShowMessage({incorrectFormat, ""});
+            prompts.ShowMessage({incorrectFormat, ""});
         project.changed = true;
         return ImportResult::imported;
     } catch (const RuntimeError& error) {
-        desktop.ShowMessage({glassImportMessages.Text(error.Number()), ""});
+        prompts.ShowMessage({glassImportMessages.Text(error.Number()), ""});
         const bool added = project.glassSectionsRead + project.glassSectionsRead2D > sectionsBefore;
         project.changed = project.changed || added;
         return ImportResult::stopped;

@@ -15,6 +15,6 @@ enum class ImportResult { imported, cancelled, stopped };
 
 /// Asks for a construction file and imports its glass types. A failure is reported, and marks the
 /// project as changed only if a type was added before it; success always does.
-ImportResult ImportGlassDefinitions(Project& project, Desktop& desktop);
+ImportResult ImportGlassDefinitions(Project& project, Prompts& prompts);
 
 } // namespace strativo

@@ -38,69 +38,69 @@ LibraryLoad ResultOf(const LibraryContent& content) {
 }
 
 /// A wrong version is told before a failure: it is met first.
-void Report(const LibraryContent& content, const FileMessages& messages, Desktop& desktop) {
+void Report(const LibraryContent& content, const FileMessages& messages, Prompts& prompts) {
     if (content.wrongVersion)
-        desktop.ShowMessage({messages.wrongVersion, ""});
+        prompts.ShowMessage({messages.wrongVersion, ""});
     if (content.failure)
-        desktop.ShowMessage({messages.Text(*content.failure), ""});
+        prompts.ShowMessage({messages.Text(*content.failure), ""});
 }
 
 /// The file name after a failure. Cancelling here, unlike at the first prompt, ends the program.
-std::string AskForStandardFileAgain(Project& project, Desktop& desktop) {
-    const std::string name = PromptLibraryFile(desktop, standardLibraryPrompt, "stdmat.lby");
+std::string AskForStandardFileAgain(Project& project, Prompts& prompts) {
+    const std::string name = PromptLibraryFile(prompts, standardLibraryPrompt, "stdmat.lby");
     if (name != singleBlank)
         return name;
     project.standardLibraryFile.clear();
-    desktop.ShowMessage({"Cancel pressed aborting load", ""});
-    desktop.EndProgram();
+    prompts.ShowMessage({"Cancel pressed aborting load", ""});
+    prompts.EndProgram();
 }
 
-LibraryLoad TakeStandardLibrary(Project& project, const LibraryContent& content, Desktop& desktop) {
+LibraryLoad TakeStandardLibrary(Project& project, const LibraryContent& content, Prompts& prompts) {
     project.standardLibrary = content.library;
     // A wrong version counts as loaded all the same, unlike for the user library.
     project.standardLoaded = !content.failure;
-    Report(content, standardLibraryMessages, desktop);
+    Report(content, standardLibraryMessages, prompts);
     return ResultOf(content);
 }
 
 /// Takes the user library out of the material list.
-void WithdrawUserLibrary(Project& project, Desktop& desktop) {
+void WithdrawUserLibrary(Project& project, Prompts& prompts) {
     project.userLoaded = false;
-    desktop.EnableMatOption(userLibraryNumber - 1, false);
+    prompts.EnableMatOption(userLibraryNumber - 1, false);
     if (project.shownLibrary == userLibraryNumber)
-        ShowLibrary(project, standardLibraryNumber, desktop);
+        ShowLibrary(project, standardLibraryNumber, prompts);
 }
 
-LibraryLoad TakeUserLibrary(Project& project, const LibraryContent& content, Desktop& desktop) {
+LibraryLoad TakeUserLibrary(Project& project, const LibraryContent& content, Prompts& prompts) {
     project.userLibrary = content.library;
     const LibraryLoad result = ResultOf(content);
     if (result == LibraryLoad::loaded) {
         project.userLoaded = true;
         project.shownLibrary = userLibraryNumber;
-        desktop.EnableMatOption(userLibraryNumber - 1, true);
+        prompts.EnableMatOption(userLibraryNumber - 1, true);
         return result;
     }
-    WithdrawUserLibrary(project, desktop);
+    WithdrawUserLibrary(project, prompts);
     if (content.wrongVersion)
         project.userLibraryFile.clear();
-    Report(content, userLibraryMessages, desktop);
+    Report(content, userLibraryMessages, prompts);
     return result;
 }
 
 } // namespace
 
-std::string PromptLibraryFile(Desktop& desktop, const std::string& title,
+std::string PromptLibraryFile(Prompts& prompts, const std::string& title,
                               const std::string& initialName) {
-    return desktop.AskOpenFile({title, "Material Files (*.lby)|*.lby", initialName, "LBY"})
+    return prompts.AskOpenFile({title, "Material Files (*.lby)|*.lby", initialName, "LBY"})
         .value_or(singleBlank);
 }
 
-LibraryLoad LoadStandardLibrary(Project& project, Desktop& desktop) {
+LibraryLoad LoadStandardLibrary(Project& project, Prompts& prompts) {
     std::string& name = project.standardLibraryFile;
     if (name == singleBlank)
         name = project.rememberedLibrary;
     if (name.empty())
-        name = PromptLibraryFile(desktop, standardLibraryPrompt, "");
+        name = PromptLibraryFile(prompts, standardLibraryPrompt, "");
     if (name == singleBlank) {
         name.clear();
         return LibraryLoad::cancelled;
@@ -108,18 +108,18 @@ LibraryLoad LoadStandardLibrary(Project& project, Desktop& desktop) {
     for (;;) {
         try {
             return TakeStandardLibrary(project, ReadLibrary(project, name, ParseStandardLibrary),
-                                       desktop);
+                                       prompts);
         } catch (const RuntimeError& error) {
-            desktop.ShowMessage({standardLibraryMessages.Text(error.Number()), ""});
-            name = AskForStandardFileAgain(project, desktop);
+            prompts.ShowMessage({standardLibraryMessages.Text(error.Number()), ""});
+            name = AskForStandardFileAgain(project, prompts);
         }
     }
 }
 
-LibraryLoad LoadUserLibrary(Project& project, Desktop& desktop) {
+LibraryLoad LoadUserLibrary(Project& project, Prompts& prompts) {
     std::string& name = project.userLibraryFile;
     if (name.empty())
-        name = PromptLibraryFile(desktop, userLibraryPrompt, "");
+        name = PromptLibraryFile(prompts, userLibraryPrompt, "");
     if (name == singleBlank) {
         name.clear();
         return LibraryLoad::cancelled;
@@ -128,10 +128,10 @@ LibraryLoad LoadUserLibrary(Project& project, Desktop& desktop) {
         // A cancel is not looked for at once: opening the single blank fails and asks once more.
         const bool cancelled = name == singleBlank;
         try {
-            return TakeUserLibrary(project, ReadLibrary(project, name, ParseUserLibrary), desktop);
+            return TakeUserLibrary(project, ReadLibrary(project, name, ParseUserLibrary), prompts);
         } catch (const RuntimeError& error) {
-            desktop.ShowMessage({userLibraryMessages.Text(error.Number()), ""});
-            name = PromptLibraryFile(desktop, userLibraryPrompt, name);
+            prompts.ShowMessage({userLibraryMessages.Text(error.Number()), ""});
+            name = PromptLibraryFile(prompts, userLibraryPrompt, name);
         }
         if (cancelled && name == singleBlank) {
             name.clear();
@@ -140,9 +140,9 @@ LibraryLoad LoadUserLibrary(Project& project, Desktop& desktop) {
     }
 }
 
-void DropUserLibrary(Project& project, Desktop& desktop) {
+void DropUserLibrary(Project& project, Prompts& prompts) {
     EmptyLibrary(project.userLibrary);
-    WithdrawUserLibrary(project, desktop);
+    WithdrawUserLibrary(project, prompts);
 }
 
 } // namespace strativo

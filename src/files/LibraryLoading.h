@@ -12,7 +12,7 @@ inline constexpr char standardLibraryPrompt[] = "Open standard material file";
 inline constexpr char userLibraryPrompt[] = "Open user material file";
 
 /// Asks for a library file; a single blank when the user cancelled.
-std::string PromptLibraryFile(Desktop& desktop, const std::string& title,
+std::string PromptLibraryFile(Prompts& prompts, const std::string& title,
                               const std::string& initialName);
 
 /// What became of a load.
@@ -28,14 +28,14 @@ enum class LibraryLoad {
 /// default; empty: the user is asked). A failure is reported and another file asked for where that
 /// can help; cancelling then ends the program. Never givenUp; a wrong version counts as loaded in
 /// the project.
-LibraryLoad LoadStandardLibrary(Project& project, Desktop& desktop);
+LibraryLoad LoadStandardLibrary(Project& project, Prompts& prompts);
 
 /// The same for the user library, which has no remembered default and never ends the program. A
 /// wrong version leaves it empty and without a file name. It is shown when it was loaded; otherwise
 /// but for a cancel it is taken out of the material list.
-LibraryLoad LoadUserLibrary(Project& project, Desktop& desktop);
+LibraryLoad LoadUserLibrary(Project& project, Prompts& prompts);
 
 /// Empties the user library and takes it out of the material list.
-void DropUserLibrary(Project& project, Desktop& desktop);
+void DropUserLibrary(Project& project, Prompts& prompts);
 
 } // namespace strativo

@@ -4,7 +4,7 @@
 #include "edit/GlassTypes.h"
 #include "files/ConstructionParser.h"
 #include "files/ConstructionWriter.h"
-#include "files/SilentDesktop.h"
+#include "files/SilentPrompts.h"
 #include "text/RuntimeError.h"
 
 #include <algorithm>
@@ -22,7 +22,7 @@ bool IsHarmless(const std::string& name) {
 /// Writes the project and reads it again, as far as that goes.
 Project WrittenAndRead(const Project& written) {
     Project read;
-    SilentDesktop desktop;
+    SilentPrompts prompts;
     ResetGlassTypes(read);
     const CreateConstruction create = [&] {
         const int number = FirstFreeConstructionSlot(read);
@@ -30,7 +30,7 @@ Project WrittenAndRead(const Project& written) {
         read.currentConstruction = number;
     };
     try {
-        ParseConstructionFile(FormatConstructionFile(written), read, desktop, create);
+        ParseConstructionFile(FormatConstructionFile(written), read, prompts, create);
     } catch (const RuntimeError&) {
         read = Project(); // a reader would have stopped here: nothing came back
     }

@@ -43,7 +43,7 @@ std::vector<std::string> NamesOf(const Project& project, const std::vector<int>&
 }
 
 bool AskAbout(const std::vector<std::string>& names, const char* finding, const char* title,
-              Desktop& desktop) {
+              Prompts& prompts) {
     if (names.empty())
         return true;
     std::string text = finding;
@@ -51,7 +51,7 @@ bool AskAbout(const std::vector<std::string>& names, const char* finding, const 
     for (const std::string& name : names)
         text += name + "\r";
     text += "\rDo you wish to save anyway?\r";
-    return desktop.ShowMessage(YesNoQuestion(text, title)) == Answer::yes;
+    return prompts.ShowMessage(YesNoQuestion(text, title)) == Answer::yes;
 }
 
 } // namespace
@@ -64,18 +64,18 @@ std::vector<int> ZeroAbsorptionConstructions(const Project& project) {
     return ConstructionsWithLayers(project, HasZeroAbsorption);
 }
 
-bool CheckBeforeSave(const Project& project, Desktop& desktop) {
+bool CheckBeforeSave(const Project& project, Prompts& prompts) {
     if (!AskAbout(NamesOf(project, ZeroThicknessConstructions(project)),
                   "The following construction(s) have at least one zero thickness",
-                  "Zero thickness error", desktop))
+                  "Zero thickness error", prompts))
         return false;
     if (!AskAbout(NamesOf(project, ZeroAbsorptionConstructions(project)),
                   "The following construction(s) have a total absorption equal to zero",
-                  "Zero absorption error", desktop))
+                  "Zero absorption error", prompts))
         return false;
     return AskAbout(UnreadableNames(project),
                     "The following name(s) cannot be read back from a construction file",
-                    "Name error", desktop);
+                    "Name error", prompts);
 }
 
 } // namespace strativo

@@ -15,6 +15,6 @@ std::vector<int> ZeroAbsorptionConstructions(const Project& project);
 
 /// Asks about each of these where there are any, and about names that could not be read back from
 /// the file; false when the user then refuses to save.
-bool CheckBeforeSave(const Project& project, Desktop& desktop);
+bool CheckBeforeSave(const Project& project, Prompts& prompts);
 
 } // namespace strativo

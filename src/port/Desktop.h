@@ -13,9 +13,9 @@ namespace strativo {
 struct ProgramEnd {};
 
 /// The core's one way to the world: a window system, a script's terminal, or a test.
-class Desktop {
+class Prompts {
 public:
-    virtual ~Desktop() = default;
+    virtual ~Prompts() = default;
 
     virtual Answer ShowMessage(const Message& message) = 0;
     /// The chosen path, as the file system's bytes; nothing when the user cancelled.

@@ -21,7 +21,7 @@ Message WriteFailure(const std::string& path, const WriteError& error) {
 }
 
 /// Nothing is overwritten unseen: another program may have changed the file meanwhile.
-bool MayOverwrite(const Project& project, Desktop& desktop) {
+bool MayOverwrite(const Project& project, Prompts& prompts) {
     const FileStamp now = StampOf(project.constructionFile);
     if (project.stampedFile != project.constructionFile || now == FileStamp()
         || now == project.stamp)
@@ -32,12 +32,12 @@ bool MayOverwrite(const Project& project, Desktop& desktop) {
                             "here.  Overwrite it?",
                       "File changed", Answer::no);
     question.encoding = Encoding::utf8;
-    return desktop.ShowMessage(question) == Answer::yes;
+    return prompts.ShowMessage(question) == Answer::yes;
 }
 
 /// Writes under the name that the project has by now.
-bool WriteNamedFile(Project& project, Desktop& desktop) {
-    if (!MayOverwrite(project, desktop))
+bool WriteNamedFile(Project& project, Prompts& prompts) {
+    if (!MayOverwrite(project, prompts))
         return false;
     try {
         const auto write = [&](const ByteSink& sink) { WriteConstructionText(project, sink); };
@@ -47,7 +47,7 @@ bool WriteNamedFile(Project& project, Desktop& desktop) {
         ++project.contentsSaved;
         return true;
     } catch (const WriteError& error) {
-        desktop.ShowMessage(WriteFailure(project.constructionFile, error));
+        prompts.ShowMessage(WriteFailure(project.constructionFile, error));
         return false;
     }
 }
@@ -67,63 +67,63 @@ std::string ShownFileName(const std::string& constructionFile) {
     return constructionFile.empty() ? "Untitled.con" : PathToUtf8(constructionFile);
 }
 
-void FinishStartUp(Project& project, const std::string& commandLine, Desktop& desktop) {
+void FinishStartUp(Project& project, const std::string& commandLine, Prompts& prompts) {
     SortByName(project);
-    RefreshMaterialList(project, desktop);
+    RefreshMaterialList(project, prompts);
     if (!commandLine.empty())
-        ReadConstructionFile(project, commandLine, desktop);
+        ReadConstructionFile(project, commandLine, prompts);
 }
 
-void OpenProject(Project& project, Desktop& desktop) {
-    if (NewProject(project, desktop))
-        ReadConstructionFile(project, "", desktop);
+void OpenProject(Project& project, Prompts& prompts) {
+    if (NewProject(project, prompts))
+        ReadConstructionFile(project, "", prompts);
 }
 
-void OpenDroppedFiles(Project& project, const std::vector<std::string>& paths, Desktop& desktop) {
+void OpenDroppedFiles(Project& project, const std::vector<std::string>& paths, Prompts& prompts) {
     if (paths.size() == 1 && !paths.front().empty())
-        ReadConstructionFile(project, paths.front(), desktop);
+        ReadConstructionFile(project, paths.front(), prompts);
 }
 
-bool SaveProject(Project& project, Desktop& desktop) {
-    return CheckBeforeSave(project, desktop) && WriteConstructionFile(project, desktop);
+bool SaveProject(Project& project, Prompts& prompts) {
+    return CheckBeforeSave(project, prompts) && WriteConstructionFile(project, prompts);
 }
 
-bool SaveProjectAs(Project& project, Desktop& desktop) {
+bool SaveProjectAs(Project& project, Prompts& prompts) {
     const std::string remembered = project.constructionFile;
     project.constructionFile.clear();
-    const bool written = SaveProject(project, desktop);
+    const bool written = SaveProject(project, prompts);
     if (project.constructionFile.empty())
         project.constructionFile = remembered;
     return written;
 }
 
-bool WriteConstructionFile(Project& project, Desktop& desktop) {
+bool WriteConstructionFile(Project& project, Prompts& prompts) {
     const std::string before = project.constructionFile;
     if (project.constructionFile.empty())
-        project.constructionFile = PromptSaveConstructionFile(desktop);
+        project.constructionFile = PromptSaveConstructionFile(prompts);
     if (project.constructionFile == singleBlank) {
         project.constructionFile.clear();
         return false;
     }
-    const bool written = WriteNamedFile(project, desktop);
+    const bool written = WriteNamedFile(project, prompts);
     if (!written)
         project.constructionFile = before;
     return written;
 }
 
-void CloseConstruction(Project& project, std::string_view activeTag, Desktop& desktop) {
-    RemoveConstruction(project, TagNumber(activeTag), desktop);
+void CloseConstruction(Project& project, std::string_view activeTag, Prompts& prompts) {
+    RemoveConstruction(project, TagNumber(activeTag), prompts);
 }
 
-bool QueryClose(Project& project, Desktop& desktop) {
+bool QueryClose(Project& project, Prompts& prompts) {
     if (project.changed) {
-        const Answer answer = desktop.ShowMessage(CloseQuestion(project));
+        const Answer answer = prompts.ShowMessage(CloseQuestion(project));
         const bool goesAhead =
-            answer == Answer::no || (answer == Answer::yes && SaveProject(project, desktop));
+            answer == Answer::no || (answer == Answer::yes && SaveProject(project, prompts));
         if (!goesAhead)
             return true;
     }
-    desktop.QuitHelp();
+    prompts.QuitHelp();
     return false;
 }
 

@@ -9,45 +9,45 @@ namespace {
 
 /// A library just loaded is put in name order whichever is shown, and the one shown by each of the
 /// commands.
-void SortAndRefresh(Project& project, MaterialLibrary& loaded, Desktop& desktop) {
+void SortAndRefresh(Project& project, MaterialLibrary& loaded, Prompts& prompts) {
     SortLibraryByName(loaded);
     SortByName(project);
-    RefreshMaterialList(project, desktop);
+    RefreshMaterialList(project, prompts);
 }
 
 } // namespace
 
-LibraryLoad LoadStandard(Project& project, Desktop& desktop) {
+LibraryLoad LoadStandard(Project& project, Prompts& prompts) {
     const std::string remembered = project.standardLibraryFile;
     project.standardLibraryFile.clear();
-    const LibraryLoad result = LoadStandardLibrary(project, desktop);
+    const LibraryLoad result = LoadStandardLibrary(project, prompts);
     const bool loaded = result == LibraryLoad::loaded || result == LibraryLoad::wrongVersion;
     if (!loaded)
         project.standardLibraryFile = remembered;
-    SortAndRefresh(project, project.standardLibrary, desktop);
+    SortAndRefresh(project, project.standardLibrary, prompts);
     if (loaded) {
-        desktop.EnableMatOption(standardLibraryNumber - 1, true);
-        ShowLibrary(project, standardLibraryNumber, desktop);
+        prompts.EnableMatOption(standardLibraryNumber - 1, true);
+        ShowLibrary(project, standardLibraryNumber, prompts);
     }
     return result;
 }
 
-LibraryLoad LoadMaterials(Project& project, Desktop& desktop) {
+LibraryLoad LoadMaterials(Project& project, Prompts& prompts) {
     if (project.userLibraryNeeded)
-        desktop.ShowMessage({"The user material file is being used, make sure the\r"
+        prompts.ShowMessage({"The user material file is being used, make sure the\r"
                              "new user file has all the current materials.",
                              "The user material file is in use"});
     const std::string remembered = project.userLibraryFile;
     project.userLibraryFile.clear();
-    const LibraryLoad result = LoadUserLibrary(project, desktop);
+    const LibraryLoad result = LoadUserLibrary(project, prompts);
     const bool loaded = result == LibraryLoad::loaded;
     // After a wrong version too: the old name comes back although the library is now empty.
     if (!loaded)
         project.userLibraryFile = remembered;
-    SortAndRefresh(project, project.userLibrary, desktop);
+    SortAndRefresh(project, project.userLibrary, prompts);
     if (loaded) {
-        desktop.EnableMatOption(userLibraryNumber - 1, true);
-        ShowLibrary(project, userLibraryNumber, desktop);
+        prompts.EnableMatOption(userLibraryNumber - 1, true);
+        ShowLibrary(project, userLibraryNumber, prompts);
     }
     return result;
 }

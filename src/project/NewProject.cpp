@@ -22,10 +22,10 @@ void ResetConstructions(Project& project) {
 }
 
 /// "Make all Icons" makes windows for slots that are not in use.
-void CloseEmptyWindows(const Project& project, Desktop& desktop) {
+void CloseEmptyWindows(const Project& project, Prompts& prompts) {
     for (int number = 1; number <= project.constructions.Size(); ++number)
         if (!InUse(project, number))
-            desktop.CloseConstructionWindow(number);
+            prompts.CloseConstructionWindow(number);
 }
 
 std::string WorkingDirectory() {
@@ -35,7 +35,7 @@ std::string WorkingDirectory() {
 
 } // namespace
 
-void StartUp(Project& project, const Settings& settings, Desktop& desktop) {
+void StartUp(Project& project, const Settings& settings, Prompts& prompts) {
     project.helpFile = settings.help;
     project.rememberedLibrary = settings.stdMat;
     project.startDirectory = WorkingDirectory();
@@ -50,7 +50,7 @@ void StartUp(Project& project, const Settings& settings, Desktop& desktop) {
     ClearClipboard(project.clipboard);
     project.constructionCount = 0;
     project.changed = false;
-    NewProject(project, desktop);
+    NewProject(project, prompts);
     project.shownLibrary = standardLibraryNumber;
 }
 
@@ -58,31 +58,31 @@ bool AsksAboutChanges(const Project& project) {
     return project.constructionCount > 0 && project.changed;
 }
 
-bool ConfirmDiscardChanges(const Project& project, Desktop& desktop) {
+bool ConfirmDiscardChanges(const Project& project, Prompts& prompts) {
     if (!AsksAboutChanges(project))
         return true;
     const Message question = YesNoQuestion("Changes have not been saved.  Continue without saving?",
                                            "Warning", Answer::no);
-    return desktop.ShowMessage(question) == Answer::yes;
+    return prompts.ShowMessage(question) == Answer::yes;
 }
 
-bool NewProject(Project& project, Desktop& desktop) {
-    if (!ConfirmDiscardChanges(project, desktop))
+bool NewProject(Project& project, Prompts& prompts) {
+    if (!ConfirmDiscardChanges(project, prompts))
         return false;
     project.comments = Comments();
-    CloseEmptyWindows(project, desktop);
-    RemoveConstructions(project, project.constructions.Size(), desktop);
+    CloseEmptyWindows(project, prompts);
+    RemoveConstructions(project, project.constructions.Size(), prompts);
     ResetConstructions(project);
     ResetGlassTypes(project);
     project.userLibraryNeeded = false;
     project.changed = false;
     project.constructionFile.clear();
     ++project.contentsReplaced;
-    desktop.RefreshGlassTypeList();
+    prompts.RefreshGlassTypeList();
     return true;
 }
 
-void OpenConstructionWindow(Project& project, Desktop& desktop) {
+void OpenConstructionWindow(Project& project, Prompts& prompts) {
     const int number = FirstFreeConstructionSlot(project);
     Construction& construction = project.constructions[number];
     construction = Construction();
@@ -90,19 +90,19 @@ void OpenConstructionWindow(Project& project, Desktop& desktop) {
     construction.window.open = true;
     ++project.constructionCount;
     ActivateConstruction(project, number);
-    desktop.OpenConstructionWindow(number);
+    prompts.OpenConstructionWindow(number);
 }
 
-void NewConstruction(Project& project, Desktop& desktop) {
+void NewConstruction(Project& project, Prompts& prompts) {
     if (!project.standardLoaded) {
-        LoadStandardLibrary(project, desktop);
+        LoadStandardLibrary(project, prompts);
         SortLibraryByName(project.standardLibrary);
-        RefreshMaterialList(project, desktop);
+        RefreshMaterialList(project, prompts);
     }
-    desktop.ShowMaterialDialog();
-    OpenConstructionWindow(project, desktop);
-    RefreshLayerList(project, project.currentConstruction, desktop);
-    desktop.ActivateConstructionWindow(project.currentConstruction);
+    prompts.ShowMaterialDialog();
+    OpenConstructionWindow(project, prompts);
+    RefreshLayerList(project, project.currentConstruction, prompts);
+    prompts.ActivateConstructionWindow(project.currentConstruction);
 }
 
 } // namespace strativo

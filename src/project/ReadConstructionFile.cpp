@@ -18,14 +18,14 @@ namespace {
 constexpr char userTitle[] = "User file Required";
 constexpr char standardTitle[] = "Material file Required";
 
-void ResetForReading(Project& project, Desktop& desktop) {
+void ResetForReading(Project& project, Prompts& prompts) {
     project.comments = Comments();
     ResetGlassTypes(project);
     project.userLibraryFile.clear();
     project.userLibraryNeeded = false;
-    DropUserLibrary(project, desktop);
+    DropUserLibrary(project, prompts);
     // The count is taken once: after earlier removals, constructions numbered above it stay open.
-    RemoveConstructions(project, project.constructionCount, desktop);
+    RemoveConstructions(project, project.constructionCount, prompts);
 }
 
 /// What became of the libraries so far.
@@ -35,79 +35,79 @@ struct LibrariesRead {
     std::string standardName; ///< of the standard library in memory
 };
 
-void LoadStandardSorted(Project& project, LibrariesRead& libraries, Desktop& desktop) {
-    libraries.standard = LoadStandardLibrary(project, desktop);
+void LoadStandardSorted(Project& project, LibrariesRead& libraries, Prompts& prompts) {
+    libraries.standard = LoadStandardLibrary(project, prompts);
     SortLibraryByName(project.standardLibrary);
     if (project.standardLoaded)
         libraries.standardName = project.standardLibraryFile;
 }
 
-void LoadUserSorted(Project& project, LibrariesRead& libraries, Desktop& desktop) {
-    libraries.user = LoadUserLibrary(project, desktop);
+void LoadUserSorted(Project& project, LibrariesRead& libraries, Prompts& prompts) {
+    libraries.user = LoadUserLibrary(project, prompts);
     SortLibraryByName(project.userLibrary);
 }
 
 ParsedFile ReadLines(Project& project, const std::string& source, LibrariesRead& libraries,
-                     Desktop& desktop) {
+                     Prompts& prompts) {
     bool triedLibrary = false;
     const auto create = [&] {
         // A library that cannot be loaded is reported once, not for each construction.
         if (!project.standardLoaded && !triedLibrary)
-            LoadStandardSorted(project, libraries, desktop);
+            LoadStandardSorted(project, libraries, prompts);
         triedLibrary = true;
-        OpenConstructionWindow(project, desktop);
+        OpenConstructionWindow(project, prompts);
         project.constructions[project.currentConstruction].name.clear();
     };
     project.stampedFile = project.constructionFile;
     project.stamp = StampOf(project.constructionFile);
     const std::string bytes = ReadFileBytes(source);
-    return ParseConstructionFile(bytes, project, desktop, std::ref(create));
+    return ParseConstructionFile(bytes, project, prompts, std::ref(create));
 }
 
-[[noreturn]] void EndWithoutUserLibrary(Desktop& desktop) {
-    desktop.ShowMessage({"Unable to load this file due to missing user library", userTitle});
-    desktop.EndProgram();
+[[noreturn]] void EndWithoutUserLibrary(Prompts& prompts) {
+    prompts.ShowMessage({"Unable to load this file due to missing user library", userTitle});
+    prompts.EndProgram();
 }
 
 void LoadNeededUserLibrary(const ParsedFile& parsed, Project& project, LibrariesRead& libraries,
-                           Desktop& desktop) {
+                           Prompts& prompts) {
     if (parsed.userLineSeen) {
-        LoadUserSorted(project, libraries, desktop);
+        LoadUserSorted(project, libraries, prompts);
         if (libraries.user == LibraryLoad::givenUp)
-            EndWithoutUserLibrary(desktop);
+            EndWithoutUserLibrary(prompts);
     } else if (project.userLibraryNeeded) {
-        desktop.ShowMessage({"This construction file requires a user material library", userTitle});
+        prompts.ShowMessage({"This construction file requires a user material library", userTitle});
         project.userLibraryFile.clear();
-        LoadUserSorted(project, libraries, desktop);
+        LoadUserSorted(project, libraries, prompts);
         if (project.userLibraryFile.empty())
-            EndWithoutUserLibrary(desktop);
+            EndWithoutUserLibrary(prompts);
     }
 }
 
 void LoadNeededStandardLibrary(const ParsedFile& parsed, Project& project, LibrariesRead& libraries,
-                               Desktop& desktop) {
+                               Prompts& prompts) {
     if (parsed.standardLineSeen) {
-        LoadStandardSorted(project, libraries, desktop);
+        LoadStandardSorted(project, libraries, prompts);
     } else if (!project.standardLoaded) {
-        desktop.ShowMessage(
+        prompts.ShowMessage(
             {"This construction file requires a standard material library", standardTitle});
         project.standardLibraryFile.clear();
-        LoadStandardSorted(project, libraries, desktop);
+        LoadStandardSorted(project, libraries, prompts);
         if (project.standardLibraryFile.empty()) {
-            desktop.ShowMessage({"Unable to load this file due to missing library", ""});
-            desktop.EndProgram();
+            prompts.ShowMessage({"Unable to load this file due to missing library", ""});
+            prompts.EndProgram();
         }
     }
 }
 
-void RecoverFromBadFormat(Project& project, LibrariesRead& libraries, Desktop& desktop) {
-    desktop.ShowMessage({incorrectFormat, ""});
+void RecoverFromBadFormat(Project& project, LibrariesRead& libraries, Prompts& prompts) {
+    prompts.ShowMessage({incorrectFormat, ""});
     project.standardLibraryFile = singleBlank;
-    LoadStandardSorted(project, libraries, desktop);
-    RefreshMaterialList(project, desktop);
+    LoadStandardSorted(project, libraries, prompts);
+    RefreshMaterialList(project, prompts);
 }
 
-void ActivateLastRead(const ParsedFile& parsed, Project& project, Desktop& desktop) {
+void ActivateLastRead(const ParsedFile& parsed, Project& project, Prompts& prompts) {
     int number = parsed.lastConstruction;
     for (int n = 1; parsed.lastConstruction == 0 && n <= project.constructions.Size(); ++n)
         if (InUse(project, n))
@@ -115,7 +115,7 @@ void ActivateLastRead(const ParsedFile& parsed, Project& project, Desktop& deskt
     if (number == 0)
         return;
     ActivateConstruction(project, number);
-    desktop.ActivateConstructionWindow(number);
+    prompts.ActivateConstructionWindow(number);
 }
 
 /// Layers that found no material would be saved without what they were: the file keeps its own.
@@ -128,18 +128,18 @@ FileReading ResultOf(const LibrariesRead& libraries, Project& project) {
 }
 
 FileReading ReadFile(Project& project, const std::string& source, LibrariesRead& libraries,
-                     Desktop& desktop) {
-    const ParsedFile parsed = ReadLines(project, source, libraries, desktop);
+                     Prompts& prompts) {
+    const ParsedFile parsed = ReadLines(project, source, libraries, prompts);
     if (parsed.formatBad)
-        RecoverFromBadFormat(project, libraries, desktop);
-    LoadNeededUserLibrary(parsed, project, libraries, desktop);
-    LoadNeededStandardLibrary(parsed, project, libraries, desktop);
+        RecoverFromBadFormat(project, libraries, prompts);
+    LoadNeededUserLibrary(parsed, project, libraries, prompts);
+    LoadNeededStandardLibrary(parsed, project, libraries, prompts);
     project.shownLibrary = standardLibraryNumber;
-    RefreshMaterialList(project, desktop);
-    RelinkLayers(project, desktop);
+    RefreshMaterialList(project, prompts);
+    RelinkLayers(project, prompts);
     project.changed = false;
-    ShowLibrary(project, standardLibraryNumber, desktop);
-    ActivateLastRead(parsed, project, desktop);
+    ShowLibrary(project, standardLibraryNumber, prompts);
+    ActivateLastRead(parsed, project, prompts);
     return ResultOf(libraries, project);
 }
 
@@ -171,47 +171,47 @@ void ForgetNames(Project& project, const LibrariesRead& libraries) {
 
 /// Reads the source into the project, which has its file name by now.
 FileReading ReplaceProject(Project& project, const std::string& source,
-                           const std::string& messagePrefix, Desktop& desktop) {
+                           const std::string& messagePrefix, Prompts& prompts) {
     const ContentReplacement replacement(project);
-    ResetForReading(project, desktop);
+    ResetForReading(project, prompts);
     const unsigned activationsBefore = project.activations;
     LibrariesRead libraries;
     libraries.standardName = project.standardLibraryFile;
     FileReading result = FileReading::stopped;
     try {
-        result = ReadFile(project, source, libraries, desktop);
+        result = ReadFile(project, source, libraries, prompts);
     } catch (const RuntimeError& error) {
         ForgetNames(project, libraries);
-        desktop.ShowMessage({messagePrefix + constructionFileMessages.Text(error.Number()), ""});
+        prompts.ShowMessage({messagePrefix + constructionFileMessages.Text(error.Number()), ""});
         // A library may have been loaded before the failure.
-        RefreshMaterialList(project, desktop);
+        RefreshMaterialList(project, prompts);
         // The windows of what was read lie on top: the last of them is the active one.
         if (project.activations != activationsBefore)
-            desktop.ActivateConstructionWindow(project.currentConstruction);
+            prompts.ActivateConstructionWindow(project.currentConstruction);
     } catch (...) {
         ForgetNames(project, libraries);
         throw;
     }
-    desktop.RefreshGlassTypeList();
+    prompts.RefreshGlassTypeList();
     return result;
 }
 
 } // namespace
 
-FileReading ReadConstructionFile(Project& project, const std::string& path, Desktop& desktop) {
-    project.constructionFile = path.empty() ? PromptConstructionFile(desktop) : path;
+FileReading ReadConstructionFile(Project& project, const std::string& path, Prompts& prompts) {
+    project.constructionFile = path.empty() ? PromptConstructionFile(prompts) : path;
     if (project.constructionFile == singleBlank) {
         project.constructionFile.clear();
         return FileReading::cancelled;
     }
     const std::string source = project.constructionFile;
-    return ReplaceProject(project, source, path.empty() ? "" : "Command line error\r", desktop);
+    return ReplaceProject(project, source, path.empty() ? "" : "Command line error\r", prompts);
 }
 
 FileReading ReadRecoveryCopy(Project& project, const std::string& copy,
-                             const std::string& originalName, Desktop& desktop) {
+                             const std::string& originalName, Prompts& prompts) {
     project.constructionFile = originalName;
-    const FileReading result = ReplaceProject(project, copy, "", desktop);
+    const FileReading result = ReplaceProject(project, copy, "", prompts);
     project.changed = true;
     return result;
 }

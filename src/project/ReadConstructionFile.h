@@ -20,11 +20,11 @@ enum class FileReading {
 /// reported (with the prefix "Command line error" for a path given); what was read before it stays,
 /// without a file name, so that it cannot be saved over the original by accident; so it is where a
 /// library stopped with an error. Ends the program when a library that the file needs is refused.
-FileReading ReadConstructionFile(Project& project, const std::string& path, Desktop& desktop);
+FileReading ReadConstructionFile(Project& project, const std::string& path, Prompts& prompts);
 
 /// The same for a copy kept when the program ended with unsaved changes: the project gets the name
 /// of the file that it was a copy of, and is marked as changed.
 FileReading ReadRecoveryCopy(Project& project, const std::string& copy,
-                             const std::string& originalName, Desktop& desktop);
+                             const std::string& originalName, Prompts& prompts);
 
 } // namespace strativo

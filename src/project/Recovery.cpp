@@ -104,13 +104,13 @@ Message Offer(const std::string& originalName) {
 }
 
 /// Asks about one copy; true when it was opened.
-bool OfferCopy(Project& project, const fs::path& path, Desktop& desktop) {
+bool OfferCopy(Project& project, const fs::path& path, Prompts& prompts) {
     const CopyHead head = ReadHead(path.string());
-    const bool wanted = desktop.ShowMessage(Offer(head.originalName)) == Answer::yes;
+    const bool wanted = prompts.ShowMessage(Offer(head.originalName)) == Answer::yes;
     const std::string copy = MarkAsOffered(path);
     if (!wanted)
         return false;
-    ReadRecoveryCopy(project, copy, head.originalName, desktop);
+    ReadRecoveryCopy(project, copy, head.originalName, prompts);
     // The original may have been changed since the copy was kept: saving is to notice that.
     project.stampedFile = project.constructionFile;
     project.stamp = head.stamp;
@@ -150,10 +150,10 @@ void DropRecoveryCopy(const std::string& folder) noexcept {
     fs::remove(PathOfCopy(folder), error);
 }
 
-bool OfferRecovery(Project& project, const std::string& folder, Desktop& desktop) {
+bool OfferRecovery(Project& project, const std::string& folder, Prompts& prompts) {
     for (const fs::path& copy : WaitingCopies(folder)) {
         try {
-            if (OfferCopy(project, copy, desktop))
+            if (OfferCopy(project, copy, prompts))
                 return true;
         } catch (const RuntimeError&) {
             MarkAsOffered(copy); // cannot be read, now or at the next start

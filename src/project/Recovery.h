@@ -21,6 +21,6 @@ void DropRecoveryCopy(const std::string& folder) noexcept;
 
 /// Offers each copy left in the folder, once, until one is opened under the name of its original.
 /// Copies that were offered stay there under another name. False when none was opened.
-bool OfferRecovery(Project& project, const std::string& folder, Desktop& desktop);
+bool OfferRecovery(Project& project, const std::string& folder, Prompts& prompts);
 
 } // namespace strativo

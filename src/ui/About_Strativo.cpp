@@ -107,7 +107,7 @@ void About_Strativo::Picture1_MouseDown(Qt::MouseButton button) {
 
 void About_Strativo::showsource() {
     program.perform([this] {
-        program.desktop.ShowMessage(
+        program.prompts.ShowMessage(
             {SourceText(program.project), "Source code", Buttons::ok, Icon::exclamation});
     });
 }

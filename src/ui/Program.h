@@ -10,7 +10,7 @@ namespace strativo {
 /// What every window is given of the program.
 struct Program {
     Project& project;
-    Desktop& desktop;
+    Prompts& prompts;
     /// Runs a user's action: a failure becomes a message, the program's end is carried out, and
     /// the status bar is brought up to date afterwards.
     std::function<void(const std::function<void()>&)> perform;

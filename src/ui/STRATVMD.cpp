@@ -15,7 +15,7 @@
 #include "ui/HelpViewer.h"
 #include "ui/KeyRepeat.h"
 #include "ui/MoreWindows.h"
-#include "ui/QtDesktop.h"
+#include "ui/QtPrompts.h"
 #include "ui/Text.h"
 #include "ui/UValue.h"
 #include "ui/UvalsDialog.h"
@@ -58,8 +58,8 @@ QString ManualPath() {
 } // namespace
 
 UValueMDI::UValueMDI(QWidget* parent)
-    : QMainWindow(parent), desktop(std::make_unique<QtDesktop>(*this)),
-      program{project, *desktop, [this](const std::function<void()>& action) { Perform(action); }},
+    : QMainWindow(parent), prompts(std::make_unique<QtPrompts>(*this)),
+      program{project, *prompts, [this](const std::function<void()>& action) { Perform(action); }},
       area(new WindowArea([this](int id) { return MakeContent(id); },
                           [this](int id) { return ContentSize(id); }, this)) {
     WatchKeys();
@@ -89,11 +89,11 @@ UValueMDI::~UValueMDI() {
 
 void UValueMDI::MDIForm_Load(const std::string& commandLine) {
     Perform([&] {
-        StartUp(project, ReadSettings(SettingsFiles()), *desktop);
+        StartUp(project, ReadSettings(SettingsFiles()), *prompts);
         show();
         PlaceDialog();
-        const bool recovered = OfferRecovery(project, RecoveryFolder(), *desktop);
-        FinishStartUp(project, recovered ? "" : commandLine, *desktop);
+        const bool recovered = OfferRecovery(project, RecoveryFolder(), *prompts);
+        FinishStartUp(project, recovered ? "" : commandLine, *prompts);
     });
 }
 
@@ -114,7 +114,7 @@ void UValueMDI::Perform(const std::function<void()>& action) {
     } catch (const ProgramEnd&) {
         EndProgram();
     } catch (const std::exception& error) {
-        desktop->ShowMessage({error.what(), ""});
+        prompts->ShowMessage({error.what(), ""});
     }
     --performing;
     if (performing > 0 || ended)
@@ -134,7 +134,7 @@ void UValueMDI::KeepWork() {
 }
 
 void UValueMDI::EndByRequest() {
-    Perform([this] { desktop->EndProgram(); });
+    Perform([this] { prompts->EndProgram(); });
 }
 
 void UValueMDI::EndProgram() {
@@ -282,7 +282,7 @@ void UValueMDI::QuitHelp() {
 
 bool UValueMDI::MDIForm_QueryUnload() {
     bool cancelled = true;
-    Perform([&] { cancelled = QueryClose(project, *desktop); });
+    Perform([&] { cancelled = QueryClose(project, *prompts); });
     return cancelled;
 }
 
@@ -321,7 +321,7 @@ void UValueMDI::dropEvent(QDropEvent* event) {
         this,
         [this, path] {
             activateWindow();
-            Perform([&] { OpenDroppedFiles(project, {path}, *desktop); });
+            Perform([&] { OpenDroppedFiles(project, {path}, *prompts); });
         },
         Qt::QueuedConnection);
 }

@@ -15,7 +15,7 @@ class QProgressBar;
 namespace strativo {
 
 class HelpViewer;
-class QtDesktop;
+class QtPrompts;
 class UValue;
 class UvalsDialog;
 class WindowArea;
@@ -69,7 +69,7 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private:
-    using Command = void (*)(Project&, Desktop&);
+    using Command = void (*)(Project&, Prompts&);
 
     struct Ui {
         QMenu* Filemenu;
@@ -132,7 +132,7 @@ private:
     std::string DroppedPath(const QDropEvent& event) const;
 
     Project project;
-    std::unique_ptr<QtDesktop> desktop;
+    std::unique_ptr<QtPrompts> prompts;
     Program program;
     WindowArea* area;
     QSize constructionSize; ///< of what is inside a construction's window

@@ -10,7 +10,7 @@
 #include "ui/About_Strativo.h"
 #include "ui/AccessKeys.h"
 #include "ui/MoreWindows.h"
-#include "ui/QtDesktop.h"
+#include "ui/QtPrompts.h"
 #include "ui/STRATVMD.h"
 #include "ui/Text.h"
 #include "ui/UValue.h"
@@ -75,30 +75,30 @@ void UValueMDI::BuildFileMenu() {
     QMenu* menu = ui.Filemenu = AddMenu("Filemenu", tr("&File"));
     connect(menu, &QMenu::aboutToShow, this, &UValueMDI::Filemenu_Click);
     AddItem(menu, "NewProject", tr("&New construction file"),
-            [this] { NewProject(project, *desktop); });
+            [this] { NewProject(project, *prompts); });
     AddItem(menu, "OpenProject", tr("&Open construction file..."),
-            [this] { OpenProject(project, *desktop); });
+            [this] { OpenProject(project, *prompts); });
     ui.SaveProject = AddItem(menu, "SaveProject", tr("&Save construction file"),
-                             [this] { SaveProject(project, *desktop); });
+                             [this] { SaveProject(project, *prompts); });
     AddItem(menu, "SaveProjectAs", tr("Save construction file &as..."),
-            [this] { SaveProjectAs(project, *desktop); });
+            [this] { SaveProjectAs(project, *prompts); });
     AddSeparator(menu, "sep1");
     AddItem(menu, "NewUValue", tr("New &construction"),
-            [this] { NewConstruction(project, *desktop); });
+            [this] { NewConstruction(project, *prompts); });
     ui.CloseUValue =
         AddItem(menu, "CloseUValue", tr("&Remove construction"), [this] { CloseUValue_Click(); });
     AddSeparator(menu, "sep2");
     AddItem(menu, "LoadStandard", tr("Loa&d standard material file"), [this] {
-        LoadStandard(project, *desktop);
+        LoadStandard(project, *prompts);
         ShowDialog();
     });
     AddItem(menu, "LoadMaterials", tr("&Load user material file"), [this] {
-        LoadMaterials(project, *desktop);
+        LoadMaterials(project, *prompts);
         ShowDialog();
     });
     AddSeparator(menu, "sep3");
     AddItem(menu, "ImportGlass", tr("Import &glass definitions"),
-            [this] { ImportGlassDefinitions(project, *desktop); });
+            [this] { ImportGlassDefinitions(project, *prompts); });
     AddSeparator(menu, "sep4");
     AddItem(menu, "QuitProg", tr("E&xit"), [this] { close(); });
 }
@@ -139,7 +139,7 @@ void UValueMDI::BuildWindowMenu() {
 
 void UValueMDI::BuildHelpMenu() {
     QMenu* menu = ui.HelpMenu = AddMenu("HelpMenu", tr("&Help"));
-    AddItem(menu, "HelpContents", tr("&Contents"), [this] { desktop->ShowHelpContents(); });
+    AddItem(menu, "HelpContents", tr("&Contents"), [this] { prompts->ShowHelpContents(); });
     AddSeparator(menu, "sep6");
     AddItem(menu, "HelpAbout", tr("&About Strativo"), [this] { HelpAbout_Click(); });
 }
@@ -177,15 +177,15 @@ void UValueMDI::Editmenu_Click() {
 }
 
 void UValueMDI::CloseUValue_Click() {
-    CloseConstruction(project, ActiveTag(), *desktop);
+    CloseConstruction(project, ActiveTag(), *prompts);
 }
 
 void UValueMDI::Edit_Click(Command command) {
-    command(project, *desktop);
+    command(project, *prompts);
 }
 
 void UValueMDI::Edit_Paste_Click(Command command) {
-    command(project, *desktop);
+    command(project, *prompts);
     // With another window in front the layers would have been pasted out of sight.
     if (area->Active() != project.currentConstruction)
         ActivateCurrent();
@@ -199,7 +199,7 @@ void UValueMDI::EditWin_Click() {
 void UValueMDI::Sort_Click(void (*sort)(Project&)) {
     ShowDialog();
     sort(project);
-    strativo::RefreshMaterialList(project, *desktop);
+    strativo::RefreshMaterialList(project, *prompts);
 }
 
 void UValueMDI::MakeIcon_Click() {

@@ -115,7 +115,7 @@ void UValue::ConnectSignals() {
     connect(ui.Construction, &LayerList::DragWanted, this, &UValue::Construction_MouseMove);
     connect(ui.Construction, &LayerList::Dropped, this, &UValue::Construction_DragDrop);
     connect(ui.Construction, &LayerList::DeleteReleased, this, [this] {
-        program.perform([this] { DeleteLayers(program.project, program.desktop); });
+        program.perform([this] { DeleteLayers(program.project, program.prompts); });
     });
     connect(ui.First, &DropLabel::DragOver, ui.Construction, &LayerList::scrollToTop);
     connect(ui.Last, &DropLabel::DragOver, ui.Construction, &LayerList::scrollToBottom);
@@ -151,7 +151,7 @@ void UValue::EditThick_KeyPress() {
     EntryResult result = EntryResult::refused;
     program.perform([&] {
         result =
-            EnterThickness(program.project, number, ToBytes(ui.EditThick->text()), program.desktop);
+            EnterThickness(program.project, number, ToBytes(ui.EditThick->text()), program.prompts);
     });
     if (result == EntryResult::accepted)
         FocusList();
@@ -170,7 +170,7 @@ void UValue::AbsorpText_KeyPress() {
     EntryResult result = EntryResult::refused;
     program.perform([&] {
         result = EnterAbsorption(program.project, number, ToBytes(ui.AbsorpText->text()),
-                                 program.desktop);
+                                 program.prompts);
     });
     if (result == EntryResult::accepted)
         FocusList();
@@ -209,9 +209,9 @@ void UValue::Construction_MouseMove(int line, QPoint position, bool ctrlHeld) {
 void UValue::Construction_DragDrop(DragKind kind, int row) {
     program.perform([&] {
         if (kind == DragKind::layers)
-            DropLayers(program.project, number, row, program.desktop);
+            DropLayers(program.project, number, row, program.prompts);
         else
-            DropMaterial(program.project, number, row, program.desktop);
+            DropMaterial(program.project, number, row, program.prompts);
     });
 }
 
@@ -248,7 +248,7 @@ bool UValue::WindowKey(QKeyEvent* event) {
 
 bool UValue::CommandKey(const QKeyEvent& event) {
     const int key = event.key();
-    using Command = void (*)(Project&, Desktop&);
+    using Command = void (*)(Project&, Prompts&);
     const Command command = key == Qt::Key_X   ? CutLayers
                             : key == Qt::Key_C ? CopyLayers
                             : key == Qt::Key_V ? PasteLayers
@@ -258,14 +258,14 @@ bool UValue::CommandKey(const QKeyEvent& event) {
         return false;
     // Held down, Cut would take one layer after another and keep the last.
     if (!IsRepeat(event))
-        program.perform([&] { command(program.project, program.desktop); });
+        program.perform([&] { command(program.project, program.prompts); });
     return true;
 }
 
 void UValue::mousePressEvent(QMouseEvent* event) {
     // A press on a label comes here too; only bare background beeps.
     if (childAt(event->position().toPoint()) == nullptr)
-        program.desktop.Beep();
+        program.prompts.Beep();
     event->ignore();
 }
 

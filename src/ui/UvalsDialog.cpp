@@ -173,13 +173,13 @@ void UvalsDialog::SelectMatOption(int index) {
 }
 
 void UvalsDialog::MatOption_Click(int index) {
-    program.perform([&] { ShowLibrary(program.project, index + 1, program.desktop); });
+    program.perform([&] { ShowLibrary(program.project, index + 1, program.prompts); });
 }
 
 void UvalsDialog::UValueList_DblClick() {
     program.perform([this] {
         if (TakeMaterial(program.project))
-            PasteLayersBefore(program.project, program.desktop);
+            PasteLayersBefore(program.project, program.prompts);
     });
 }
 
@@ -200,7 +200,7 @@ bool UvalsDialog::UValueList_KeyDown(const QKeyEvent& event) {
         return true;
     program.perform([&] {
         if (TakeMaterial(program.project) && IsEnter(event.key()))
-            PasteLayersBefore(program.project, program.desktop);
+            PasteLayersBefore(program.project, program.prompts);
     });
     return true;
 }

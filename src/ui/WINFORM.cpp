@@ -182,14 +182,14 @@ void WinForm::EditBut_Click() {
 
 void WinForm::DelBut_Click() {
     program.perform([this] {
-        DeleteGlassType(program.project, SelectedName(), program.desktop);
+        DeleteGlassType(program.project, SelectedName(), program.prompts);
         // After No nothing happens: the entry stays selected.
         RefreshIfStale();
     });
 }
 
 void WinForm::WFLoad_Click() {
-    program.perform([this] { ImportGlassDefinitions(program.project, program.desktop); });
+    program.perform([this] { ImportGlassDefinitions(program.project, program.prompts); });
     RefreshGlassTypeList();
 }
 

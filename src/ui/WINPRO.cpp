@@ -293,7 +293,7 @@ void Profile::OkBut_Click() {
     bool accepted = false;
     program.perform([&] {
         accepted =
-            AcceptProfile(program.project, profile, ToBytes(ui.GlassText->text()), program.desktop);
+            AcceptProfile(program.project, profile, ToBytes(ui.GlassText->text()), program.prompts);
     });
     if (accepted) {
         accept();

@@ -13,12 +13,12 @@ using testing::IsEmpty;
 
 Project ReadGenerated(const GeneratedFile& content) {
     const TemporaryFolder folder;
-    ScriptedDesktop desktop;
+    ScriptedPrompts prompts;
     folder.Write("stdmat.lby", MakeStandardLibrary());
     folder.Write("generated.con", MakeConstructionFile(content));
-    Project project = StartedProject(desktop);
-    ReadConstructionFile(project, "generated.con", desktop);
-    EXPECT_THAT(desktop.Texts(), IsEmpty());
+    Project project = StartedProject(prompts);
+    ReadConstructionFile(project, "generated.con", prompts);
+    EXPECT_THAT(prompts.Texts(), IsEmpty());
     return project;
 }
 

@@ -1,7 +1,7 @@
 #include "calc/LayerList.h"
 
 #include "calc/TestLayers.h"
-#include "support/ScriptedDesktop.h"
+#include "support/ScriptedPrompts.h"
 
 #include <gtest/gtest.h>
 
@@ -17,11 +17,11 @@ protected:
     }
     Construction& construction() { return project.constructions[1]; }
     LayerListView Refreshed() {
-        RefreshLayerList(project, 1, desktop);
+        RefreshLayerList(project, 1, prompts);
         return ViewLayerList(construction());
     }
 
-    ScriptedDesktop desktop;
+    ScriptedPrompts prompts;
     Project project;
 };
 
@@ -36,7 +36,7 @@ TEST_F(LayerListOfAWindow, ShowsLinesAndTheCurrentLayer) {
     EXPECT_EQ(view.absorpText, "0.25");
     EXPECT_EQ(view.conName, "PLASTER");
     EXPECT_EQ(view.result, "3.02");
-    EXPECT_EQ(desktop.calls, std::vector<std::string>{"Refresh 1"});
+    EXPECT_EQ(prompts.calls, std::vector<std::string>{"Refresh 1"});
 }
 
 TEST_F(LayerListOfAWindow, IsEmptyForAnEmptyConstruction) {

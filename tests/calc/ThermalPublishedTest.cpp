@@ -49,7 +49,7 @@ TEST(PublishedResults, ThatDifferDoSoAsTheirNotesSay) {
 /// Writes a case as files, reads them, and calculates from what was read.
 class PublishedResultsFromAFile : public testing::TestWithParam<std::string> {
 protected:
-    PublishedResultsFromAFile() : project(StartedProject(desktop)) {}
+    PublishedResultsFromAFile() : project(StartedProject(prompts)) {}
 
     static PublishedCase Case() {
         for (const PublishedCase& published : PublishedCases())
@@ -80,11 +80,11 @@ protected:
         lines.emplace_back("!END");
         folder.Write("own.lby", library);
         folder.Write("own.con", Lines(lines));
-        ReadConstructionFile(project, "own.con", desktop);
+        ReadConstructionFile(project, "own.con", prompts);
     }
 
     TemporaryFolder folder;
-    ScriptedDesktop desktop;
+    ScriptedPrompts prompts;
     Project project;
 };
 

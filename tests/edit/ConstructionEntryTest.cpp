@@ -11,20 +11,20 @@ TEST_F(AbsorptionEntry, TakesAnyNumberWithoutMarkingAChange) {
     const std::pair<const char*, float> entries[] = {
         {"0.35", 0.35F}, {"7", 7}, {"-2", -2}, {"none", 0}};
     for (const auto& [text, value] : entries) {
-        EXPECT_EQ(EnterAbsorption(project, 1, text, desktop), EntryResult::accepted);
+        EXPECT_EQ(EnterAbsorption(project, 1, text, prompts), EntryResult::accepted);
         EXPECT_EQ(Current().layers[1].absorption, value);
     }
     EXPECT_FALSE(project.changed);
     EXPECT_EQ(CurrentLayer(), 1);
-    EXPECT_TRUE(desktop.calls.empty());
+    EXPECT_TRUE(prompts.calls.empty());
 }
 
 TEST_F(AbsorptionEntry, BeyondA32BitFloatIsRefused) {
     Add("A");
     Current().layers.Edit(1).absorption = 0.5F;
-    EXPECT_EQ(EnterAbsorption(project, 1, "1e39", desktop), EntryResult::refused);
+    EXPECT_EQ(EnterAbsorption(project, 1, "1e39", prompts), EntryResult::refused);
     EXPECT_EQ(Current().layers[1].absorption, 0.5F);
-    EXPECT_EQ(desktop.Texts(),
+    EXPECT_EQ(prompts.Texts(),
               std::vector<std::string>{"The number is too large: run-time error 6 occurred."});
 }
 
@@ -33,15 +33,15 @@ TEST_F(AbsorptionEntry, InAConstructionWithAGapKeepsTheSlotsAsTheyAreShown) {
     Current().layers.Edit(1) = Layer();
     Click(2);
     const std::string result = ViewLayerList(Current()).result;
-    EXPECT_EQ(EnterAbsorption(project, 1, "0.35", desktop), EntryResult::accepted);
+    EXPECT_EQ(EnterAbsorption(project, 1, "0.35", prompts), EntryResult::accepted);
     EXPECT_EQ(Current().layers[3].absorption, 0.35F);
     EXPECT_EQ(ViewLayerList(Current()).result, result) << "the window is not shown anew";
 }
 
 TEST_F(AbsorptionEntry, DoesNothingWithoutLayers) {
-    EXPECT_EQ(EnterAbsorption(project, 1, "1", desktop), EntryResult::nothing);
+    EXPECT_EQ(EnterAbsorption(project, 1, "1", prompts), EntryResult::nothing);
     Add("");
-    EXPECT_EQ(EnterAbsorption(project, 1, "1", desktop), EntryResult::nothing);
+    EXPECT_EQ(EnterAbsorption(project, 1, "1", prompts), EntryResult::nothing);
 }
 
 using NameEntry = EditTest;
@@ -124,7 +124,7 @@ TEST_F(LineSelection, LeavesEmptySlotsWhereTheyAre) {
     EXPECT_EQ(Marks(), Layers{3});
     EXPECT_EQ(CurrentLayer(), 2);
     EXPECT_EQ(Current().window.shownThickness, 13);
-    EXPECT_EQ(EnterThickness(project, 1, "20", desktop), EntryResult::accepted);
+    EXPECT_EQ(EnterThickness(project, 1, "20", prompts), EntryResult::accepted);
     EXPECT_EQ(Current().layers[2].name, "C");
     EXPECT_EQ(Current().layers[2].thickness, 20);
 }

@@ -28,8 +28,8 @@ TEST_F(ConstructionSlotsTest, GrowByOneWhereNoneIsFree) {
 TEST_F(ConstructionSlotsTest, AreFilledFromTheLowestGap) {
     for (int i = 0; i < 4; ++i)
         Add("A");
-    RemoveConstruction(project, 3, desktop);
-    RemoveConstruction(project, 2, desktop);
+    RemoveConstruction(project, 3, prompts);
+    RemoveConstruction(project, 2, prompts);
     EXPECT_EQ(Add("B"), 2);
     EXPECT_EQ(Add("C"), 3);
     EXPECT_EQ(Add("D"), 5);
@@ -39,20 +39,20 @@ TEST_F(ConstructionSlotsTest, AreOutOfUseAfterRemovalAndKeepTheirNumbers) {
     for (int i = 0; i < 3; ++i)
         Add("A");
     project.changed = false;
-    RemoveConstruction(project, 2, desktop);
+    RemoveConstruction(project, 2, prompts);
     EXPECT_EQ(project.constructions[2].type, removedType);
     EXPECT_FALSE(InUse(project, 2));
     EXPECT_TRUE(InUse(project, 3));
     EXPECT_EQ(project.constructionCount, 2);
     EXPECT_TRUE(project.changed);
     EXPECT_FALSE(project.closingInProgress);
-    EXPECT_EQ(desktop.calls, std::vector<std::string>{"Close 2"});
+    EXPECT_EQ(prompts.calls, std::vector<std::string>{"Close 2"});
 }
 
 /// Notes whether the program said that it closes the window itself.
-class ClosingDesktop : public ScriptedDesktop {
+class ClosingPrompts : public ScriptedPrompts {
 public:
-    explicit ClosingDesktop(const Project& watched) : project(watched) {}
+    explicit ClosingPrompts(const Project& watched) : project(watched) {}
     void CloseConstructionWindow(int /*number*/) override { closing = project.closingInProgress; }
     bool closing = false;
 
@@ -62,7 +62,7 @@ private:
 
 TEST_F(ConstructionSlotsTest, AreClosedByTheProgramItself) {
     Add("A");
-    ClosingDesktop closing(project);
+    ClosingPrompts closing(project);
     RemoveConstruction(project, 1, closing);
     EXPECT_TRUE(closing.closing);
     EXPECT_FALSE(project.closingInProgress);
@@ -70,21 +70,21 @@ TEST_F(ConstructionSlotsTest, AreClosedByTheProgramItself) {
 
 TEST_F(ConstructionSlotsTest, LeaveTheCountAtZeroOnFurtherRemovals) {
     Add("A");
-    RemoveConstruction(project, 1, desktop);
+    RemoveConstruction(project, 1, prompts);
     EXPECT_EQ(project.constructionCount, 0);
-    desktop.calls.clear();
-    RemoveConstruction(project, 1, desktop);
-    RemoveConstruction(project, 0, desktop);
-    RemoveConstruction(project, 99, desktop);
+    prompts.calls.clear();
+    RemoveConstruction(project, 1, prompts);
+    RemoveConstruction(project, 0, prompts);
+    RemoveConstruction(project, 99, prompts);
     EXPECT_EQ(project.constructionCount, 0);
-    EXPECT_TRUE(desktop.calls.empty());
+    EXPECT_TRUE(prompts.calls.empty());
 }
 
 TEST_F(ConstructionSlotsTest, CountNoSecondRemovalOfTheSameSlot) {
     Add("A");
     Add("B");
-    RemoveConstruction(project, 1, desktop);
-    RemoveConstruction(project, 1, desktop);
+    RemoveConstruction(project, 1, prompts);
+    RemoveConstruction(project, 1, prompts);
     EXPECT_EQ(project.constructionCount, 1);
     EXPECT_TRUE(InUse(project, 2));
 }
@@ -93,7 +93,7 @@ TEST_F(ConstructionSlotsTest, StartAnewEmptyAndOpaqueWhenReused) {
     Add("ABC");
     project.constructions[1].type = transparentType;
     project.comments.constructions.Add(1, "old note");
-    RemoveConstruction(project, 1, desktop);
+    RemoveConstruction(project, 1, prompts);
     EXPECT_EQ(Add(""), 1);
     const Construction& construction = project.constructions[1];
     EXPECT_EQ(construction.name, "Construction 1");
@@ -108,9 +108,9 @@ TEST_F(ConstructionSlotsTest, MakeTheMostRecentlyActiveOneCurrentAfterARemoval) 
         Add("A");
     ActivateConstruction(project, 1);
     ActivateConstruction(project, 3);
-    RemoveConstruction(project, 3, desktop);
+    RemoveConstruction(project, 3, prompts);
     EXPECT_EQ(project.currentConstruction, 1);
-    RemoveConstruction(project, 1, desktop);
+    RemoveConstruction(project, 1, prompts);
     EXPECT_EQ(project.currentConstruction, 2);
 }
 
@@ -118,7 +118,7 @@ TEST_F(ConstructionSlotsTest, KeepTheCurrentOneWhenAnotherIsRemoved) {
     for (int i = 0; i < 3; ++i)
         Add("A");
     ActivateConstruction(project, 2);
-    RemoveConstruction(project, 3, desktop);
+    RemoveConstruction(project, 3, prompts);
     EXPECT_EQ(project.currentConstruction, 2);
 }
 
@@ -126,7 +126,7 @@ TEST_F(ConstructionSlotsTest, HaveNoLatestActiveOneWhenNoneIsInUse) {
     EXPECT_EQ(LatestActiveConstruction(project), 0);
     Add("A");
     EXPECT_EQ(LatestActiveConstruction(project), 1);
-    RemoveConstruction(project, 1, desktop);
+    RemoveConstruction(project, 1, prompts);
     EXPECT_EQ(LatestActiveConstruction(project), 0);
     EXPECT_EQ(project.currentConstruction, 1);
 }
@@ -135,10 +135,10 @@ TEST_F(ConstructionSlotsTest, HaveNoLatestActiveOneWhenNoneIsInUse) {
 TEST_F(ConstructionSlotsTest, AreRemovedUpToANumberAndHigherOnesStay) {
     for (int i = 0; i < 3; ++i)
         Add("A");
-    RemoveConstruction(project, 1, desktop);
-    desktop.calls.clear();
-    RemoveConstructions(project, project.constructionCount, desktop);
-    EXPECT_EQ(desktop.calls, std::vector<std::string>{"Close 2"});
+    RemoveConstruction(project, 1, prompts);
+    prompts.calls.clear();
+    RemoveConstructions(project, project.constructionCount, prompts);
+    EXPECT_EQ(prompts.calls, std::vector<std::string>{"Close 2"});
     EXPECT_EQ(project.constructionCount, 1);
     EXPECT_EQ(project.currentConstruction, 3);
 }
@@ -147,10 +147,10 @@ TEST_F(ConstructionSlotsTest, HaveTheirWindowsMinimisedRemovedOnesIncluded) {
     EXPECT_EQ(SlotsToMinimise(project), std::vector<int>{});
     for (int i = 0; i < 3; ++i)
         Add("A");
-    RemoveConstruction(project, 2, desktop);
+    RemoveConstruction(project, 2, prompts);
     EXPECT_EQ(SlotsToMinimise(project), (std::vector<int>{1, 2, 3}));
-    RemoveConstruction(project, 1, desktop);
-    RemoveConstruction(project, 3, desktop);
+    RemoveConstruction(project, 1, prompts);
+    RemoveConstruction(project, 3, prompts);
     EXPECT_EQ(SlotsToMinimise(project), std::vector<int>{});
 }
 
@@ -158,7 +158,7 @@ TEST_F(ConstructionSlotsTest, AreCutBackToOneByANewProject) {
     for (int i = 0; i < 3; ++i)
         Add("A");
     project.changed = false;
-    ASSERT_TRUE(NewProject(project, desktop));
+    ASSERT_TRUE(NewProject(project, prompts));
     EXPECT_EQ(project.constructions.Size(), 1);
     EXPECT_EQ(project.currentConstruction, 1);
     EXPECT_EQ(Add("A"), 1);

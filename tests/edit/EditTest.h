@@ -12,15 +12,15 @@ namespace strativo {
 /// A started project with constructions whose layers are named by single letters.
 class EditTest : public testing::Test {
 protected:
-    EditTest() : project(StartedProject(desktop)) { desktop.calls.clear(); }
+    EditTest() : project(StartedProject(prompts)) { prompts.calls.clear(); }
 
     /// A new construction with a layer for each letter, layer 1 current; returns its number.
     int Add(const std::string& letters) {
         std::vector<std::string> names;
         for (const char letter : letters)
             names.emplace_back(1, letter);
-        const int number = AddConstruction(project, desktop, names);
-        desktop.calls.clear();
+        const int number = AddConstruction(project, prompts, names);
+        prompts.calls.clear();
         return number;
     }
     /// A click on a layer of the current construction: it alone is marked, and current.
@@ -51,7 +51,7 @@ protected:
         return names.substr(0, names.find_last_not_of('.') + 1);
     }
 
-    ScriptedDesktop desktop;
+    ScriptedPrompts prompts;
     Project project;
 };
 

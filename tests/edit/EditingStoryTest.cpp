@@ -55,15 +55,15 @@ protected:
     }
     void EnterOnMaterial() {
         ASSERT_TRUE(TakeMaterial(project));
-        PasteLayersBefore(project, desktop);
+        PasteLayersBefore(project, prompts);
     }
     void NewConstructionCommand() {
-        NewConstruction(project, desktop);
+        NewConstruction(project, prompts);
         project.dialogActive = false;
     }
     void DragMaterialTo(int construction, int row) {
         ASSERT_TRUE(TakeMaterial(project));
-        DropMaterial(project, construction, row, desktop);
+        DropMaterial(project, construction, row, prompts);
         project.dialogActive = false;
     }
     std::string Result() { return ViewLayerList(Current()).result; }
@@ -104,19 +104,19 @@ protected:
         DragMaterialTo(1, 0);
         ExpectState({true, 1, 1, {}, "PLASTER"});
         EXPECT_EQ(Names(), "PLASTER");
-        EXPECT_EQ(desktop.calls.back(), "Activate 1");
+        EXPECT_EQ(prompts.calls.back(), "Activate 1");
 
         ASSERT_TRUE(StartsThicknessEntry("1"));
-        EXPECT_EQ(EnterThickness(project, 1, "13", desktop), EntryResult::accepted);
+        EXPECT_EQ(EnterThickness(project, 1, "13", prompts), EntryResult::accepted);
         ExpectState({true, 1, 1, {}, "PLASTER"});
         EXPECT_EQ(Current().layers[1].thickness, 13);
         EXPECT_EQ(Result(), "4.85");
     }
     void CopiesAndPastes() {
-        CopyLayers(project, desktop);
+        CopyLayers(project, prompts);
         ExpectState({true, 1, 1, {}, "PLASTER"});
         EXPECT_EQ(project.clipboard[1].thickness, 0) << "nothing was marked";
-        PasteLayers(project, desktop);
+        PasteLayers(project, prompts);
         ExpectState({true, 1, 2, {2}, "PLASTER"});
         EXPECT_EQ(Names(), "PLASTERPLASTER");
         EXPECT_EQ(Current().layers[2].thickness, 0);
@@ -124,20 +124,20 @@ protected:
     }
     void CutsEverything() {
         Click(1);
-        CutLayers(project, desktop);
+        CutLayers(project, prompts);
         ExpectState({true, 1, 1, {1}, "PLASTER"});
         EXPECT_EQ(project.clipboard[1].thickness, 13);
         EXPECT_EQ(Current().layers[1].thickness, 0);
-        CutLayers(project, desktop);
+        CutLayers(project, prompts);
         ExpectState({true, 1, 0, {}, "PLASTER"});
         EXPECT_EQ(project.clipboard[1].thickness, 0);
         EXPECT_EQ(Names(), "");
         EXPECT_EQ(Enabled(), "Paste ");
-        DeleteLayers(project, desktop);
+        DeleteLayers(project, prompts);
         ExpectState({true, 1, 0, {}, "PLASTER"});
     }
     void RemovesAndMakesAnew() {
-        CloseConstruction(project, WindowTag(1), desktop);
+        CloseConstruction(project, WindowTag(1), prompts);
         ExpectState({true, 2, 1, {1}, "PLASTER"});
         EXPECT_EQ(project.constructionCount, 1);
 
@@ -149,13 +149,13 @@ protected:
     }
     void MakesANewFile() {
         project.comments.fileHead.emplace_back("a note");
-        desktop.Answers(Answer::no).Answers(Answer::yes);
-        EXPECT_FALSE(NewProject(project, desktop));
+        prompts.Answers(Answer::no).Answers(Answer::yes);
+        EXPECT_FALSE(NewProject(project, prompts));
         ExpectState({true, 1, 0, {}, "PLASTER"});
         EXPECT_EQ(project.constructionCount, 2);
         EXPECT_EQ(project.comments.fileHead, CommentLines{"a note"});
 
-        EXPECT_TRUE(NewProject(project, desktop));
+        EXPECT_TRUE(NewProject(project, prompts));
         ExpectState({false, 1, 0, {}, "PLASTER"});
         EXPECT_EQ(project.constructionCount, 0);
         EXPECT_FALSE(InUse(project, 1));
@@ -176,7 +176,7 @@ TEST_F(EditingStory, GoesFromStartToANewFile) {
     CutsEverything();
     RemovesAndMakesAnew();
     MakesANewFile();
-    EXPECT_EQ(desktop.Count("Beep"), 0);
+    EXPECT_EQ(prompts.Count("Beep"), 0);
 }
 
 } // namespace

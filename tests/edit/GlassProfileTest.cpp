@@ -11,14 +11,14 @@ namespace {
 /// A glass type with transmission 0.5 and absorption 0.25 throughout, in the editor.
 class GlassProfileTest : public testing::Test {
 protected:
-    GlassProfileTest() : project(StartedProject(desktop)) {
+    GlassProfileTest() : project(StartedProject(prompts)) {
         AddGlassType(project, "CLEAR");
         for (int value = 1; value <= profileColumns; ++value) {
             project.glassTypes[1].transmission[value] = 0.5F;
             project.glassTypes[1].absorption[value] = 0.25F;
         }
         project.glassTypes[1].diffusion[3] = 0.125F;
-        desktop.calls.clear();
+        prompts.calls.clear();
         profile = OpenProfile(project);
     }
     int& Column() { return project.selectedProfileColumn; }
@@ -26,7 +26,7 @@ protected:
     void Press(ProfileKey key) { PressProfileKey(project, profile, key); }
     void Type(std::string_view text) { TypeValue(project, profile, text); }
 
-    ScriptedDesktop desktop;
+    ScriptedPrompts prompts;
     Project project;
     GlassProfile profile;
 };
@@ -270,7 +270,7 @@ TEST_F(GlassGraph, DragsNothingWithoutAColumn) {
 
 class GlassProfileOk : public GlassProfileTest {
 protected:
-    bool Accept(std::string_view name) { return AcceptProfile(project, profile, name, desktop); }
+    bool Accept(std::string_view name) { return AcceptProfile(project, profile, name, prompts); }
 };
 
 TEST_F(GlassProfileOk, StoresNameAndValuesButNotTheDiffusion) {
@@ -300,16 +300,16 @@ TEST_F(GlassProfileOk, MarksAChangeOnlyWhenAnythingDiffers) {
 TEST_F(GlassProfileOk, RefusesAnEmptyName) {
     profile.transmission[1] = 0.8F;
     EXPECT_FALSE(Accept(""));
-    ASSERT_EQ(desktop.messages.size(), 1U);
-    EXPECT_EQ(desktop.messages[0], (Message{"The window type must have a name", ""}));
+    ASSERT_EQ(prompts.messages.size(), 1U);
+    EXPECT_EQ(prompts.messages[0], (Message{"The window type must have a name", ""}));
     EXPECT_EQ(project.glassTypes[1].transmission[1], 0.5F);
 }
 
 TEST_F(GlassProfileOk, RefusesTheNameOfAnotherType) {
     AddGlassType(project, "GREY");
     EXPECT_FALSE(Accept("GREY"));
-    ASSERT_EQ(desktop.messages.size(), 1U);
-    EXPECT_EQ(desktop.messages[0], (Message{"The name of the window must be unique", ""}));
+    ASSERT_EQ(prompts.messages.size(), 1U);
+    EXPECT_EQ(prompts.messages[0], (Message{"The name of the window must be unique", ""}));
     EXPECT_EQ(project.glassTypes[1].name, "CLEAR");
     EXPECT_TRUE(Accept("grey")) << "letter case counts";
 }
@@ -326,7 +326,7 @@ TEST_F(GlassProfileOk, KeepsANameThatWasImportedTwice) {
     AddGlassType(project, "CLEAR");
     profile = OpenProfile(project);
     EXPECT_TRUE(Accept("CLEAR"));
-    EXPECT_TRUE(desktop.messages.empty());
+    EXPECT_TRUE(prompts.messages.empty());
 }
 
 TEST_F(GlassProfileOk, HasABlankForEachControlCharacterOfTheName) {

@@ -11,7 +11,7 @@ using Names = std::vector<std::string>;
 
 class GlassTypesTest : public testing::Test {
 protected:
-    GlassTypesTest() : project(StartedProject(desktop)) { desktop.calls.clear(); }
+    GlassTypesTest() : project(StartedProject(prompts)) { prompts.calls.clear(); }
     void AddAll(const Names& names) {
         for (const std::string& name : names)
             AddGlassType(project, name);
@@ -24,7 +24,7 @@ protected:
         return names;
     }
 
-    ScriptedDesktop desktop;
+    ScriptedPrompts prompts;
     Project project;
 };
 
@@ -77,8 +77,8 @@ TEST_F(GlassTypesTest, ReuseADeletedSlotWithoutItsValuesAndComments) {
     deleted.diffusion[11] = 0.1F;
     deleted.hasDiffusion = true;
     project.comments.glassTypes.Add(2, "note");
-    desktop.Answers(Answer::yes);
-    EXPECT_TRUE(DeleteGlassType(project, "B", desktop));
+    prompts.Answers(Answer::yes);
+    EXPECT_TRUE(DeleteGlassType(project, "B", prompts));
     EXPECT_EQ(GlassTypeNames(project), (Names{"A", "C"}));
     AddGlassType(project, "D");
     EXPECT_EQ(project.currentGlassType, 2);
@@ -114,30 +114,30 @@ TEST_F(GlassTypesTest, AreFoundByTheExactNameOnly) {
 TEST_F(GlassTypesTest, AreDeletedByTheFirstOfEqualNames) {
     AddAll({"BRONZE", "CLEAR", "CLEAR"});
     project.glassTypes[2].transmission[1] = 0.7F;
-    desktop.Answers(Answer::yes);
-    EXPECT_TRUE(DeleteGlassType(project, "CLEAR", desktop));
+    prompts.Answers(Answer::yes);
+    EXPECT_TRUE(DeleteGlassType(project, "CLEAR", prompts));
     EXPECT_EQ(Slots(), (Names{"BRONZE", "", "CLEAR"}));
     EXPECT_EQ(project.glassTypes[2].transmission[1], 0.7F)
         << "values stay until the slot is reused";
     EXPECT_TRUE(project.changed);
-    ASSERT_EQ(desktop.messages.size(), 1U);
-    EXPECT_EQ(desktop.messages[0], YesNoQuestion("Do you want to delete this window type?",
+    ASSERT_EQ(prompts.messages.size(), 1U);
+    EXPECT_EQ(prompts.messages[0], YesNoQuestion("Do you want to delete this window type?",
                                                  "Delete Window Type", Answer::no));
 }
 
 TEST_F(GlassTypesTest, AreDeletedFirstAndLast) {
     AddAll({"A", "B", "C"});
-    desktop.Answers(Answer::yes).Answers(Answer::yes);
-    EXPECT_TRUE(DeleteGlassType(project, "A", desktop));
-    EXPECT_TRUE(DeleteGlassType(project, "C", desktop));
+    prompts.Answers(Answer::yes).Answers(Answer::yes);
+    EXPECT_TRUE(DeleteGlassType(project, "A", prompts));
+    EXPECT_TRUE(DeleteGlassType(project, "C", prompts));
     EXPECT_EQ(Slots(), (Names{"", "B", ""}));
 }
 
 TEST_F(GlassTypesTest, StayWhenDeletionIsRefused) {
     AddAll({"CLEAR"});
     for (const Answer answer : {Answer::no, Answer::cancel}) {
-        desktop.Answers(answer);
-        EXPECT_FALSE(DeleteGlassType(project, "CLEAR", desktop));
+        prompts.Answers(answer);
+        EXPECT_FALSE(DeleteGlassType(project, "CLEAR", prompts));
     }
     EXPECT_EQ(Slots(), Names{"CLEAR"});
     EXPECT_FALSE(project.changed);
@@ -145,9 +145,9 @@ TEST_F(GlassTypesTest, StayWhenDeletionIsRefused) {
 
 TEST_F(GlassTypesTest, AreNotDeletedByANameThatIsGone) {
     AddAll({"CLEAR"});
-    desktop.Answers(Answer::yes);
-    EXPECT_FALSE(DeleteGlassType(project, "GONE", desktop));
-    EXPECT_FALSE(DeleteGlassType(project, "", desktop)) << "no selection asks nothing";
+    prompts.Answers(Answer::yes);
+    EXPECT_FALSE(DeleteGlassType(project, "GONE", prompts));
+    EXPECT_FALSE(DeleteGlassType(project, "", prompts)) << "no selection asks nothing";
     EXPECT_FALSE(project.changed);
 }
 

@@ -11,7 +11,7 @@ using LayerClipboardTest = EditTest;
 TEST_F(LayerClipboardTest, CopiesMarkedLayersInListOrder) {
     Add("ABCDE");
     Mark(project, 1, {4, 2}, 4);
-    CopyLayers(project, desktop);
+    CopyLayers(project, prompts);
     EXPECT_EQ(ClipNames(), "BD");
     EXPECT_EQ(Names(), "ABCDE");
     EXPECT_FALSE(project.changed);
@@ -30,7 +30,7 @@ TEST_F(LayerClipboardTest, CopiesEveryFieldButTheMark) {
     layer.absorption = 0.3F;
     Current().layers.Edit(1) = layer;
     Click(1);
-    CopyLayers(project, desktop);
+    CopyLayers(project, prompts);
     EXPECT_EQ(project.clipboard[1], layer);
 }
 
@@ -38,7 +38,7 @@ TEST_F(LayerClipboardTest, ClearsEntriesBehindTheCopiedOnes) {
     Clip("VWXYZ");
     Add("AB");
     Click(2);
-    CopyLayers(project, desktop);
+    CopyLayers(project, prompts);
     EXPECT_EQ(ClipNames(), "B");
 }
 
@@ -46,7 +46,7 @@ TEST_F(LayerClipboardTest, CopyWithoutCurrentLayerKeepsTheClipboard) {
     Clip("X");
     Add("AB");
     Mark(project, 1, {1}, 0);
-    CopyLayers(project, desktop);
+    CopyLayers(project, prompts);
     EXPECT_EQ(ClipNames(), "X");
 }
 
@@ -54,25 +54,25 @@ TEST_F(LayerClipboardTest, CopyWithNothingMarkedKeepsTheClipboard) {
     Clip("XY");
     Add("AB");
     Mark(project, 1, {}, 1);
-    CopyLayers(project, desktop);
+    CopyLayers(project, prompts);
     EXPECT_EQ(ClipNames(), "XY");
 }
 
 TEST_F(LayerClipboardTest, CutRemovesWhatItCopied) {
     Add("ABCD");
     Mark(project, 1, {2, 3}, 3);
-    CutLayers(project, desktop);
+    CutLayers(project, prompts);
     EXPECT_EQ(ClipNames(), "BC");
     EXPECT_EQ(Names(), "AD");
     EXPECT_TRUE(project.changed);
-    EXPECT_EQ(desktop.Count("Refresh 1"), 1);
+    EXPECT_EQ(prompts.Count("Refresh 1"), 1);
 }
 
 TEST_F(LayerClipboardTest, CutWithoutCurrentLayerDoesNothingAtAll) {
     Clip("X");
     Add("AB");
     Mark(project, 1, {1}, 0);
-    CutLayers(project, desktop);
+    CutLayers(project, prompts);
     EXPECT_EQ(ClipNames(), "X");
     EXPECT_EQ(Names(), "AB");
     EXPECT_FALSE(project.changed);
@@ -82,7 +82,7 @@ TEST_F(LayerClipboardTest, CutWithNothingMarkedRemovesNothingButCountsAsChange) 
     Clip("X");
     Add("AB");
     Mark(project, 1, {}, 2);
-    CutLayers(project, desktop);
+    CutLayers(project, prompts);
     EXPECT_EQ(ClipNames(), "X");
     EXPECT_EQ(Names(), "AB");
     EXPECT_TRUE(project.changed);
@@ -95,7 +95,7 @@ TEST_F(LayerClipboardTest, CutNeverCopiesFromTheMaterialList) {
     Add("AB");
     Click(1);
     project.dialogActive = true;
-    CutLayers(project, desktop);
+    CutLayers(project, prompts);
     EXPECT_EQ(ClipNames(), "A");
     EXPECT_EQ(Names(), "B");
 }
@@ -103,7 +103,7 @@ TEST_F(LayerClipboardTest, CutNeverCopiesFromTheMaterialList) {
 TEST_F(LayerClipboardTest, DeleteClosesUpAndGoesBackToTheLine) {
     Add("ABCDE");
     Mark(project, 1, {1, 3}, 3);
-    DeleteLayers(project, desktop);
+    DeleteLayers(project, prompts);
     EXPECT_EQ(Names(), "BDE");
     EXPECT_EQ(CurrentLayer(), 3);
     EXPECT_EQ(Marks(), Layers{3});
@@ -115,7 +115,7 @@ TEST_F(LayerClipboardTest, DeleteClosesUpAndGoesBackToTheLine) {
 TEST_F(LayerClipboardTest, DeleteInTheMiddleMarksTheLayerThatMovedUp) {
     Add("ABCDE");
     Click(3);
-    DeleteLayers(project, desktop);
+    DeleteLayers(project, prompts);
     EXPECT_EQ(Names(), "ABDE");
     EXPECT_EQ(CurrentLayer(), 3);
     EXPECT_EQ(Marks(), Layers{3});
@@ -124,11 +124,11 @@ TEST_F(LayerClipboardTest, DeleteInTheMiddleMarksTheLayerThatMovedUp) {
 TEST_F(LayerClipboardTest, DeleteOfTheLastLineStaysWithinTheLines) {
     Add("ABDE");
     Click(4);
-    DeleteLayers(project, desktop);
+    DeleteLayers(project, prompts);
     EXPECT_EQ(Names(), "ABD");
     EXPECT_EQ(CurrentLayer(), 3);
     Mark(project, 1, {1, 3}, 3);
-    DeleteLayers(project, desktop);
+    DeleteLayers(project, prompts);
     EXPECT_EQ(Names(), "B");
     EXPECT_EQ(CurrentLayer(), 1);
     EXPECT_EQ(Marks(), Layers{1});
@@ -138,19 +138,19 @@ TEST_F(LayerClipboardTest, DeleteAgainAndAgainEmptiesTheConstruction) {
     Add("ABC");
     Click(2);
     for (const char* left : {"AC", "A", ""}) {
-        DeleteLayers(project, desktop);
+        DeleteLayers(project, prompts);
         EXPECT_EQ(Names(), left);
     }
     EXPECT_EQ(CurrentLayer(), 0);
     EXPECT_EQ(Marks(), Layers{});
-    DeleteLayers(project, desktop);
+    DeleteLayers(project, prompts);
     EXPECT_EQ(Names(), "");
 }
 
 TEST_F(LayerClipboardTest, DeleteWithNothingMarkedStillCountsAsChange) {
     Add("AB");
     Mark(project, 1, {}, 2);
-    DeleteLayers(project, desktop);
+    DeleteLayers(project, prompts);
     EXPECT_EQ(Names(), "AB");
     EXPECT_TRUE(project.changed);
 }
@@ -158,11 +158,11 @@ TEST_F(LayerClipboardTest, DeleteWithNothingMarkedStillCountsAsChange) {
 TEST_F(LayerClipboardTest, DeleteAndCutWithNothingMarkedMarkNothingSoThatASecondRemovesNothing) {
     Add("ABC");
     Mark(project, 1, {}, 2);
-    for (void (*remove)(Project&, Desktop&) : {DeleteLayers, CutLayers}) {
-        remove(project, desktop);
+    for (void (*remove)(Project&, Prompts&) : {DeleteLayers, CutLayers}) {
+        remove(project, prompts);
         EXPECT_EQ(Marks(), Layers{});
         EXPECT_EQ(CurrentLayer(), 2);
-        remove(project, desktop);
+        remove(project, prompts);
         EXPECT_EQ(Names(), "ABC");
     }
 }
@@ -170,7 +170,7 @@ TEST_F(LayerClipboardTest, DeleteAndCutWithNothingMarkedMarkNothingSoThatASecond
 TEST_F(LayerClipboardTest, DeleteWithoutCurrentLayerRemovesNothing) {
     Add("AB");
     Mark(project, 1, {1}, 0);
-    DeleteLayers(project, desktop);
+    DeleteLayers(project, prompts);
     EXPECT_EQ(Names(), "AB");
     EXPECT_EQ(CurrentLayer(), 0);
     EXPECT_TRUE(project.changed);
@@ -179,7 +179,7 @@ TEST_F(LayerClipboardTest, DeleteWithoutCurrentLayerRemovesNothing) {
 TEST_F(LayerClipboardTest, DeleteInAnEmptyConstructionThatWasReadKeepsItsCurrentLayer) {
     Add("");
     Current().currentLayer = 1;
-    DeleteLayers(project, desktop);
+    DeleteLayers(project, prompts);
     EXPECT_EQ(CurrentLayer(), 1);
 }
 
@@ -187,7 +187,7 @@ TEST_F(LayerClipboardTest, ClosesUpEmptySlotsBeforeEditing) {
     Add("ABCD");
     Current().layers.Edit(2) = Layer();
     Mark(project, 1, {4}, 2);
-    DeleteLayers(project, desktop);
+    DeleteLayers(project, prompts);
     EXPECT_EQ(Names(), "AC");
     EXPECT_EQ(Current().layers[1].name, "A");
     EXPECT_EQ(Current().layers[2].name, "C");
@@ -197,7 +197,7 @@ TEST_F(LayerClipboardTest, CopyLeavesEmptySlotsWhereTheyAre) {
     Add("ABCD");
     Current().layers.Edit(2) = Layer();
     Mark(project, 1, {3, 4}, 2);
-    CopyLayers(project, desktop);
+    CopyLayers(project, prompts);
     EXPECT_EQ(ClipNames(), "CD");
     EXPECT_EQ(Current().layers[4].name, "D");
 }
@@ -205,22 +205,22 @@ TEST_F(LayerClipboardTest, CopyLeavesEmptySlotsWhereTheyAre) {
 TEST_F(LayerClipboardTest, CutThenPasteInTheMiddleIsNoIdentityButPasteBeforeRestores) {
     Add("ABCD");
     Click(2);
-    CutLayers(project, desktop);
-    PasteLayers(project, desktop);
+    CutLayers(project, prompts);
+    PasteLayers(project, prompts);
     EXPECT_EQ(Names(), "ACBD");
     Click(3);
-    CutLayers(project, desktop);
+    CutLayers(project, prompts);
     EXPECT_EQ(Names(), "ACD");
     Click(2);
-    PasteLayersBefore(project, desktop);
+    PasteLayersBefore(project, prompts);
     EXPECT_EQ(Names(), "ABCD");
 }
 
 TEST_F(LayerClipboardTest, SurvivesANewProject) {
     Add("AB");
     Click(1);
-    CopyLayers(project, desktop);
-    ASSERT_TRUE(NewProject(project, desktop));
+    CopyLayers(project, prompts);
+    ASSERT_TRUE(NewProject(project, prompts));
     EXPECT_EQ(ClipNames(), "A");
 }
 
@@ -240,7 +240,7 @@ TEST_F(LayerClipboardTest, CountsMarkedLayersUpToALayer) {
 
 struct OperationRow {
     const char* name;
-    void (*operation)(Project&, Desktop&);
+    void (*operation)(Project&, Prompts&);
 };
 
 class WithoutConstruction : public EditTest, public testing::WithParamInterface<OperationRow> {};
@@ -248,8 +248,8 @@ class WithoutConstruction : public EditTest, public testing::WithParamInterface<
 TEST_P(WithoutConstruction, BeepsAndDoesNothing) {
     Clip("X");
     project.clipboard[1].library = userLibraryNumber;
-    GetParam().operation(project, desktop);
-    EXPECT_EQ(desktop.calls, std::vector<std::string>{"Beep"});
+    GetParam().operation(project, prompts);
+    EXPECT_EQ(prompts.calls, std::vector<std::string>{"Beep"});
     EXPECT_FALSE(project.changed);
     EXPECT_FALSE(project.userLibraryNeeded);
     EXPECT_EQ(ClipNames(), "X");

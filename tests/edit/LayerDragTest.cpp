@@ -23,7 +23,7 @@ TEST_P(MoveWithinAList, PutsTheLayersBeforeTheDropRow) {
     Add(drop.layers);
     Mark(project, 1, drop.marked, drop.marked.front());
     ASSERT_TRUE(StartLayerDrag(project, 1, drop.pressedLine, false));
-    DropLayers(project, 1, drop.row, desktop);
+    DropLayers(project, 1, drop.row, prompts);
     EXPECT_EQ(Names(), drop.result);
     EXPECT_EQ(CurrentLayer(), drop.current);
     EXPECT_EQ(Marks(), Layers{});
@@ -51,7 +51,7 @@ class LayerDragTest : public EditTest {
 protected:
     void Drag(int source, int line, bool copy) {
         ASSERT_TRUE(StartLayerDrag(project, source, line, copy));
-        desktop.calls.clear();
+        prompts.calls.clear();
     }
 };
 
@@ -60,12 +60,12 @@ TEST_F(LayerDragTest, MovesToAnotherConstructionAndActivatesIt) {
     Add("XYZ");
     Mark(project, 1, {1}, 1);
     Drag(1, 0, false);
-    DropLayers(project, 2, 1, desktop);
+    DropLayers(project, 2, 1, prompts);
     EXPECT_EQ(LayerNames(project, 1), "BC");
     EXPECT_EQ(LayerNames(project, 2), "XAYZ");
     EXPECT_EQ(project.currentConstruction, 2);
     EXPECT_EQ(LatestActiveConstruction(project), 2);
-    EXPECT_EQ(desktop.calls.back(), "Activate 2");
+    EXPECT_EQ(prompts.calls.back(), "Activate 2");
     EXPECT_EQ(CurrentLayer(), 2);
     EXPECT_TRUE(project.changed);
     EXPECT_EQ(ClipNames(), "A");
@@ -76,7 +76,7 @@ TEST_F(LayerDragTest, DoesNotReduceTheRowForAnotherConstruction) {
     Add("XYZ");
     Mark(project, 1, {1, 2}, 1);
     Drag(1, 0, false);
-    DropLayers(project, 2, 2, desktop);
+    DropLayers(project, 2, 2, prompts);
     EXPECT_EQ(LayerNames(project, 2), "XYABZ");
 }
 
@@ -85,7 +85,7 @@ TEST_F(LayerDragTest, AppendsBelowTheLastLineWithTheLastInsertedCurrent) {
     Add("XY");
     Mark(project, 1, {1, 2}, 1);
     Drag(1, 0, true);
-    DropLayers(project, 2, 5, desktop);
+    DropLayers(project, 2, 5, prompts);
     EXPECT_EQ(LayerNames(project, 2), "XYAB");
     EXPECT_EQ(CurrentLayer(), 4);
     EXPECT_EQ(Marks(), Layers{});
@@ -96,7 +96,7 @@ TEST_F(LayerDragTest, WithCtrlLeavesTheSourceUnchanged) {
     Add("");
     Mark(project, 1, {2, 3}, 2);
     Drag(1, 1, true);
-    DropLayers(project, 2, 0, desktop);
+    DropLayers(project, 2, 0, prompts);
     EXPECT_EQ(LayerNames(project, 1), "ABC");
     EXPECT_EQ(LayerNames(project, 2), "BC");
 }
@@ -105,7 +105,7 @@ TEST_F(LayerDragTest, WithCtrlCopiesWithinAListWithoutReduction) {
     Add("ABC");
     Mark(project, 1, {1}, 1);
     Drag(1, 0, true);
-    DropLayers(project, 1, 2, desktop);
+    DropLayers(project, 1, 2, prompts);
     EXPECT_EQ(Names(), "ABAC");
     EXPECT_EQ(CurrentLayer(), 3);
     EXPECT_EQ(Marks(), Layers{});
@@ -116,8 +116,8 @@ TEST_F(LayerDragTest, RefusesAMoveThatDoesNotFitSoThatNoLayerIsLost) {
     Add("ABCDEFGHIJKLMN");
     Mark(project, 1, {1, 2}, 1);
     Drag(1, 0, false);
-    DropLayers(project, 2, 0, desktop);
-    EXPECT_EQ(desktop.calls, std::vector<std::string>{"Beep"});
+    DropLayers(project, 2, 0, prompts);
+    EXPECT_EQ(prompts.calls, std::vector<std::string>{"Beep"});
     EXPECT_EQ(LayerNames(project, 1), "AB");
     EXPECT_EQ(LayerNames(project, 2), "ABCDEFGHIJKLMN");
     EXPECT_EQ(ClipNames(), "AB");
@@ -129,7 +129,7 @@ TEST_F(LayerDragTest, TakesAMoveThatJustFits) {
     Add("A");
     Add("ABCDEFGHIJKLMN");
     Drag(1, 0, false);
-    DropLayers(project, 2, 0, desktop);
+    DropLayers(project, 2, 0, prompts);
     EXPECT_EQ(LayerNames(project, 1), "");
     EXPECT_EQ(project.constructions[1].currentLayer, 0);
     EXPECT_EQ(LayerNames(project, 2), "AABCDEFGHIJKLMN");
@@ -138,8 +138,8 @@ TEST_F(LayerDragTest, TakesAMoveThatJustFits) {
 TEST_F(LayerDragTest, BeepsWhenACopyFindsAFullList) {
     Add("ABCDEFGHIJKLMNO");
     Drag(1, 0, true);
-    DropLayers(project, 1, 3, desktop);
-    EXPECT_EQ(desktop.Count("Beep"), 1);
+    DropLayers(project, 1, 3, prompts);
+    EXPECT_EQ(prompts.Count("Beep"), 1);
     EXPECT_EQ(Names(), "ABCDEFGHIJKLMNO");
     EXPECT_EQ(Marks(), Layers{});
 }
@@ -161,7 +161,7 @@ TEST_F(LayerDragTest, ClosesUpEmptySlotsOnlyAtTheDrop) {
     Drag(1, 2, false);
     EXPECT_EQ(Current().layers[4].name, "D");
     EXPECT_EQ(Marks(), Layers{4});
-    DropLayers(project, 1, 0, desktop);
+    DropLayers(project, 1, 0, prompts);
     EXPECT_EQ(Names(), "DAC");
     EXPECT_EQ(Current().layers[3].name, "C");
 }
@@ -178,13 +178,13 @@ TEST_F(LayerDragTest, DoesNothingWhenAConstructionIsGoneAtTheDrop) {
     Add("AB");
     Add("XY");
     Drag(1, 0, false);
-    DropLayers(project, 3, 0, desktop);
+    DropLayers(project, 3, 0, prompts);
     EXPECT_EQ(LayerNames(project, 1), "AB");
-    RemoveConstruction(project, 1, desktop);
-    desktop.calls.clear();
-    DropLayers(project, 2, 0, desktop);
+    RemoveConstruction(project, 1, prompts);
+    prompts.calls.clear();
+    DropLayers(project, 2, 0, prompts);
     EXPECT_EQ(LayerNames(project, 2), "XY");
-    EXPECT_TRUE(desktop.calls.empty());
+    EXPECT_TRUE(prompts.calls.empty());
 }
 
 TEST_F(LayerDragTest, DoesNothingWithoutMarkedLayers) {
@@ -193,10 +193,10 @@ TEST_F(LayerDragTest, DoesNothingWithoutMarkedLayers) {
     Add("CD");
     Drag(1, 0, false);
     Mark(project, 1, {}, 1);
-    DropLayers(project, 2, 0, desktop);
+    DropLayers(project, 2, 0, prompts);
     EXPECT_EQ(LayerNames(project, 2), "CD");
     EXPECT_EQ(project.currentConstruction, 2);
-    EXPECT_TRUE(desktop.calls.empty());
+    EXPECT_TRUE(prompts.calls.empty());
 }
 
 using MaterialDrop = EditTest;
@@ -206,19 +206,19 @@ TEST_F(MaterialDrop, GoesToTheListItFallsOn) {
     Add("XY");
     ActivateConstruction(project, 1);
     Clip("M");
-    DropMaterial(project, 2, 1, desktop);
+    DropMaterial(project, 2, 1, prompts);
     EXPECT_EQ(LayerNames(project, 1), "AB");
     EXPECT_EQ(LayerNames(project, 2), "XMY");
     EXPECT_EQ(project.currentConstruction, 2);
     EXPECT_EQ(CurrentLayer(), 2);
     EXPECT_EQ(Marks(), Layers{});
-    EXPECT_EQ(desktop.calls.back(), "Activate 2");
+    EXPECT_EQ(prompts.calls.back(), "Activate 2");
 }
 
 TEST_F(MaterialDrop, AppendsBelowTheLastLine) {
     Add("AB");
     Clip("M");
-    DropMaterial(project, 1, 2, desktop);
+    DropMaterial(project, 1, 2, prompts);
     EXPECT_EQ(Names(), "ABM");
     EXPECT_EQ(CurrentLayer(), 3);
 }
@@ -226,7 +226,7 @@ TEST_F(MaterialDrop, AppendsBelowTheLastLine) {
 TEST_F(MaterialDrop, FillsAnEmptyList) {
     Add("");
     Clip("M");
-    DropMaterial(project, 1, 0, desktop);
+    DropMaterial(project, 1, 0, prompts);
     EXPECT_EQ(Names(), "M");
     EXPECT_EQ(CurrentLayer(), 1);
 }
@@ -234,15 +234,15 @@ TEST_F(MaterialDrop, FillsAnEmptyList) {
 TEST_F(MaterialDrop, CarriesTheOldClipboardWhenNothingWasSelected) {
     Add("A");
     Clip("XY");
-    DropMaterial(project, 1, 0, desktop);
+    DropMaterial(project, 1, 0, prompts);
     EXPECT_EQ(Names(), "XYA");
 }
 
 TEST_F(MaterialDrop, IgnoresAWindowThatIsNoConstruction) {
     Clip("M");
-    DropMaterial(project, 1, 0, desktop);
+    DropMaterial(project, 1, 0, prompts);
     EXPECT_EQ(LayerNames(project, 1), "");
-    EXPECT_TRUE(desktop.calls.empty());
+    EXPECT_TRUE(prompts.calls.empty());
 }
 
 TEST(VisibleRow, IsTheRowUnderThePointerWithinTheVisibleOnes) {

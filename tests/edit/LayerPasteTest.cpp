@@ -9,13 +9,13 @@ using LayerPaste = EditTest;
 TEST_F(LayerPaste, AppendsCopiesBehindTheLastLayer) {
     Add("ABCDE");
     Mark(project, 1, {2, 4}, 4);
-    CopyLayers(project, desktop);
+    CopyLayers(project, prompts);
     Click(5);
-    PasteLayers(project, desktop);
+    PasteLayers(project, prompts);
     EXPECT_EQ(Names(), "ABCDEBD");
     EXPECT_EQ(CurrentLayer(), 7);
     EXPECT_EQ(Marks(), (Layers{6, 7}));
-    PasteLayersBefore(project, desktop);
+    PasteLayersBefore(project, prompts);
     EXPECT_EQ(Names(), "ABCDEBBDD");
     EXPECT_EQ(CurrentLayer(), 7);
     EXPECT_EQ(Marks(), (Layers{7, 8}));
@@ -25,19 +25,19 @@ TEST_F(LayerPaste, InsertsAfterTheCurrentLayer) {
     Clip("XY");
     Add("ABC");
     Click(2);
-    PasteLayers(project, desktop);
+    PasteLayers(project, prompts);
     EXPECT_EQ(Names(), "ABXYC");
     EXPECT_EQ(CurrentLayer(), 4);
     EXPECT_EQ(Marks(), (Layers{3, 4}));
     EXPECT_TRUE(project.changed);
-    EXPECT_EQ(desktop.calls, std::vector<std::string>{"Refresh 1"});
+    EXPECT_EQ(prompts.calls, std::vector<std::string>{"Refresh 1"});
 }
 
 TEST_F(LayerPaste, InsertsAtTheTopWithoutCurrentLayer) {
     Clip("XY");
     Add("AB");
     Mark(project, 1, {}, 0);
-    PasteLayers(project, desktop);
+    PasteLayers(project, prompts);
     EXPECT_EQ(Names(), "XYAB");
     EXPECT_EQ(CurrentLayer(), 2);
 }
@@ -47,7 +47,7 @@ TEST_F(LayerPaste, FillsAnEmptyConstruction) {
         Clip("XY");
         Add("");
         Current().currentLayer = static_cast<std::int16_t>(current);
-        PasteLayers(project, desktop);
+        PasteLayers(project, prompts);
         EXPECT_EQ(Names(), "XY");
         EXPECT_EQ(CurrentLayer(), 2);
     }
@@ -62,7 +62,7 @@ TEST_F(LayerPaste, KeepsEveryFieldOfEntryAndLayers) {
     Clip("X");
     project.clipboard[1].density = 5;
     Click(1);
-    PasteLayers(project, desktop);
+    PasteLayers(project, prompts);
     EXPECT_EQ(Current().layers[3], layer);
     EXPECT_EQ(Current().layers[2].density, 5);
 }
@@ -70,8 +70,8 @@ TEST_F(LayerPaste, KeepsEveryFieldOfEntryAndLayers) {
 TEST_F(LayerPaste, LeavesTheClipboardForMore) {
     Clip("X");
     Add("");
-    PasteLayers(project, desktop);
-    PasteLayers(project, desktop);
+    PasteLayers(project, prompts);
+    PasteLayers(project, prompts);
     EXPECT_EQ(Names(), "XX");
     EXPECT_EQ(ClipNames(), "X");
 }
@@ -79,7 +79,7 @@ TEST_F(LayerPaste, LeavesTheClipboardForMore) {
 TEST_F(LayerPaste, SkipsEmptyEntriesInBetween) {
     Clip("X.Z");
     Add("A");
-    PasteLayers(project, desktop);
+    PasteLayers(project, prompts);
     EXPECT_EQ(Names(), "AXZ");
 }
 
@@ -87,10 +87,10 @@ TEST_F(LayerPaste, DropsTheLastEntriesThatDoNotFitWithoutABeep) {
     Clip("XYZ");
     Add("ABCDEFGHIJKLMN");
     Click(14);
-    PasteLayers(project, desktop);
+    PasteLayers(project, prompts);
     EXPECT_EQ(Names(), "ABCDEFGHIJKLMNX");
     EXPECT_EQ(CurrentLayer(), 15);
-    EXPECT_EQ(desktop.Count("Beep"), 0);
+    EXPECT_EQ(prompts.Count("Beep"), 0);
     EXPECT_TRUE(project.changed);
 }
 
@@ -98,20 +98,20 @@ TEST_F(LayerPaste, BeforeDropsTheFirstEntriesThatDoNotFitWithoutABeep) {
     Clip("XYZ");
     Add("ABCDEFGHIJKLMN");
     Click(2);
-    PasteLayersBefore(project, desktop);
+    PasteLayersBefore(project, prompts);
     EXPECT_EQ(Names(), "AZBCDEFGHIJKLMN");
     EXPECT_EQ(CurrentLayer(), 2);
     EXPECT_EQ(Marks(), Layers{2});
-    EXPECT_EQ(desktop.Count("Beep"), 0);
+    EXPECT_EQ(prompts.Count("Beep"), 0);
 }
 
 TEST_F(LayerPaste, BeepsForAFullConstructionAndChangesNothing) {
     Clip("X");
     Add("ABCDEFGHIJKLMNO");
     Click(3);
-    PasteLayers(project, desktop);
-    PasteLayersBefore(project, desktop);
-    EXPECT_EQ(desktop.calls, (std::vector<std::string>{"Beep", "Beep"}));
+    PasteLayers(project, prompts);
+    PasteLayersBefore(project, prompts);
+    EXPECT_EQ(prompts.calls, (std::vector<std::string>{"Beep", "Beep"}));
     EXPECT_EQ(Names(), "ABCDEFGHIJKLMNO");
     EXPECT_EQ(CurrentLayer(), 3);
     EXPECT_EQ(Marks(), Layers{3});
@@ -121,7 +121,7 @@ TEST_F(LayerPaste, BeepsForAFullConstructionAndChangesNothing) {
 TEST_F(LayerPaste, BeforeInsertsInClipboardOrderAndKeepsTheCurrentNumber) {
     Clip("XYZ");
     Add("AB");
-    PasteLayersBefore(project, desktop);
+    PasteLayersBefore(project, prompts);
     EXPECT_EQ(Names(), "XYZAB");
     EXPECT_EQ(CurrentLayer(), 1);
     EXPECT_EQ(Marks(), (Layers{1, 2, 3}));
@@ -131,7 +131,7 @@ TEST_F(LayerPaste, BeforeWithoutCurrentLayerTakesTheFirst) {
     Clip("X");
     Add("AB");
     Mark(project, 1, {}, 0);
-    PasteLayersBefore(project, desktop);
+    PasteLayersBefore(project, prompts);
     EXPECT_EQ(Names(), "XAB");
     EXPECT_EQ(CurrentLayer(), 1);
 }
@@ -139,7 +139,7 @@ TEST_F(LayerPaste, BeforeWithoutCurrentLayerTakesTheFirst) {
 TEST_F(LayerPaste, BeforeFillsAnEmptyConstruction) {
     Clip("XY");
     Add("");
-    PasteLayersBefore(project, desktop);
+    PasteLayersBefore(project, prompts);
     EXPECT_EQ(Names(), "XY");
     EXPECT_EQ(CurrentLayer(), 1);
 }
@@ -148,36 +148,36 @@ TEST_F(LayerPaste, OfSingleMaterialsBeforeComesOutReversed) {
     Add("");
     for (const char* name : {"A", "B", "C"}) {
         Clip(name);
-        PasteLayersBefore(project, desktop);
+        PasteLayersBefore(project, prompts);
     }
     EXPECT_EQ(Names(), "CBA");
 }
 
 TEST_F(LayerPaste, OfAnEmptyClipboardInsertsNothingAndKeepsMarksAndCurrentLayer) {
     Add("ABC");
-    for (void (*paste)(Project&, Desktop&) : {PasteLayers, PasteLayersBefore}) {
+    for (void (*paste)(Project&, Prompts&) : {PasteLayers, PasteLayersBefore}) {
         Mark(project, 1, {1, 3}, 2);
-        paste(project, desktop);
+        paste(project, prompts);
         EXPECT_EQ(Names(), "ABC");
         EXPECT_EQ(CurrentLayer(), 2);
         EXPECT_EQ(Marks(), (Layers{1, 3}));
         EXPECT_TRUE(project.changed);
         Mark(project, 1, {}, 0);
-        paste(project, desktop);
+        paste(project, prompts);
         EXPECT_EQ(CurrentLayer(), 0);
     }
     Add("");
-    PasteLayersBefore(project, desktop);
+    PasteLayersBefore(project, prompts);
     EXPECT_EQ(CurrentLayer(), 0);
 }
 
 TEST_F(LayerPaste, OfAUserMaterialMakesTheUserLibraryNeeded) {
     Clip("X");
     Add("A");
-    PasteLayers(project, desktop);
+    PasteLayers(project, prompts);
     EXPECT_FALSE(project.userLibraryNeeded);
     project.clipboard[1].library = userLibraryNumber;
-    PasteLayersBefore(project, desktop);
+    PasteLayersBefore(project, prompts);
     EXPECT_TRUE(project.userLibraryNeeded);
 }
 
@@ -185,7 +185,7 @@ TEST_F(LayerPaste, OfADroppedUserEntryNeedsNoUserLibrary) {
     Clip("XY");
     project.clipboard[2].library = userLibraryNumber;
     Add("ABCDEFGHIJKLMN");
-    PasteLayers(project, desktop);
+    PasteLayers(project, prompts);
     EXPECT_FALSE(project.userLibraryNeeded);
 }
 
@@ -194,7 +194,7 @@ TEST_F(LayerPaste, ClosesUpEmptySlotsFirst) {
     Add("ABCD");
     Current().layers.Edit(2) = Layer();
     Current().currentLayer = 4;
-    PasteLayers(project, desktop);
+    PasteLayers(project, prompts);
     EXPECT_EQ(Names(), "ACDX");
     EXPECT_EQ(Current().layers.HighestUsed(), 4);
     EXPECT_EQ(CurrentLayer(), 4);
@@ -207,7 +207,7 @@ TEST_F(LayerPaste, InsertsAtEveryPlaceOfEveryLength) {
             Clip("X");
             Add(letters);
             Click(at);
-            PasteLayersBefore(project, desktop);
+            PasteLayersBefore(project, prompts);
             std::string expected = letters;
             expected.insert(std::size_t(at) - 1, "X");
             EXPECT_EQ(Names(), expected);

@@ -46,7 +46,7 @@ TEST_F(MaterialClipboard, TakesFromTheShownLibrary) {
     EXPECT_EQ(project.clipboard[1].name, "MINE");
     EXPECT_EQ(project.clipboard[1].library, userLibraryNumber);
     Add("A");
-    PasteLayersBefore(project, desktop);
+    PasteLayersBefore(project, prompts);
     EXPECT_EQ(Names(), "MINEA");
     EXPECT_TRUE(project.userLibraryNeeded);
 }
@@ -59,7 +59,7 @@ TEST_F(MaterialClipboard, StaysAsItWasWithNoMaterialSelected) {
         EXPECT_EQ(ClipNames(), "XY");
     }
     project.dialogActive = true;
-    CopyLayers(project, desktop);
+    CopyLayers(project, prompts);
     EXPECT_EQ(ClipNames(), "XY");
 }
 
@@ -68,28 +68,28 @@ TEST_F(MaterialClipboard, EditCopyInTheDialogClearsEntryTwoOnlyAndKeepsTheAbsorp
     Clip("ABC");
     project.clipboard[1].absorption = 0.5F;
     project.dialogActive = true;
-    CopyLayers(project, desktop);
+    CopyLayers(project, prompts);
     EXPECT_EQ(ClipNames(), "BRICK.C");
     EXPECT_EQ(project.clipboard[1].absorption, 0.5F);
     EXPECT_EQ(project.clipboard[1].thickness, 0);
     project.dialogActive = false;
     Add("A");
-    PasteLayers(project, desktop);
+    PasteLayers(project, prompts);
     EXPECT_EQ(Names(), "ABRICKC");
 }
 
 TEST_F(MaterialClipboard, IsFilledFromTheDialogAlsoWithoutConstruction) {
     project.dialogActive = true;
-    CopyLayers(project, desktop);
+    CopyLayers(project, prompts);
     EXPECT_EQ(ClipNames(), "BRICK");
-    EXPECT_EQ(desktop.Count("Beep"), 0);
+    EXPECT_EQ(prompts.Count("Beep"), 0);
 }
 
 TEST_F(MaterialClipboard, IsFilledEvenWhenTheConstructionIsFull) {
     Add("ABCDEFGHIJKLMNO");
     EXPECT_TRUE(TakeMaterial(project));
-    PasteLayersBefore(project, desktop);
-    EXPECT_EQ(desktop.calls, std::vector<std::string>{"Beep"});
+    PasteLayersBefore(project, prompts);
+    EXPECT_EQ(prompts.calls, std::vector<std::string>{"Beep"});
     EXPECT_EQ(ClipNames(), "BRICK");
     EXPECT_FALSE(project.changed);
 }
@@ -106,7 +106,7 @@ TEST_F(MaterialClipboard, IsKeptWhenTheCodeFitsNoLayer) {
         project.standardLibrary[1].code = code;
         EXPECT_THROW(TakeMaterial(project), RuntimeError);
         project.dialogActive = true;
-        EXPECT_THROW(CopyLayers(project, desktop), RuntimeError);
+        EXPECT_THROW(CopyLayers(project, prompts), RuntimeError);
         EXPECT_EQ(ClipNames(), "XY");
     }
 }

@@ -1,6 +1,6 @@
 #include "edit/MaterialList.h"
 
-#include "support/ScriptedDesktop.h"
+#include "support/ScriptedPrompts.h"
 
 #include <gtest/gtest.h>
 
@@ -66,7 +66,7 @@ protected:
         project.standardLibraryFile = "std.lby";
         project.userLibraryFile = "mine.lby";
     }
-    ScriptedDesktop desktop;
+    ScriptedPrompts prompts;
     Project project;
 };
 
@@ -87,17 +87,17 @@ TEST_F(MaterialListTest, IsCaptionedWithTheShownLibrary) {
 
 TEST_F(MaterialListTest, HasNothingSelectedAfterARefresh) {
     project.selectedMaterial = 2;
-    RefreshMaterialList(project, desktop);
+    RefreshMaterialList(project, prompts);
     EXPECT_EQ(project.selectedMaterial, 0);
-    EXPECT_EQ(desktop.calls, std::vector<std::string>{"RefreshMaterialList"});
+    EXPECT_EQ(prompts.calls, std::vector<std::string>{"RefreshMaterialList"});
 }
 
 TEST_F(MaterialListTest, ShowsALibraryWithItsOptionMarked) {
-    ShowLibrary(project, userLibraryNumber, desktop);
+    ShowLibrary(project, userLibraryNumber, prompts);
     EXPECT_EQ(project.shownLibrary, 2);
-    ShowLibrary(project, standardLibraryNumber, desktop);
+    ShowLibrary(project, standardLibraryNumber, prompts);
     EXPECT_EQ(project.shownLibrary, 1);
-    EXPECT_EQ(desktop.calls, (std::vector<std::string>{"SelectOption 1", "RefreshMaterialList",
+    EXPECT_EQ(prompts.calls, (std::vector<std::string>{"SelectOption 1", "RefreshMaterialList",
                                                        "SelectOption 0", "RefreshMaterialList"}));
 }
 

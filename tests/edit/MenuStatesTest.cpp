@@ -43,7 +43,7 @@ TEST_F(EditMenuTest, OffersPasteByTheFirstClipboardEntryAlone) {
 TEST_F(EditMenuTest, OffersPasteOnlyAfterEverythingWasCut) {
     Add("A");
     Click(1);
-    CutLayers(project, desktop);
+    CutLayers(project, prompts);
     EXPECT_EQ(Enabled(" 1"), "PB");
 }
 
@@ -57,7 +57,7 @@ TEST_F(EditMenuTest, OffersCopyByTheCurrentLayerWhateverIsMarked) {
 
 TEST_F(EditMenuTest, OffersCopyInAnEmptyConstructionThatWasRead) {
     Add("");
-    RelinkLayers(project, desktop);
+    RelinkLayers(project, prompts);
     EXPECT_EQ(Enabled(" 1"), "COD");
 }
 

@@ -6,7 +6,7 @@ namespace {
 
 class ThicknessEntry : public EditTest {
 protected:
-    EntryResult Enter(std::string_view text) { return EnterThickness(project, 1, text, desktop); }
+    EntryResult Enter(std::string_view text) { return EnterThickness(project, 1, text, prompts); }
     double Stored(int layer) const { return project.constructions[1].layers[layer].thickness; }
     LayerListView View() const { return ViewLayerList(project.constructions[1]); }
 };
@@ -25,7 +25,7 @@ TEST_F(ThicknessEntry, StoresAndMovesOnToTheNextLayerMarkingItAlone) {
     EXPECT_EQ(View().conName, "B");
     EXPECT_TRUE(project.changed);
     EXPECT_TRUE(Current().window.edited);
-    EXPECT_EQ(desktop.calls, std::vector<std::string>{"Refresh 1"});
+    EXPECT_EQ(prompts.calls, std::vector<std::string>{"Refresh 1"});
 }
 
 TEST_F(ThicknessEntry, OnTheLastLineStaysThereAndMarksNothing) {
@@ -61,14 +61,14 @@ TEST_P(ThicknessEntryRow, IsCheckedAndStored) {
     Add("A");
     Current().layers.Edit(1).conductivity = row.conductivity;
     if (row.answer != Answer::ok)
-        desktop.Answers(row.answer);
+        prompts.Answers(row.answer);
     EXPECT_EQ(Enter(row.text), row.result);
     EXPECT_EQ(Stored(1), row.stored);
     EXPECT_EQ(project.changed, row.result == EntryResult::accepted);
     EXPECT_EQ(Current().window.edited, row.result == EntryResult::accepted);
     const std::vector<std::string> expected(row.message != nullptr ? 1 : 0,
                                             row.message != nullptr ? row.message : "");
-    EXPECT_EQ(desktop.Texts(), expected);
+    EXPECT_EQ(prompts.Texts(), expected);
 }
 
 constexpr char tooThin[] = "Thickness is set to less than 1";
@@ -105,12 +105,12 @@ INSTANTIATE_TEST_SUITE_P(Values, ThicknessEntryRow, testing::ValuesIn(rows),
 
 TEST_F(ThicknessEntry, WarnsWithItsTitles) {
     Add("A");
-    desktop.Answers(Answer::no);
+    prompts.Answers(Answer::no);
     Enter("0");
     Enter("1001");
-    ASSERT_EQ(desktop.messages.size(), 2U);
-    EXPECT_EQ(desktop.messages[0], (Message{tooThin, "Thickness error"}));
-    EXPECT_EQ(desktop.messages[1], YesNoQuestion(tooThick, "Thickness warning", Answer::no));
+    ASSERT_EQ(prompts.messages.size(), 2U);
+    EXPECT_EQ(prompts.messages[0], (Message{tooThin, "Thickness error"}));
+    EXPECT_EQ(prompts.messages[1], YesNoQuestion(tooThick, "Thickness warning", Answer::no));
 }
 
 TEST_F(ThicknessEntry, RefusedKeepsTheCurrentLayerAndMarks) {
@@ -119,7 +119,7 @@ TEST_F(ThicknessEntry, RefusedKeepsTheCurrentLayerAndMarks) {
     Enter("0");
     EXPECT_EQ(CurrentLayer(), 1);
     EXPECT_EQ(Marks(), Layers{1});
-    EXPECT_EQ(desktop.Count("Refresh 1"), 0);
+    EXPECT_EQ(prompts.Count("Refresh 1"), 0);
 }
 
 TEST_F(ThicknessEntry, DoesNothingWithoutLayers) {
@@ -128,7 +128,7 @@ TEST_F(ThicknessEntry, DoesNothingWithoutLayers) {
     Current().currentLayer = 1;
     EXPECT_EQ(Enter("105"), EntryResult::nothing);
     EXPECT_FALSE(project.changed);
-    EXPECT_TRUE(desktop.calls.empty());
+    EXPECT_TRUE(prompts.calls.empty());
 }
 
 TEST_F(ThicknessEntry, DoesNothingInAWindowThatIsNoConstruction) {
@@ -156,7 +156,7 @@ TEST_F(ThicknessEntry, RefusedInAConstructionWithAGapLeavesEverythingAsItIsShown
     Current().layers.Edit(1) = Layer();
     Click(2);
     const std::string result = View().result;
-    desktop.Answers(Answer::no);
+    prompts.Answers(Answer::no);
     for (const char* text : {"0", "1500", "1e39"}) {
         EXPECT_EQ(Enter(text), EntryResult::refused);
         EXPECT_EQ(View().result, result) << "the window is not shown anew";
@@ -172,7 +172,7 @@ TEST_F(ThicknessEntry, RefusedInAConstructionWithAGapLeavesEverythingAsItIsShown
 TEST_F(ThicknessEntry, OfTheShownTextStoresTheRoundedValue) {
     Add("A");
     Current().layers.Edit(1).thickness = 12.5;
-    RefreshLayerList(project, 1, desktop);
+    RefreshLayerList(project, 1, prompts);
     const std::string shown = View().editThick;
     EXPECT_EQ(shown, "13");
     Enter(shown);

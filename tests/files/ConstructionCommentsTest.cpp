@@ -11,14 +11,14 @@ using testing::IsEmpty;
 
 class ConstructionComments : public testing::Test {
 protected:
-    ConstructionComments() : project(StartedProject(desktop)) {}
+    ConstructionComments() : project(StartedProject(prompts)) {}
 
     const Comments& Parse(std::string_view text) {
-        ParseText(text, project, desktop);
+        ParseText(text, project, prompts);
         return project.comments;
     }
 
-    ScriptedDesktop desktop;
+    ScriptedPrompts prompts;
     Project project;
 };
 

@@ -8,9 +8,9 @@ namespace {
 
 class ConstructionParser : public testing::Test {
 protected:
-    ConstructionParser() : project(StartedProject(desktop)) {}
+    ConstructionParser() : project(StartedProject(prompts)) {}
 
-    ParsedFile Parse(std::string_view text) { return ParseText(text, project, desktop); }
+    ParsedFile Parse(std::string_view text) { return ParseText(text, project, prompts); }
 
     int Failure(std::string_view text) {
         try {
@@ -23,7 +23,7 @@ protected:
 
     const Construction& First() { return project.constructions[1]; }
 
-    ScriptedDesktop desktop;
+    ScriptedPrompts prompts;
     Project project;
 };
 
@@ -40,7 +40,7 @@ TEST_F(ConstructionParser, ReadsAConstruction) {
     EXPECT_EQ(First().type, opaqueType);
     EXPECT_EQ(LayerNames(project, 1), "12");
     EXPECT_EQ(First().currentLayer, 2);
-    EXPECT_EQ(desktop.Count("Open 1"), 1);
+    EXPECT_EQ(prompts.Count("Open 1"), 1);
 }
 
 TEST_F(ConstructionParser, ReadsLinesWithAnyBlanksAndLineEnds) {
@@ -182,7 +182,7 @@ TEST_F(ConstructionParser, HasMadeTheConstructionWhoseNameBreaksOff) {
 }
 
 TEST_F(ConstructionParser, ReportsTheProgressOfALongFile) {
-    struct Counting : ScriptedDesktop {
+    struct Counting : ScriptedPrompts {
         void ShowProgress(std::size_t done, std::size_t total) override {
             ++reports;
             last = done;

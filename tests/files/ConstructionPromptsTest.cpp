@@ -1,7 +1,7 @@
 #include "files/ConstructionPrompts.h"
 
 #include "model/Project.h"
-#include "support/ScriptedDesktop.h"
+#include "support/ScriptedPrompts.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -12,11 +12,11 @@ namespace {
 using testing::ElementsAre;
 
 TEST(ConstructionPrompts, GiveTheChosenPath) {
-    ScriptedDesktop desktop;
-    desktop.OpensFile("/a b/in.con").SavesFile("out \xe9.con");
-    EXPECT_EQ(PromptConstructionFile(desktop), "/a b/in.con");
-    EXPECT_EQ(PromptSaveConstructionFile(desktop), "out \xe9.con");
-    EXPECT_THAT(desktop.prompts,
+    ScriptedPrompts prompts;
+    prompts.OpensFile("/a b/in.con").SavesFile("out \xe9.con");
+    EXPECT_EQ(PromptConstructionFile(prompts), "/a b/in.con");
+    EXPECT_EQ(PromptSaveConstructionFile(prompts), "out \xe9.con");
+    EXPECT_THAT(prompts.filePrompts,
                 ElementsAre(FilePrompt{"Open Construction file", "Construction Files (*.con)|*.con",
                                        "", "CON"},
                             FilePrompt{"Save Construction file as ",
@@ -24,10 +24,10 @@ TEST(ConstructionPrompts, GiveTheChosenPath) {
 }
 
 TEST(ConstructionPrompts, GiveASingleBlankForACancel) {
-    ScriptedDesktop desktop;
-    desktop.OpensFile("").SavesFile("");
-    EXPECT_EQ(PromptConstructionFile(desktop), singleBlank);
-    EXPECT_EQ(PromptSaveConstructionFile(desktop), singleBlank);
+    ScriptedPrompts prompts;
+    prompts.OpensFile("").SavesFile("");
+    EXPECT_EQ(PromptConstructionFile(prompts), singleBlank);
+    EXPECT_EQ(PromptSaveConstructionFile(prompts), singleBlank);
 }
 
 } // namespace

@@ -11,7 +11,7 @@ namespace {
 
 class ConstructionWriter : public testing::Test {
 protected:
-    ConstructionWriter() : project(StartedProject(desktop)) {
+    ConstructionWriter() : project(StartedProject(prompts)) {
         project.standardLibraryFile = "stdmat.lby";
     }
 
@@ -23,12 +23,12 @@ protected:
     }
 
     Layer& AddLayer(const std::string& name) {
-        AddConstruction(project, desktop, {name});
+        AddConstruction(project, prompts, {name});
         project.constructions[1].name = "Wall";
         return project.constructions[1].layers.Edit(1);
     }
 
-    ScriptedDesktop desktop;
+    ScriptedPrompts prompts;
     Project project;
 };
 
@@ -124,13 +124,13 @@ TEST_F(ConstructionWriter, RoundsTheThicknessHalfAwayFromZero) {
 }
 
 TEST_F(ConstructionWriter, NumbersPartLinesBySlotAndLeavesOutEmptyOnes) {
-    AddConstruction(project, desktop, {"A", "", "C"});
+    AddConstruction(project, prompts, {"A", "", "C"});
     const std::string bytes = FormatConstructionFile(project);
     EXPECT_NE(bytes.find("* A\r\n_ 3 =       3 "), std::string::npos) << bytes;
 }
 
 TEST_F(ConstructionWriter, WritesAConstructionWithoutLayers) {
-    AddConstruction(project, desktop, {});
+    AddConstruction(project, prompts, {});
     project.constructions[1].name = "Empty";
     EXPECT_EQ(FormatConstructionFile(project),
               Lines({"!MATERIALS FILE = 'stdmat.lby'", "", "!CONSTRUCTION 'Empty'", "!TYPE OPAQUE",
@@ -139,8 +139,8 @@ TEST_F(ConstructionWriter, WritesAConstructionWithoutLayers) {
 
 TEST_F(ConstructionWriter, WritesNoSectionForARemovedConstruction) {
     for (const char* name : {"A", "B", "C"})
-        project.constructions[AddConstruction(project, desktop, {})].name = name;
-    RemoveConstruction(project, 2, desktop);
+        project.constructions[AddConstruction(project, prompts, {})].name = name;
+    RemoveConstruction(project, 2, prompts);
     const std::string bytes = FormatConstructionFile(project);
     EXPECT_EQ(bytes, Lines({"!MATERIALS FILE = 'stdmat.lby'", "", "!CONSTRUCTION 'A'",
                             "!TYPE OPAQUE", "!PARTS", "!END", "", "!CONSTRUCTION 'C'",
@@ -149,7 +149,7 @@ TEST_F(ConstructionWriter, WritesNoSectionForARemovedConstruction) {
 }
 
 TEST_F(ConstructionWriter, WritesEveryCommentBehindTheLineOfItsSection) {
-    AddConstruction(project, desktop, {});
+    AddConstruction(project, prompts, {});
     project.constructions[1].name = "A";
     AddGlassType(project, "G");
     project.comments.fileHead = {" head", ""};

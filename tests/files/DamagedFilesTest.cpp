@@ -46,10 +46,10 @@ TEST(DamagedFiles, EndInAUserLibraryOrANumberedFailure) {
 }
 
 TEST(DamagedFiles, EndInImportedGlassTypesOrANumberedFailure) {
-    ScriptedDesktop desktop;
+    ScriptedPrompts prompts;
     const std::string sample = SourceFile("data/examples/house.con");
     ReadDamaged(sample, 500, [&](const std::string& bytes) {
-        Project project = StartedProject(desktop);
+        Project project = StartedProject(prompts);
         EXPECT_TRUE(ParseGlassDefinitions(bytes, project));
         for (const GlassType& type : project.glassTypes)
             EXPECT_EQ(type.name.find('\''), std::string::npos);
@@ -58,19 +58,19 @@ TEST(DamagedFiles, EndInImportedGlassTypesOrANumberedFailure) {
 
 /// What is written after reading the bytes, comments apart.
 std::string Rewritten(const std::string& bytes, const std::string& standardLibraryFile) {
-    ScriptedDesktop desktop;
-    Project project = StartedProject(desktop);
+    ScriptedPrompts prompts;
+    Project project = StartedProject(prompts);
     project.standardLibraryFile = standardLibraryFile;
-    ParseText(bytes, project, desktop);
+    ParseText(bytes, project, prompts);
     project.comments = Comments();
     return FormatConstructionFile(project);
 }
 
 TEST(DamagedFiles, EndInAProjectThatSurvivesSavingAndReadingOrANumberedFailure) {
     ReadDamaged(SourceFile("data/examples/house.con"), 500, [](const std::string& bytes) {
-        ScriptedDesktop desktop;
-        Project project = StartedProject(desktop);
-        ParseText(bytes, project, desktop);
+        ScriptedPrompts prompts;
+        Project project = StartedProject(prompts);
+        ParseText(bytes, project, prompts);
         for (const Construction& construction : project.constructions)
             EXPECT_EQ(LayerCount(construction), construction.layers.HighestUsed());
         project.comments = Comments();

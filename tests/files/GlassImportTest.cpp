@@ -15,23 +15,23 @@ using testing::IsEmpty;
 
 class GlassImport : public testing::Test {
 protected:
-    GlassImport() : project(StartedProject(desktop)) { desktop.calls.clear(); }
+    GlassImport() : project(StartedProject(prompts)) { prompts.calls.clear(); }
 
     void Import(std::string_view text) {
         folder.Write("from.con", text);
-        desktop.OpensFile("from.con");
-        ImportGlassDefinitions(project, desktop);
+        prompts.OpensFile("from.con");
+        ImportGlassDefinitions(project, prompts);
     }
 
     TemporaryFolder folder;
-    ScriptedDesktop desktop;
+    ScriptedPrompts prompts;
     Project project;
 };
 
 TEST_F(GlassImport, AsksWithTheConstructionFilePrompt) {
-    desktop.OpensFile("");
-    ImportGlassDefinitions(project, desktop);
-    EXPECT_THAT(desktop.prompts,
+    prompts.OpensFile("");
+    ImportGlassDefinitions(project, prompts);
+    EXPECT_THAT(prompts.filePrompts,
                 ElementsAre(FilePrompt{"Open Construction file", "Construction Files (*.con)|*.con",
                                        "", "CON"}));
     EXPECT_FALSE(project.changed) << "cancelled";
@@ -44,7 +44,7 @@ TEST_F(GlassImport, AddsTypesWhoseNamesAreThereAlready) {
     EXPECT_EQ(project.glassTypes[1].transmission[1], 0);
     EXPECT_EQ(project.glassTypes[3].transmission[1], 2);
     EXPECT_TRUE(project.changed);
-    EXPECT_THAT(desktop.calls, ElementsAre("AskOpen Open Construction file"))
+    EXPECT_THAT(prompts.calls, ElementsAre("AskOpen Open Construction file"))
         << "nothing on screen is refreshed";
 }
 
@@ -53,8 +53,8 @@ TEST_F(GlassImport, FillsTheSlotOfADeletedTypeFirst) {
         AddGlassType(project, name);
     project.glassTypes[2].hasDiffusion = true;
     project.glassTypes[2].transmission[11] = 9;
-    desktop.Answers(Answer::yes);
-    DeleteGlassType(project, "B", desktop);
+    prompts.Answers(Answer::yes);
+    DeleteGlassType(project, "B", prompts);
     Import("!WINDOW = 'X'\n!TRANS\n1\n!WINDOW = 'Y'\n");
     EXPECT_THAT(GlassTypeNames(project), ElementsAre("A", "X", "C", "Y"));
     EXPECT_EQ(project.glassTypes[2].transmission[11], 0);
@@ -142,9 +142,9 @@ TEST_P(GlassImportFailure, IsReportedOnceAndAsksForNoOtherFile) {
     folder.Write("none.con", "!WINDOW A\n");
     folder.Write("folder/x", "");
     MakeSocket("socket");
-    desktop.OpensFile(GetParam().file);
-    ImportGlassDefinitions(project, desktop);
-    EXPECT_THAT(desktop.messages, ElementsAre(Message{GetParam().message, ""}));
+    prompts.OpensFile(GetParam().file);
+    ImportGlassDefinitions(project, prompts);
+    EXPECT_THAT(prompts.messages, ElementsAre(Message{GetParam().message, ""}));
     EXPECT_FALSE(project.changed);
 }
 
@@ -158,14 +158,14 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_F(GlassImport, KeepsTheTypesAddedBeforeAFailure) {
     Import("!WINDOW = 'A'\n!WINDOW = 'NO END\n");
-    EXPECT_THAT(desktop.Texts(), ElementsAre("Construction file (g) is incorrect version"));
+    EXPECT_THAT(prompts.Texts(), ElementsAre("Construction file (g) is incorrect version"));
     EXPECT_THAT(GlassTypeNames(project), ElementsAre("A"));
     EXPECT_TRUE(project.changed);
 }
 
 TEST_F(GlassImport, KeepsTwoDimensionalTypesAddedBeforeAFailureToo) {
     Import("!WINDOW 2D = 'H'\n!TRANS\n1e39\n");
-    EXPECT_THAT(desktop.Texts(), ElementsAre("Construction (g) file error  6 occurred."));
+    EXPECT_THAT(prompts.Texts(), ElementsAre("Construction (g) file error  6 occurred."));
     EXPECT_EQ(project.glassTypes2D[1].name, "H");
     EXPECT_TRUE(project.changed);
 }
@@ -173,7 +173,7 @@ TEST_F(GlassImport, KeepsTwoDimensionalTypesAddedBeforeAFailureToo) {
 TEST_F(GlassImport, LeavesAnEarlierChangeMarkedAfterAFailure) {
     project.changed = true;
     Import("!WINDOW\n");
-    EXPECT_EQ(desktop.messages.size(), 1U);
+    EXPECT_EQ(prompts.messages.size(), 1U);
     EXPECT_TRUE(project.changed);
 }
 

@@ -13,13 +13,13 @@ using testing::ElementsAre;
 
 class GlassSection : public testing::Test {
 protected:
-    GlassSection() : project(StartedProject(desktop)) {}
+    GlassSection() : project(StartedProject(prompts)) {}
 
-    void Parse(std::string_view text) { ParseText(text, project, desktop); }
+    void Parse(std::string_view text) { ParseText(text, project, prompts); }
     const GlassType& First() { return project.glassTypes[1]; }
     const GlassType2D& First2D() { return project.glassTypes2D[1]; }
 
-    ScriptedDesktop desktop;
+    ScriptedPrompts prompts;
     Project project;
 };
 

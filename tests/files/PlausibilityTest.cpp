@@ -153,13 +153,13 @@ TEST(MaterialPlausibility, RaisesNoFalseAlarmForPublishedMaterials) {
 /// A project whose standard library holds the brick of each wall.
 class Plausibility : public testing::Test {
 protected:
-    Plausibility() : project(StartedProject(desktop)) {
+    Plausibility() : project(StartedProject(prompts)) {
         project.standardLibrary[1] = {1, "BRICK", 0.5, 1000, 1000};
         project.standardLibrary[2].name = endOfLibrary;
     }
 
     Layer& AddWall() {
-        const int number = AddConstruction(project, desktop, {"BRICK"});
+        const int number = AddConstruction(project, prompts, {"BRICK"});
         Layer& layer = project.constructions[number].layers.Edit(1);
         layer.density = 1000;
         layer.specificHeat = 1000;
@@ -182,7 +182,7 @@ protected:
         return told;
     }
 
-    ScriptedDesktop desktop;
+    ScriptedPrompts prompts;
     Project project;
 };
 

@@ -23,11 +23,11 @@ std::string EveryByte() {
 /// A project with something in every field that a snapshot holds.
 class ProjectSnapshot : public testing::Test {
 protected:
-    ProjectSnapshot() : project(StartedProject(desktop)) {
-        AddConstruction(project, desktop, {"BRICK", "PLASTER"});
-        AddConstruction(project, desktop, {"BLOCK"});
-        AddConstruction(project, desktop, {});
-        RemoveConstruction(project, 2, desktop);
+    ProjectSnapshot() : project(StartedProject(prompts)) {
+        AddConstruction(project, prompts, {"BRICK", "PLASTER"});
+        AddConstruction(project, prompts, {"BLOCK"});
+        AddConstruction(project, prompts, {});
+        RemoveConstruction(project, 2, prompts);
         FillConstruction(project.constructions[1]);
         AddGlassType(project, "CLEAR/4 " + EveryByte());
         AddGlassType(project, "TINTED");
@@ -96,7 +96,7 @@ protected:
 
     std::string Bytes() const { return WriteSnapshot(project, head); }
 
-    ScriptedDesktop desktop;
+    ScriptedPrompts prompts;
     Project project;
     const SnapshotHead head = {1700000000, "/home/of \xFF/wall.con", "/lib/stdmat.lby",
                                "/lib/user.lby", 0x8000000000000001U};
@@ -212,7 +212,7 @@ TEST_F(ProjectSnapshot, ContentDiffersForEachEditThatAFileWouldShow) {
         [](Project& edited) { edited.constructions[3].type = transparentType; },
         [](Project& edited) { edited.constructions[1].layers.Edit(1).absorption = 0.2F; },
         [](Project& edited) { edited.constructions[1].layers.Edit(2).thickness += 1e-9; },
-        [this](Project& edited) { RemoveConstruction(edited, 3, desktop); },
+        [this](Project& edited) { RemoveConstruction(edited, 3, prompts); },
         [](Project& edited) { edited.glassTypes[1].diffusion[11] += 0.01F; },
         [](Project& edited) { edited.glassTypes2D[1].name.clear(); },
         [](Project& edited) { edited.comments.fileHead.pop_back(); },

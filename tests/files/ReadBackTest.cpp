@@ -22,12 +22,12 @@ struct NameCase {
 class NamesInFiles : public testing::TestWithParam<NameCase> {};
 
 TEST_P(NamesInFiles, AreListedWhenTheyWouldNotComeBack) {
-    ScriptedDesktop desktop;
-    Project constructions = StartedProject(desktop);
-    constructions.constructions[AddConstruction(constructions, desktop, {"A"})].name =
+    ScriptedPrompts prompts;
+    Project constructions = StartedProject(prompts);
+    constructions.constructions[AddConstruction(constructions, prompts, {"A"})].name =
         GetParam().name;
     EXPECT_EQ(UnreadableNames(constructions).empty(), GetParam().construction);
-    Project glass = StartedProject(desktop);
+    Project glass = StartedProject(prompts);
     AddGlassType(glass, GetParam().name);
     EXPECT_EQ(UnreadableNames(glass).empty(), GetParam().glass);
 }
@@ -50,8 +50,8 @@ INSTANTIATE_TEST_SUITE_P(All, NamesInFiles,
                          [](const auto& row) { return row.param.label; });
 
 TEST(UnreadableNames, ListsLibraryPathsThatWouldBeCut) {
-    ScriptedDesktop desktop;
-    Project project = StartedProject(desktop);
+    ScriptedPrompts prompts;
+    Project project = StartedProject(prompts);
     project.standardLibraryFile = "/home/o'neill/stdmat.lby";
     project.userLibraryFile = "/tmp/a*b.lby";
     EXPECT_THAT(UnreadableNames(project), ElementsAre("/home/o'neill/stdmat.lby"));
@@ -60,8 +60,8 @@ TEST(UnreadableNames, ListsLibraryPathsThatWouldBeCut) {
 }
 
 TEST(UnreadableNames, TakesTwoDimensionalTypesForWhatTheyAre) {
-    ScriptedDesktop desktop;
-    Project project = StartedProject(desktop);
+    ScriptedPrompts prompts;
+    Project project = StartedProject(prompts);
     AddGlassType2D(project, "Blind 2D");
     EXPECT_THAT(UnreadableNames(project), IsEmpty());
     AddGlassType2D(project, "Blind / 2D");
@@ -70,26 +70,26 @@ TEST(UnreadableNames, TakesTwoDimensionalTypesForWhatTheyAre) {
 }
 
 TEST(UnreadableNames, LeavesOutRemovedConstructions) {
-    ScriptedDesktop desktop;
-    Project project = StartedProject(desktop);
-    const int number = AddConstruction(project, desktop, {"A"});
+    ScriptedPrompts prompts;
+    Project project = StartedProject(prompts);
+    const int number = AddConstruction(project, prompts, {"A"});
     project.constructions[number].name = "it's";
     project.constructions[number].window.open = false;
     EXPECT_THAT(UnreadableNames(project), IsEmpty());
 }
 
 TEST(SaveCheck, AsksAboutNamesLastAndInTheSameForm) {
-    ScriptedDesktop desktop;
-    Project project = StartedProject(desktop);
-    const int number = AddConstruction(project, desktop, {"A"});
+    ScriptedPrompts prompts;
+    Project project = StartedProject(prompts);
+    const int number = AddConstruction(project, prompts, {"A"});
     project.constructions[number].name = "it's";
-    desktop.Answers(Answer::no);
-    EXPECT_FALSE(CheckBeforeSave(project, desktop));
-    ASSERT_EQ(desktop.messages.size(), 1U);
-    EXPECT_EQ(desktop.messages[0].text,
+    prompts.Answers(Answer::no);
+    EXPECT_FALSE(CheckBeforeSave(project, prompts));
+    ASSERT_EQ(prompts.messages.size(), 1U);
+    EXPECT_EQ(prompts.messages[0].text,
               "The following name(s) cannot be read back from a construction file\r\rit's\r\r"
               "Do you wish to save anyway?\r");
-    EXPECT_EQ(desktop.messages[0].title, "Name error");
+    EXPECT_EQ(prompts.messages[0].title, "Name error");
 }
 
 } // namespace

@@ -14,9 +14,9 @@ using testing::IsEmpty;
 
 class SaveChecks : public testing::Test {
 protected:
-    SaveChecks() : project(StartedProject(desktop)) {
+    SaveChecks() : project(StartedProject(prompts)) {
         for (const char* name : {"One", "Two", "Three"})
-            project.constructions[AddConstruction(project, desktop, {"A", "B"})].name = name;
+            project.constructions[AddConstruction(project, prompts, {"A", "B"})].name = name;
     }
 
     void MakeTransparent(int number, float absorption) {
@@ -24,52 +24,52 @@ protected:
         project.constructions[number].layers.Edit(2).absorption = absorption;
     }
 
-    ScriptedDesktop desktop;
+    ScriptedPrompts prompts;
     Project project;
 };
 
 TEST_F(SaveChecks, PassSilentlyWhereNothingIsFound) {
-    EXPECT_TRUE(CheckBeforeSave(project, desktop));
-    EXPECT_TRUE(desktop.messages.empty());
+    EXPECT_TRUE(CheckBeforeSave(project, prompts));
+    EXPECT_TRUE(prompts.messages.empty());
 }
 
 TEST_F(SaveChecks, NameTheConstructionsWithAZeroThickness) {
     project.constructions[1].layers.Edit(2).thickness = 0;
     project.constructions[3].layers.Edit(1).thickness = 0;
-    desktop.Answers(Answer::yes);
-    EXPECT_TRUE(CheckBeforeSave(project, desktop));
+    prompts.Answers(Answer::yes);
+    EXPECT_TRUE(CheckBeforeSave(project, prompts));
     const Message question = {
         "The following construction(s) have at least one zero thickness\r\rOne\rThree\r\r"
         "Do you wish to save anyway?\r",
         "Zero thickness error", Buttons::yesNo, Icon::question};
-    EXPECT_THAT(desktop.messages, ElementsAre(question));
+    EXPECT_THAT(prompts.messages, ElementsAre(question));
 }
 
 TEST_F(SaveChecks, NameTheTransparentConstructionsWithoutAbsorption) {
     MakeTransparent(1, 0.5F);
     MakeTransparent(2, 0);
-    desktop.Answers(Answer::yes);
-    EXPECT_TRUE(CheckBeforeSave(project, desktop));
+    prompts.Answers(Answer::yes);
+    EXPECT_TRUE(CheckBeforeSave(project, prompts));
     const Message question = {
         "The following construction(s) have a total absorption equal to zero\r\rTwo\r\r"
         "Do you wish to save anyway?\r",
         "Zero absorption error", Buttons::yesNo, Icon::question};
-    EXPECT_THAT(desktop.messages, ElementsAre(question));
+    EXPECT_THAT(prompts.messages, ElementsAre(question));
 }
 
 TEST_F(SaveChecks, StopAtTheFirstNo) {
     project.constructions[1].layers.Edit(2).thickness = 0;
     MakeTransparent(2, 0);
-    desktop.Answers(Answer::no);
-    EXPECT_FALSE(CheckBeforeSave(project, desktop));
-    EXPECT_EQ(desktop.messages.size(), 1U);
+    prompts.Answers(Answer::no);
+    EXPECT_FALSE(CheckBeforeSave(project, prompts));
+    EXPECT_EQ(prompts.messages.size(), 1U);
 }
 
 TEST_F(SaveChecks, StopAtTheSecondNo) {
     project.constructions[1].layers.Edit(2).thickness = 0;
     MakeTransparent(2, 0);
-    desktop.Answers(Answer::yes).Answers(Answer::no);
-    EXPECT_FALSE(CheckBeforeSave(project, desktop));
+    prompts.Answers(Answer::yes).Answers(Answer::no);
+    EXPECT_FALSE(CheckBeforeSave(project, prompts));
 }
 
 TEST_F(SaveChecks, NeverFindAnOpaqueConstructionWithoutAbsorption) {
@@ -86,21 +86,21 @@ TEST_F(SaveChecks, LeaveOutConstructionsWhoseFirstSlotIsEmpty) {
     project.constructions[1].layers.Edit(1).name.clear();
     project.constructions[1].layers.Edit(2).thickness = 0;
     MakeTransparent(1, 0);
-    EXPECT_TRUE(CheckBeforeSave(project, desktop));
+    EXPECT_TRUE(CheckBeforeSave(project, prompts));
 }
 
 TEST_F(SaveChecks, LeaveOutEmptySlotsAndRemovedConstructions) {
     project.constructions[1].layers.Edit(2).name.clear();
     project.constructions[1].layers.Edit(2).thickness = 0;
     project.constructions[2].layers.Edit(2).thickness = 0;
-    RemoveConstruction(project, 2, desktop);
+    RemoveConstruction(project, 2, prompts);
     EXPECT_THAT(ZeroThicknessConstructions(project), IsEmpty());
 }
 
 TEST_F(SaveChecks, FindAnEmptyConstructionNeither) {
-    MakeTransparent(AddConstruction(project, desktop, {"A"}), 0);
+    MakeTransparent(AddConstruction(project, prompts, {"A"}), 0);
     project.constructions[4].layers.ClearFrom(1);
-    EXPECT_TRUE(CheckBeforeSave(project, desktop));
+    EXPECT_TRUE(CheckBeforeSave(project, prompts));
 }
 
 } // namespace

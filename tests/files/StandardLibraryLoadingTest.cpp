@@ -13,16 +13,16 @@ using testing::ElementsAre;
 /// A project whose standard library holds the three sample materials, in a folder of its own.
 class StandardLibraryLoading : public testing::Test {
 protected:
-    StandardLibraryLoading() : project(StartedProject(desktop)) {
+    StandardLibraryLoading() : project(StartedProject(prompts)) {
         folder.Write("stdmat.lby", standardLibraryBytes);
         project.standardLibraryFile = "stdmat.lby";
-        LoadStandardLibrary(project, desktop);
-        desktop.calls.clear();
+        LoadStandardLibrary(project, prompts);
+        prompts.calls.clear();
     }
 
     LibraryLoad Load(const std::string& name) {
         project.standardLibraryFile = name;
-        return LoadStandardLibrary(project, desktop);
+        return LoadStandardLibrary(project, prompts);
     }
 
     void ExpectLibraryKept() {
@@ -31,7 +31,7 @@ protected:
     }
 
     TemporaryFolder folder;
-    ScriptedDesktop desktop;
+    ScriptedPrompts prompts;
     Project project;
 };
 
@@ -43,7 +43,7 @@ TEST_F(StandardLibraryLoading, LoadsTheFileNamed) {
     EXPECT_EQ(project.standardLibraryFile, "other.lby");
     EXPECT_EQ(MaterialCount(project.standardLibrary), 7);
     EXPECT_EQ(project.standardLibrary[1].name, "X");
-    EXPECT_TRUE(desktop.calls.empty());
+    EXPECT_TRUE(prompts.calls.empty());
 }
 
 TEST_F(StandardLibraryLoading, TakesTheRememberedDefaultForASingleBlank) {
@@ -55,19 +55,19 @@ TEST_F(StandardLibraryLoading, TakesTheRememberedDefaultForASingleBlank) {
 
 TEST_F(StandardLibraryLoading, AsksWhereThereIsNoName) {
     folder.Write("chosen.lby", "5'X' 1 2 3");
-    desktop.OpensFile("chosen.lby");
+    prompts.OpensFile("chosen.lby");
     EXPECT_EQ(Load(""), LibraryLoad::loaded);
     EXPECT_EQ(project.standardLibraryFile, "chosen.lby");
     const FilePrompt prompt = {"Open standard material file", "Material Files (*.lby)|*.lby", "",
                                "LBY"};
-    EXPECT_THAT(desktop.prompts, ElementsAre(prompt));
+    EXPECT_THAT(prompts.filePrompts, ElementsAre(prompt));
 }
 
 TEST_F(StandardLibraryLoading, KeepsTheLibraryWhenTheFirstPromptIsCancelled) {
-    desktop.OpensFile("");
+    prompts.OpensFile("");
     EXPECT_EQ(Load(""), LibraryLoad::cancelled);
     EXPECT_EQ(project.standardLibraryFile, "");
-    EXPECT_TRUE(desktop.messages.empty());
+    EXPECT_TRUE(prompts.messages.empty());
     ExpectLibraryKept();
 }
 
@@ -97,31 +97,31 @@ protected:
 };
 
 TEST_P(StandardLibraryFailure, IsReportedAndAnotherFileLoadedFromTheFirstSlot) {
-    desktop.OpensFile("other.lby");
+    prompts.OpensFile("other.lby");
     EXPECT_EQ(Load(GetParam().file), LibraryLoad::loaded);
-    EXPECT_THAT(desktop.messages, ElementsAre(Message{GetParam().message, ""}));
+    EXPECT_THAT(prompts.messages, ElementsAre(Message{GetParam().message, ""}));
     const FilePrompt prompt = {"Open standard material file", "Material Files (*.lby)|*.lby",
                                "stdmat.lby", "LBY"};
-    EXPECT_THAT(desktop.prompts, ElementsAre(prompt));
+    EXPECT_THAT(prompts.filePrompts, ElementsAre(prompt));
     EXPECT_EQ(project.standardLibraryFile, "other.lby");
     EXPECT_EQ(project.standardLibrary[1].name, "X");
     EXPECT_EQ(MaterialCount(project.standardLibrary), 7);
 }
 
 TEST_P(StandardLibraryFailure, EndsTheProgramAtOnceWhenThePromptAfterItIsCancelled) {
-    desktop.OpensFile("");
+    prompts.OpensFile("");
     project.changed = true;
     EXPECT_THROW(Load(GetParam().file), ProgramEnd);
-    EXPECT_TRUE(desktop.ended);
-    EXPECT_THAT(desktop.Texts(), ElementsAre(GetParam().message, "Cancel pressed aborting load"));
-    EXPECT_EQ(desktop.messages.back().buttons, Buttons::ok);
+    EXPECT_TRUE(prompts.ended);
+    EXPECT_THAT(prompts.Texts(), ElementsAre(GetParam().message, "Cancel pressed aborting load"));
+    EXPECT_EQ(prompts.messages.back().buttons, Buttons::ok);
     EXPECT_EQ(project.standardLibraryFile, "");
 }
 
 TEST_P(StandardLibraryFailure, IsReportedAgainForTheFileChosen) {
-    desktop.OpensFile("missing too.lby").OpensFile("other.lby");
+    prompts.OpensFile("missing too.lby").OpensFile("other.lby");
     EXPECT_EQ(Load(GetParam().file), LibraryLoad::loaded);
-    EXPECT_THAT(desktop.Texts(),
+    EXPECT_THAT(prompts.Texts(),
                 ElementsAre(GetParam().message, "Standard material file is missing."));
 }
 
@@ -145,12 +145,12 @@ TEST_F(StandardLibraryLoading, StopsAfterTheMessageOfAFailureThatNoOtherFileHelp
     EXPECT_EQ(Load("/proc/self/mem"), LibraryLoad::failed);
     MakeSocket("socket");
     EXPECT_EQ(Load("socket"), LibraryLoad::failed);
-    EXPECT_THAT(desktop.Texts(), ElementsAre("Standard material file error 9 occurred.",
+    EXPECT_THAT(prompts.Texts(), ElementsAre("Standard material file error 9 occurred.",
                                              "Standard material file error 6 occurred.",
                                              "Standard material file error 75 occurred.",
                                              "Standard material file error 57 occurred.",
                                              "Standard material file. Drive not available."));
-    EXPECT_TRUE(desktop.prompts.empty());
+    EXPECT_TRUE(prompts.filePrompts.empty());
 }
 
 TEST_F(StandardLibraryLoading, KeepsNothingOfTheLibraryBeforeWhenItStops) {
@@ -178,7 +178,7 @@ TEST_F(StandardLibraryLoading, TellsOfAWrongVersionBeforeItTellsOfTooManyMateria
         tooMany += "1'A' 1 2 3\n";
     folder.Write("both.lby", tooMany + "no record\n");
     EXPECT_EQ(Load("both.lby"), LibraryLoad::failed);
-    EXPECT_THAT(desktop.Texts(), ElementsAre("Standard material file is incorrect version",
+    EXPECT_THAT(prompts.Texts(), ElementsAre("Standard material file is incorrect version",
                                              "Standard material file error 9 occurred."));
     EXPECT_FALSE(project.standardLoaded);
 }
@@ -186,16 +186,16 @@ TEST_F(StandardLibraryLoading, TellsOfAWrongVersionBeforeItTellsOfTooManyMateria
 TEST_F(StandardLibraryLoading, TakesALibraryMissingInAFolderBesideTheFileForAMissingFile) {
     folder.Write("house/lib/x", "");
     project.constructionFile = "house/house.con";
-    desktop.OpensFile("stdmat.lby");
+    prompts.OpensFile("stdmat.lby");
     Load("lib/gone.lby");
-    EXPECT_THAT(desktop.Texts(), ElementsAre("Standard material file is missing."));
+    EXPECT_THAT(prompts.Texts(), ElementsAre("Standard material file is missing."));
 }
 
 TEST_F(StandardLibraryLoading, CountsAWrongVersionAsLoaded) {
     folder.Write("wrong.lby", "no library");
     project.standardLoaded = false;
     EXPECT_EQ(Load("wrong.lby"), LibraryLoad::wrongVersion);
-    EXPECT_THAT(desktop.messages,
+    EXPECT_THAT(prompts.messages,
                 ElementsAre(Message{"Standard material file is incorrect version", ""}));
     EXPECT_TRUE(project.standardLoaded);
     EXPECT_EQ(project.standardLibraryFile, "wrong.lby");

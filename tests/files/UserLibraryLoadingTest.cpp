@@ -12,14 +12,14 @@ using testing::ElementsAre;
 
 class UserLibraryLoading : public testing::Test {
 protected:
-    UserLibraryLoading() : project(StartedProject(desktop)) {
+    UserLibraryLoading() : project(StartedProject(prompts)) {
         folder.Write("user.lby", userLibraryBytes);
-        desktop.calls.clear();
+        prompts.calls.clear();
     }
 
     LibraryLoad Load(const std::string& name) {
         project.userLibraryFile = name;
-        return LoadUserLibrary(project, desktop);
+        return LoadUserLibrary(project, prompts);
     }
 
     static FilePrompt Prompt(const std::string& initialName) {
@@ -27,7 +27,7 @@ protected:
     }
 
     TemporaryFolder folder;
-    ScriptedDesktop desktop;
+    ScriptedPrompts prompts;
     Project project;
 };
 
@@ -37,24 +37,24 @@ TEST_F(UserLibraryLoading, LoadsAndShowsTheFileNamed) {
     EXPECT_EQ(project.shownLibrary, 2);
     EXPECT_EQ(MaterialCount(project.userLibrary), 2);
     EXPECT_EQ(project.userLibrary[1].name, "HEMP");
-    EXPECT_THAT(desktop.calls, ElementsAre("EnableOption 1 1"));
+    EXPECT_THAT(prompts.calls, ElementsAre("EnableOption 1 1"));
 }
 
 TEST_F(UserLibraryLoading, AsksWhereThereIsNoName) {
-    desktop.OpensFile("user.lby");
+    prompts.OpensFile("user.lby");
     EXPECT_EQ(Load(""), LibraryLoad::loaded);
     EXPECT_EQ(project.userLibraryFile, "user.lby");
-    EXPECT_THAT(desktop.prompts, ElementsAre(Prompt("")));
+    EXPECT_THAT(prompts.filePrompts, ElementsAre(Prompt("")));
 }
 
 TEST_F(UserLibraryLoading, ChangesNothingWhenTheFirstPromptIsCancelled) {
     Load("user.lby");
-    desktop.OpensFile("");
+    prompts.OpensFile("");
     EXPECT_EQ(Load(""), LibraryLoad::cancelled);
     EXPECT_EQ(project.userLibraryFile, "");
     EXPECT_TRUE(project.userLoaded);
     EXPECT_EQ(MaterialCount(project.userLibrary), 2);
-    EXPECT_TRUE(desktop.messages.empty());
+    EXPECT_TRUE(prompts.messages.empty());
 }
 
 TEST_F(UserLibraryLoading, TakesASingleBlankForACancel) {
@@ -77,34 +77,34 @@ protected:
 };
 
 TEST_P(UserLibraryFailure, IsReportedAndAnotherFileLoadedFromTheFirstSlot) {
-    desktop.OpensFile("user.lby");
+    prompts.OpensFile("user.lby");
     EXPECT_EQ(Load(GetParam().file), LibraryLoad::loaded);
-    EXPECT_THAT(desktop.messages, ElementsAre(Message{GetParam().message, ""}));
-    EXPECT_THAT(desktop.prompts, ElementsAre(Prompt(GetParam().file)));
+    EXPECT_THAT(prompts.messages, ElementsAre(Message{GetParam().message, ""}));
+    EXPECT_THAT(prompts.filePrompts, ElementsAre(Prompt(GetParam().file)));
     EXPECT_EQ(project.userLibraryFile, "user.lby");
     EXPECT_EQ(MaterialCount(project.userLibrary), 2);
 }
 
 TEST_P(UserLibraryFailure, ComesBackOnceAfterACancel) {
-    desktop.OpensFile("").OpensFile("user.lby");
+    prompts.OpensFile("").OpensFile("user.lby");
     EXPECT_EQ(Load(GetParam().file), LibraryLoad::loaded);
-    EXPECT_THAT(desktop.Texts(), ElementsAre(GetParam().message, "User material file is missing."));
-    EXPECT_THAT(desktop.prompts, ElementsAre(Prompt(GetParam().file), Prompt(" ")));
+    EXPECT_THAT(prompts.Texts(), ElementsAre(GetParam().message, "User material file is missing."));
+    EXPECT_THAT(prompts.filePrompts, ElementsAre(Prompt(GetParam().file), Prompt(" ")));
 }
 
 TEST_P(UserLibraryFailure, IsGivenUpByASecondCancel) {
-    desktop.OpensFile("").OpensFile("");
+    prompts.OpensFile("").OpensFile("");
     EXPECT_EQ(Load(GetParam().file), LibraryLoad::givenUp);
-    EXPECT_THAT(desktop.Texts(), ElementsAre(GetParam().message, "User material file is missing."));
+    EXPECT_THAT(prompts.Texts(), ElementsAre(GetParam().message, "User material file is missing."));
     EXPECT_EQ(project.userLibraryFile, "");
     EXPECT_FALSE(project.userLoaded);
-    EXPECT_FALSE(desktop.ended);
+    EXPECT_FALSE(prompts.ended);
 }
 
 TEST_P(UserLibraryFailure, ForgetsACancelOnceAnotherFileWasChosen) {
-    desktop.OpensFile("").OpensFile("missing too.lby").OpensFile("").OpensFile("user.lby");
+    prompts.OpensFile("").OpensFile("missing too.lby").OpensFile("").OpensFile("user.lby");
     EXPECT_EQ(Load(GetParam().file), LibraryLoad::loaded);
-    EXPECT_EQ(desktop.messages.size(), 4U);
+    EXPECT_EQ(prompts.messages.size(), 4U);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -125,23 +125,23 @@ TEST_F(UserLibraryLoading, StopsAfterTheMessageOfAFailureThatNoOtherFileHelps) {
     MakeSocket("socket");
     EXPECT_EQ(Load("socket"), LibraryLoad::failed);
     EXPECT_EQ(Load("folder"), LibraryLoad::failed);
-    EXPECT_THAT(desktop.Texts(), ElementsAre("User Material file error 9 occurred.",
+    EXPECT_THAT(prompts.Texts(), ElementsAre("User Material file error 9 occurred.",
                                              "User Material file. Drive not available.",
                                              "User Material file error 75 occurred."));
-    EXPECT_TRUE(desktop.prompts.empty());
+    EXPECT_TRUE(prompts.filePrompts.empty());
     EXPECT_EQ(project.userLibraryFile, "folder");
 }
 
 TEST_F(UserLibraryLoading, KeepsNothingOfTheLibraryBeforeWhenItStops) {
     Load("user.lby");
     folder.Write("overflow.lby", "7* FLAX,1 2 3\n8* REED,1e999 2 3\n");
-    desktop.calls.clear();
+    prompts.calls.clear();
     EXPECT_EQ(Load("overflow.lby"), LibraryLoad::failed);
     EXPECT_EQ(project.userLibrary[1].name, "FLAX");
     EXPECT_EQ(MaterialCount(project.userLibrary), 1);
     EXPECT_FALSE(project.userLoaded);
     EXPECT_EQ(project.shownLibrary, 1);
-    EXPECT_THAT(desktop.calls,
+    EXPECT_THAT(prompts.calls,
                 ElementsAre("EnableOption 1 0", "SelectOption 0", "RefreshMaterialList",
                             "Message User Material file error 6 occurred."));
 }
@@ -152,7 +152,7 @@ TEST_F(UserLibraryLoading, TellsOfAWrongVersionBeforeItTellsOfTooManyMaterials) 
         tooMany += "1* AB,1 2 3\n";
     folder.Write("both.lby", tooMany + "no record\n");
     EXPECT_EQ(Load("both.lby"), LibraryLoad::failed);
-    EXPECT_THAT(desktop.Texts(), ElementsAre("User material file is incorrect version",
+    EXPECT_THAT(prompts.Texts(), ElementsAre("User material file is incorrect version",
                                              "User Material file error 9 occurred."));
     EXPECT_EQ(project.userLibraryFile, "");
 }
@@ -160,23 +160,23 @@ TEST_F(UserLibraryLoading, TellsOfAWrongVersionBeforeItTellsOfTooManyMaterials) 
 TEST_F(UserLibraryLoading, TakesAWrongVersionOutOfTheMaterialList) {
     Load("user.lby");
     folder.Write("wrong.lby", "1* AB,1 2 3\nno library\n");
-    desktop.calls.clear();
+    prompts.calls.clear();
     EXPECT_EQ(Load("wrong.lby"), LibraryLoad::wrongVersion);
-    EXPECT_THAT(desktop.messages,
+    EXPECT_THAT(prompts.messages,
                 ElementsAre(Message{"User material file is incorrect version", ""}));
     EXPECT_FALSE(project.userLoaded);
     EXPECT_EQ(project.userLibraryFile, "");
     EXPECT_EQ(MaterialCount(project.userLibrary), 0);
     EXPECT_EQ(project.shownLibrary, 1);
-    EXPECT_THAT(desktop.calls,
+    EXPECT_THAT(prompts.calls,
                 ElementsAre("EnableOption 1 0", "SelectOption 0", "RefreshMaterialList",
                             "Message User material file is incorrect version"));
 }
 
 TEST_F(UserLibraryLoading, DroppingTheLibraryWhileItIsNotShownLeavesTheList) {
-    desktop.calls.clear();
-    DropUserLibrary(project, desktop);
-    EXPECT_THAT(desktop.calls, ElementsAre("EnableOption 1 0"));
+    prompts.calls.clear();
+    DropUserLibrary(project, prompts);
+    EXPECT_THAT(prompts.calls, ElementsAre("EnableOption 1 0"));
 }
 
 } // namespace

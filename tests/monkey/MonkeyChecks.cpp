@@ -4,7 +4,7 @@
 #include "files/ConstructionWriter.h"
 #include "files/FileAccess.h"
 #include "files/ReadBack.h"
-#include "fuzz/FuzzDesktop.h"
+#include "fuzz/FuzzPrompts.h"
 #include "fuzz/Invariants.h"
 #include "fuzz/ReadsBack.h"
 #include "ui/WINFORM.h"
@@ -34,9 +34,9 @@ const char* ManyOpen(int constructions) {
 /// hold. Then the file cannot be read with it.
 bool CanBeLinked(Project project) {
     fuzz::FuzzBytes none("");
-    fuzz::FuzzDesktop desktop(none);
+    fuzz::FuzzPrompts prompts(none);
     try {
-        RelinkLayers(project, desktop);
+        RelinkLayers(project, prompts);
         return true;
     } catch (const RuntimeError&) {
         return false;

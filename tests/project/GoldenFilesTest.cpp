@@ -14,13 +14,13 @@ namespace fs = std::filesystem;
 const fs::path goldenFolder = fs::path(STRATIVO_SOURCE) / "tests/golden";
 
 /// A desktop that notes messages and beeps line by line.
-class NotingDesktop : public ScriptedDesktop {
+class NotingPrompts : public ScriptedPrompts {
 public:
     Answer ShowMessage(const Message& message) override {
         for (const char c : message.text)
             notes += c == '\r' ? std::string("\\r") : std::string(1, c);
         notes += '\n';
-        return ScriptedDesktop::ShowMessage(message);
+        return ScriptedPrompts::ShowMessage(message);
     }
     void Beep() override { notes += "(beep)\n"; }
 
@@ -31,30 +31,30 @@ public:
 /// reading (if any), the messages of reading and the file that saving then gives, byte for byte.
 class GoldenFile : public testing::TestWithParam<std::string> {
 protected:
-    GoldenFile() : project(StartedProject(desktop)) {
+    GoldenFile() : project(StartedProject(prompts)) {
         fs::copy(goldenFolder / GetParam(), folder.Path());
         project.rememberedLibrary = "stdmat.lby";
     }
 
     /// Reads the bytes as a file of that name and gives what saving writes then.
     std::string Rewritten(const std::string& name) {
-        ReadConstructionFile(project, name, desktop);
+        ReadConstructionFile(project, name, prompts);
         if (fs::exists("remove.txt")) {
             std::istringstream numbers(folder.Read("remove.txt"));
             for (int number = 0; numbers >> number;)
-                RemoveConstruction(project, number, desktop);
+                RemoveConstruction(project, number, prompts);
         }
         return FormatConstructionFile(project);
     }
 
     TemporaryFolder folder;
-    NotingDesktop desktop;
+    NotingPrompts prompts;
     Project project;
 };
 
 TEST_P(GoldenFile, IsRewrittenAsExpected) {
     EXPECT_EQ(Rewritten("input.con"), folder.Read("expected.con"));
-    EXPECT_EQ(desktop.notes, folder.Read("expected-messages.txt"));
+    EXPECT_EQ(prompts.notes, folder.Read("expected-messages.txt"));
 }
 
 TEST_P(GoldenFile, IsRewrittenTheSameASecondTimeCommentsApart) {
@@ -90,24 +90,24 @@ INSTANTIATE_TEST_SUITE_P(Case, GoldenFile, testing::ValuesIn(Cases()), CaseName)
 /// The example that comes with the program, in its place beside the libraries.
 class ExampleHouse : public testing::Test {
 protected:
-    ExampleHouse() : project(StartedProject(desktop)) {
+    ExampleHouse() : project(StartedProject(prompts)) {
         for (const char* name : {"stdmat.lby", "examples/user.lby", "examples/house.con"})
             folder.Write(name, SourceFile("data/" + std::string(name)));
     }
 
     std::string Rewritten(const std::string& name) {
-        ReadConstructionFile(project, name, desktop);
+        ReadConstructionFile(project, name, prompts);
         return FormatConstructionFile(project);
     }
 
     TemporaryFolder folder;
-    NotingDesktop desktop;
+    NotingPrompts prompts;
     Project project;
 };
 
 TEST_F(ExampleHouse, IsRewrittenAsExpectedWithoutAMessage) {
     EXPECT_EQ(Rewritten("examples/house.con"), SourceFile("tests/golden/house/expected.con"));
-    EXPECT_EQ(desktop.notes, "");
+    EXPECT_EQ(prompts.notes, "");
     EXPECT_EQ(project.constructionCount, 17);
 }
 

@@ -19,7 +19,7 @@ constexpr char standardRefused[] = "Unable to load this file due to missing libr
 /// Reads files that name their libraries, or do not; the remembered default is there.
 class NeededLibraries : public testing::Test {
 protected:
-    NeededLibraries() : project(StartedProject(desktop)) {
+    NeededLibraries() : project(StartedProject(prompts)) {
         folder.Write("stdmat.lby", standardLibraryBytes);
         folder.Write("user.lby", userLibraryBytes);
         project.rememberedLibrary = "stdmat.lby";
@@ -27,20 +27,20 @@ protected:
 
     void Read(const std::vector<std::string>& lines) {
         folder.Write("house.con", Lines(lines));
-        ReadConstructionFile(project, "house.con", desktop);
+        ReadConstructionFile(project, "house.con", prompts);
     }
 
     const std::vector<std::string> userLayer = {"!CONSTRUCTION 'A'",
                                                 "_ 1 =      @12      0.040      0 ", "!END"};
 
     TemporaryFolder folder;
-    ScriptedDesktop desktop;
+    ScriptedPrompts prompts;
     Project project;
 };
 
 TEST_F(NeededLibraries, AreTheRememberedDefaultForAFileThatNamesNone) {
     Read({"!CONSTRUCTION 'A'", "_ 1 = 12 0.1 0", "!END"});
-    EXPECT_THAT(desktop.messages, IsEmpty());
+    EXPECT_THAT(prompts.messages, IsEmpty());
     EXPECT_EQ(project.standardLibraryFile, "stdmat.lby");
     EXPECT_EQ(LayerNames(project, 1), "FACE BRICK");
 }
@@ -49,8 +49,8 @@ TEST_F(NeededLibraries, AreTheOneLoadedForAFileThatNamesNone) {
     folder.Write("other.lby", "12'OTHER' 1 2 3\n");
     Read({"!MATERIALS FILE = 'other.lby'"});
     Read({"!CONSTRUCTION 'A'", "_ 1 = 12 0.1 0", "!END"});
-    EXPECT_THAT(desktop.messages, IsEmpty());
-    EXPECT_THAT(desktop.prompts, IsEmpty());
+    EXPECT_THAT(prompts.messages, IsEmpty());
+    EXPECT_THAT(prompts.filePrompts, IsEmpty());
     EXPECT_EQ(LayerNames(project, 1), "OTHER");
 }
 
@@ -68,27 +68,27 @@ TEST_F(NeededLibraries, AreTheDefaultForAFileSavedBeforeAnyWasLoaded) {
 }
 
 TEST_F(NeededLibraries, AreAskedForWhereAFileWithoutConstructionsNamesNone) {
-    desktop.OpensFile("stdmat.lby");
+    prompts.OpensFile("stdmat.lby");
     Read({"!WINDOW = 'G'", "!END"});
-    EXPECT_THAT(desktop.messages, ElementsAre(Message{standardNeeded, "Material file Required"}));
-    EXPECT_EQ(desktop.prompts[0].title, "Open standard material file");
+    EXPECT_THAT(prompts.messages, ElementsAre(Message{standardNeeded, "Material file Required"}));
+    EXPECT_EQ(prompts.filePrompts[0].title, "Open standard material file");
     EXPECT_EQ(project.standardLibraryFile, "stdmat.lby");
     EXPECT_TRUE(project.standardLoaded);
 }
 
 TEST_F(NeededLibraries, EndTheProgramWhenTheStandardOneIsRefused) {
-    desktop.OpensFile("");
+    prompts.OpensFile("");
     EXPECT_THROW(Read({"!WINDOW = 'G'", "!END"}), ProgramEnd);
-    EXPECT_THAT(desktop.messages, ElementsAre(Message{standardNeeded, "Material file Required"},
+    EXPECT_THAT(prompts.messages, ElementsAre(Message{standardNeeded, "Material file Required"},
                                               Message{standardRefused, ""}));
-    EXPECT_TRUE(desktop.ended);
+    EXPECT_TRUE(prompts.ended);
 }
 
 TEST_F(NeededLibraries, EndTheProgramWhenThePromptAfterAMissingDefaultIsCancelled) {
     project.rememberedLibrary = "missing.lby";
-    desktop.OpensFile("");
+    prompts.OpensFile("");
     EXPECT_THROW(Read({"!CONSTRUCTION 'A'", "!END"}), ProgramEnd);
-    EXPECT_THAT(desktop.Texts(),
+    EXPECT_THAT(prompts.Texts(),
                 ElementsAre("Standard material file is missing.", "Cancel pressed aborting load"));
     EXPECT_EQ(project.constructionFile, "") << "half a project must not be saved over the file";
 }
@@ -96,9 +96,9 @@ TEST_F(NeededLibraries, EndTheProgramWhenThePromptAfterAMissingDefaultIsCancelle
 TEST_F(NeededLibraries, ReportAStandardOneThatFailsOnceForAllConstructions) {
     MakeSocket("socket");
     project.rememberedLibrary = "socket";
-    desktop.OpensFile("stdmat.lby");
+    prompts.OpensFile("stdmat.lby");
     Read({"!CONSTRUCTION 'A'", "!END", "!CONSTRUCTION 'B'", "!END"});
-    EXPECT_THAT(desktop.Texts(),
+    EXPECT_THAT(prompts.Texts(),
                 ElementsAre("Standard material file. Drive not available.", standardNeeded));
     EXPECT_EQ(project.constructionCount, 2);
     EXPECT_TRUE(project.standardLoaded);
@@ -107,7 +107,7 @@ TEST_F(NeededLibraries, ReportAStandardOneThatFailsOnceForAllConstructions) {
 TEST_F(NeededLibraries, GoOnWithoutAStandardOneThatFailsOtherwise) {
     folder.Write("folder/x", "");
     Read({"!MATERIALS FILE = 'folder'", "!WINDOW = 'G'"});
-    EXPECT_THAT(desktop.Texts(), ElementsAre("Standard material file error 75 occurred."));
+    EXPECT_THAT(prompts.Texts(), ElementsAre("Standard material file error 75 occurred."));
     EXPECT_FALSE(project.standardLoaded);
 }
 
@@ -130,9 +130,9 @@ TEST_F(NeededLibraries, LeaveTheProjectUntitledAndLinkedToNothingOldWhenTheyStop
 TEST_F(NeededLibraries, LeaveTheFileItsNameWhenALaterLoadMakesTheirFailureGood) {
     folder.Write("folder/x", "");
     project.rememberedLibrary = "folder";
-    desktop.OpensFile("stdmat.lby");
+    prompts.OpensFile("stdmat.lby");
     folder.Write("house.con", Lines({"!CONSTRUCTION 'A'", "_ 1 = 12 0.1 0", "!END"}));
-    EXPECT_EQ(ReadConstructionFile(project, "house.con", desktop), FileReading::whole);
+    EXPECT_EQ(ReadConstructionFile(project, "house.con", prompts), FileReading::whole);
     EXPECT_EQ(project.constructionFile, "house.con");
     EXPECT_EQ(LayerNames(project, 1), "FACE BRICK");
 }
@@ -150,7 +150,7 @@ TEST_F(NeededLibraries, AreBothSortedAfterReading) {
 TEST_F(NeededLibraries, TellWhatBecameOfThem) {
     const auto result = [&](const std::vector<std::string>& lines) {
         folder.Write("house.con", Lines(lines));
-        return ReadConstructionFile(project, "house.con", desktop);
+        return ReadConstructionFile(project, "house.con", prompts);
     };
     const std::string standard = "!MATERIALS FILE = 'stdmat.lby'";
     folder.Write("wrong.lby", "no library\n");
@@ -162,71 +162,71 @@ TEST_F(NeededLibraries, TellWhatBecameOfThem) {
         EXPECT_EQ(result({standard, "!MATERIALS USER FILE = '" + file}),
                   FileReading::withoutLibrary);
     }
-    desktop.OpensFile("");
+    prompts.OpensFile("");
     EXPECT_EQ(result({standard, "!MATERIALS USER FILE = ''"}), FileReading::withoutLibrary);
     EXPECT_EQ(result({standard, "!WINDOW = 'no end"}), FileReading::stopped);
-    desktop.OpensFile("");
-    EXPECT_EQ(ReadConstructionFile(project, "", desktop), FileReading::cancelled);
+    prompts.OpensFile("");
+    EXPECT_EQ(ReadConstructionFile(project, "", prompts), FileReading::cancelled);
 }
 
 TEST_F(NeededLibraries, AreAskedForWhereALayerComesFromAnUnnamedUserLibrary) {
-    desktop.OpensFile("user.lby");
+    prompts.OpensFile("user.lby");
     Read(userLayer);
-    EXPECT_THAT(desktop.messages, ElementsAre(Message{userNeeded, "User file Required"}));
-    EXPECT_EQ(desktop.prompts[0].title, "Open user material file");
+    EXPECT_THAT(prompts.messages, ElementsAre(Message{userNeeded, "User file Required"}));
+    EXPECT_EQ(prompts.filePrompts[0].title, "Open user material file");
     EXPECT_EQ(LayerNames(project, 1), "HEMP");
     EXPECT_EQ(project.userLibraryFile, "user.lby");
 }
 
 TEST_F(NeededLibraries, EndTheProgramWhenTheUserOneIsRefused) {
-    desktop.OpensFile("");
+    prompts.OpensFile("");
     EXPECT_THROW(Read(userLayer), ProgramEnd);
-    EXPECT_THAT(desktop.messages, ElementsAre(Message{userNeeded, "User file Required"},
+    EXPECT_THAT(prompts.messages, ElementsAre(Message{userNeeded, "User file Required"},
                                               Message{userRefused, "User file Required"}));
 }
 
 TEST_F(NeededLibraries, EndTheProgramWhenTheUserOneIsOfWrongVersion) {
     folder.Write("wrong.lby", "no library\n");
-    desktop.OpensFile("wrong.lby");
+    prompts.OpensFile("wrong.lby");
     EXPECT_THROW(Read(userLayer), ProgramEnd);
-    EXPECT_THAT(desktop.Texts(),
+    EXPECT_THAT(prompts.Texts(),
                 ElementsAre(userNeeded, "User material file is incorrect version", userRefused));
 }
 
 TEST_F(NeededLibraries, EndTheProgramWhenTheUnnamedUserOneIsGivenUp) {
-    desktop.OpensFile("missing.lby").OpensFile("").OpensFile("");
+    prompts.OpensFile("missing.lby").OpensFile("").OpensFile("");
     EXPECT_THROW(Read(userLayer), ProgramEnd);
-    EXPECT_EQ(desktop.Texts().back(), userRefused);
+    EXPECT_EQ(prompts.Texts().back(), userRefused);
 }
 
 TEST_F(NeededLibraries, GoOnWithoutAnUnnamedUserOneThatFailsOtherwise) {
     folder.Write("folder/x", "");
-    desktop.OpensFile("folder");
+    prompts.OpensFile("folder");
     Read(userLayer);
-    EXPECT_THAT(desktop.Texts(), ElementsAre(userNeeded, "User Material file error 75 occurred."));
+    EXPECT_THAT(prompts.Texts(), ElementsAre(userNeeded, "User Material file error 75 occurred."));
     EXPECT_EQ(LayerNames(project, 1), "1");
 }
 
 TEST_F(NeededLibraries, AskForAnotherUserFileWhereTheNamedOneIsMissing) {
-    desktop.OpensFile("user.lby");
+    prompts.OpensFile("user.lby");
     Read({"!MATERIALS FILE = 'stdmat.lby'", "!MATERIALS USER FILE = 'missing.lby'"});
-    EXPECT_THAT(desktop.Texts(), ElementsAre("User material file is missing."));
-    EXPECT_EQ(desktop.prompts[0].initialName, "missing.lby");
+    EXPECT_THAT(prompts.Texts(), ElementsAre("User material file is missing."));
+    EXPECT_EQ(prompts.filePrompts[0].initialName, "missing.lby");
     EXPECT_EQ(project.userLibraryFile, "user.lby");
 }
 
 TEST_F(NeededLibraries, EndTheProgramWhenTheNamedUserOneIsGivenUp) {
-    desktop.OpensFile("").OpensFile("");
+    prompts.OpensFile("").OpensFile("");
     EXPECT_THROW(Read({"!MATERIALS USER FILE = 'missing.lby'"}), ProgramEnd);
-    EXPECT_THAT(desktop.messages, ElementsAre(Message{"User material file is missing.", ""},
+    EXPECT_THAT(prompts.messages, ElementsAre(Message{"User material file is missing.", ""},
                                               Message{"User material file is missing.", ""},
                                               Message{userRefused, "User file Required"}));
 }
 
 TEST_F(NeededLibraries, AreAskedForWhereTheUserLineNamesNone) {
-    desktop.OpensFile("");
+    prompts.OpensFile("");
     Read({"!MATERIALS FILE = 'stdmat.lby'", "!MATERIALS USER FILE = ''"});
-    EXPECT_THAT(desktop.messages, IsEmpty());
+    EXPECT_THAT(prompts.messages, IsEmpty());
     EXPECT_FALSE(project.userLoaded);
     EXPECT_EQ(project.userLibraryFile, "");
 }
@@ -234,7 +234,7 @@ TEST_F(NeededLibraries, AreAskedForWhereTheUserLineNamesNone) {
 TEST_F(NeededLibraries, GoOnAfterANamedUserOneOfWrongVersion) {
     folder.Write("wrong.lby", "no library\n");
     Read({"!MATERIALS FILE = 'stdmat.lby'", "!MATERIALS USER FILE = 'wrong.lby'"});
-    EXPECT_THAT(desktop.Texts(), ElementsAre("User material file is incorrect version"));
+    EXPECT_THAT(prompts.Texts(), ElementsAre("User material file is incorrect version"));
     EXPECT_FALSE(project.userLoaded);
     EXPECT_EQ(project.userLibraryFile, "");
 }

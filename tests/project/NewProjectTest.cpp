@@ -15,49 +15,49 @@ using testing::IsEmpty;
 
 class NewProjectCommand : public testing::Test {
 protected:
-    NewProjectCommand() : project(StartedProject(desktop)) {}
+    NewProjectCommand() : project(StartedProject(prompts)) {}
 
-    ScriptedDesktop desktop;
+    ScriptedPrompts prompts;
     Project project;
 };
 
 TEST_F(NewProjectCommand, AsksBeforeChangesAreLost) {
-    AddConstruction(project, desktop, {"A"});
+    AddConstruction(project, prompts, {"A"});
     project.changed = true;
-    desktop.Answers(Answer::no);
-    EXPECT_FALSE(NewProject(project, desktop));
+    prompts.Answers(Answer::no);
+    EXPECT_FALSE(NewProject(project, prompts));
     const Message question = {"Changes have not been saved.  Continue without saving?", "Warning",
                               Buttons::yesNo, Icon::question, Answer::no};
-    EXPECT_THAT(desktop.messages, ElementsAre(question));
+    EXPECT_THAT(prompts.messages, ElementsAre(question));
     EXPECT_EQ(LayerNames(project, 1), "A");
     EXPECT_TRUE(project.changed);
-    EXPECT_EQ(desktop.Count("Close 1"), 0);
+    EXPECT_EQ(prompts.Count("Close 1"), 0);
 }
 
 TEST_F(NewProjectCommand, TakesACancelForARefusal) {
-    AddConstruction(project, desktop, {"A"});
+    AddConstruction(project, prompts, {"A"});
     project.changed = true;
-    desktop.Answers(Answer::cancel);
-    EXPECT_FALSE(ConfirmDiscardChanges(project, desktop));
+    prompts.Answers(Answer::cancel);
+    EXPECT_FALSE(ConfirmDiscardChanges(project, prompts));
 }
 
 TEST_F(NewProjectCommand, AsksNothingWithoutChanges) {
-    AddConstruction(project, desktop, {"A"});
-    EXPECT_TRUE(NewProject(project, desktop));
-    EXPECT_THAT(desktop.messages, IsEmpty());
+    AddConstruction(project, prompts, {"A"});
+    EXPECT_TRUE(NewProject(project, prompts));
+    EXPECT_THAT(prompts.messages, IsEmpty());
 }
 
 TEST_F(NewProjectCommand, AsksNothingWithoutAConstructionWhateverGlassWasEdited) {
     AddGlassType(project, "G");
     project.changed = true;
-    EXPECT_TRUE(NewProject(project, desktop));
-    EXPECT_THAT(desktop.messages, IsEmpty());
+    EXPECT_TRUE(NewProject(project, prompts));
+    EXPECT_THAT(prompts.messages, IsEmpty());
     EXPECT_THAT(GlassTypeNames(project), IsEmpty());
 }
 
 TEST_F(NewProjectCommand, EmptiesTheProject) {
-    AddConstruction(project, desktop, {"A"});
-    AddConstruction(project, desktop, {"B", "C"});
+    AddConstruction(project, prompts, {"A"});
+    AddConstruction(project, prompts, {"B", "C"});
     AddGlassType(project, "G");
     AddGlassType2D(project, "H");
     project.comments.fileHead = {"head"};
@@ -66,10 +66,10 @@ TEST_F(NewProjectCommand, EmptiesTheProject) {
     project.userLibraryNeeded = true;
     project.constructionFile = "a.con";
     project.changed = true;
-    desktop.Answers(Answer::yes);
-    EXPECT_TRUE(NewProject(project, desktop));
-    EXPECT_EQ(desktop.Count("Close 1"), 1);
-    EXPECT_EQ(desktop.Count("Close 2"), 1);
+    prompts.Answers(Answer::yes);
+    EXPECT_TRUE(NewProject(project, prompts));
+    EXPECT_EQ(prompts.Count("Close 1"), 1);
+    EXPECT_EQ(prompts.Count("Close 2"), 1);
     EXPECT_EQ(project.constructionCount, 0);
     EXPECT_EQ(project.constructions.Size(), 1);
     EXPECT_EQ(project.currentConstruction, 1);
@@ -91,7 +91,7 @@ TEST_F(NewProjectCommand, KeepsLibrariesAndClipboard) {
     project.userLibraryFile = "user.lby";
     project.standardLoaded = true;
     project.clipboard[1].name = "A";
-    EXPECT_TRUE(NewProject(project, desktop));
+    EXPECT_TRUE(NewProject(project, prompts));
     EXPECT_TRUE(project.userLoaded);
     EXPECT_EQ(project.userLibraryFile, "user.lby");
     EXPECT_TRUE(project.standardLoaded);
@@ -100,56 +100,56 @@ TEST_F(NewProjectCommand, KeepsLibrariesAndClipboard) {
 
 TEST_F(NewProjectCommand, RemovesConstructionsBehindGapsToo) {
     for (int number = 1; number <= 3; ++number)
-        AddConstruction(project, desktop, {"A"});
-    RemoveConstruction(project, 1, desktop);
+        AddConstruction(project, prompts, {"A"});
+    RemoveConstruction(project, 1, prompts);
     project.changed = false;
-    EXPECT_TRUE(NewProject(project, desktop));
-    EXPECT_EQ(desktop.Count("Close 3"), 1);
+    EXPECT_TRUE(NewProject(project, prompts));
+    EXPECT_EQ(prompts.Count("Close 3"), 1);
     EXPECT_EQ(project.constructionCount, 0);
 }
 
 class NewConstructionCommand : public testing::Test {
 protected:
-    NewConstructionCommand() : project(StartedProject(desktop)) {
+    NewConstructionCommand() : project(StartedProject(prompts)) {
         folder.Write("stdmat.lby", standardLibraryBytes);
         project.rememberedLibrary = "stdmat.lby";
-        desktop.calls.clear();
+        prompts.calls.clear();
     }
 
     TemporaryFolder folder;
-    ScriptedDesktop desktop;
+    ScriptedPrompts prompts;
     Project project;
 };
 
 TEST_F(NewConstructionCommand, LoadsTheStandardLibraryFirstAndShowsItSorted) {
-    NewConstruction(project, desktop);
+    NewConstruction(project, prompts);
     EXPECT_TRUE(project.standardLoaded);
     EXPECT_EQ(project.standardLibraryFile, "stdmat.lby");
     EXPECT_EQ(project.standardLibrary[1].name, "ALUMINIUM");
-    EXPECT_THAT(desktop.calls, ElementsAre("RefreshMaterialList", "ShowMaterialDialog", "Open 1",
+    EXPECT_THAT(prompts.calls, ElementsAre("RefreshMaterialList", "ShowMaterialDialog", "Open 1",
                                            "Refresh 1", "Activate 1"));
     EXPECT_FALSE(project.changed);
 }
 
 TEST_F(NewConstructionCommand, MakesAnEmptyOpaqueConstructionWithItsNumberAsName) {
-    NewConstruction(project, desktop);
-    NewConstruction(project, desktop);
+    NewConstruction(project, prompts);
+    NewConstruction(project, prompts);
     EXPECT_EQ(project.constructionCount, 2);
     EXPECT_EQ(project.currentConstruction, 2);
     EXPECT_EQ(project.constructions[1].name, "Construction 1");
     EXPECT_EQ(project.constructions[2].name, "Construction 2");
     EXPECT_EQ(project.constructions[2].type, opaqueType);
     EXPECT_EQ(project.constructions[2].currentLayer, 0);
-    EXPECT_EQ(desktop.Count("RefreshMaterialList"), 1) << "the library is loaded once";
+    EXPECT_EQ(prompts.Count("RefreshMaterialList"), 1) << "the library is loaded once";
 }
 
 TEST_F(NewConstructionCommand, FillsTheLowestGapWithoutAnythingOfTheRemovedOne) {
     for (int number = 1; number <= 3; ++number)
-        AddConstruction(project, desktop, {"A", "B"});
+        AddConstruction(project, prompts, {"A", "B"});
     project.constructions[2].type = transparentType;
     project.comments.constructions.Add(2, "old");
-    RemoveConstruction(project, 2, desktop);
-    NewConstruction(project, desktop);
+    RemoveConstruction(project, 2, prompts);
+    NewConstruction(project, prompts);
     EXPECT_EQ(project.currentConstruction, 2);
     EXPECT_EQ(project.constructions[2].name, "Construction 2");
     EXPECT_EQ(project.constructions[2].type, opaqueType);
@@ -161,7 +161,7 @@ TEST_F(NewConstructionCommand, LooksForTheDefaultLibraryInTheFolderAboveTheWorki
     project.rememberedLibrary = Settings().stdMat;
     folder.Write("work/x", "");
     std::filesystem::current_path("work");
-    NewConstruction(project, desktop);
+    NewConstruction(project, prompts);
     std::filesystem::current_path("..");
     EXPECT_TRUE(project.standardLoaded);
     EXPECT_EQ(project.standardLibraryFile, "..\\stdmat.lby");
@@ -169,22 +169,22 @@ TEST_F(NewConstructionCommand, LooksForTheDefaultLibraryInTheFolderAboveTheWorki
 
 TEST_F(NewConstructionCommand, EndsTheProgramBeforeAnythingIsMadeWhenTheLibraryIsRefused) {
     project.rememberedLibrary = "missing.lby";
-    desktop.OpensFile("");
-    EXPECT_THROW(NewConstruction(project, desktop), ProgramEnd);
+    prompts.OpensFile("");
+    EXPECT_THROW(NewConstruction(project, prompts), ProgramEnd);
     EXPECT_EQ(project.constructionCount, 0);
-    EXPECT_EQ(desktop.Count("Open 1"), 0);
-    EXPECT_THAT(desktop.Texts(),
+    EXPECT_EQ(prompts.Count("Open 1"), 0);
+    EXPECT_THAT(prompts.Texts(),
                 ElementsAre("Standard material file is missing.", "Cancel pressed aborting load"));
 }
 
 TEST_F(NewConstructionCommand, TriesAgainTheNextTimeAfterALoadThatFailed) {
     folder.Write("folder/x", "");
     project.rememberedLibrary = "folder";
-    NewConstruction(project, desktop);
-    EXPECT_THAT(desktop.Texts(), ElementsAre("Standard material file error 75 occurred."));
+    NewConstruction(project, prompts);
+    EXPECT_THAT(prompts.Texts(), ElementsAre("Standard material file error 75 occurred."));
     EXPECT_FALSE(project.standardLoaded);
-    NewConstruction(project, desktop);
-    EXPECT_EQ(desktop.messages.size(), 2U);
+    NewConstruction(project, prompts);
+    EXPECT_EQ(prompts.messages.size(), 2U);
     EXPECT_EQ(project.constructionCount, 2);
 }
 

@@ -35,7 +35,7 @@ std::string Part(const std::string& line) {
 
 class OddFile : public testing::TestWithParam<Row> {
 protected:
-    OddFile() : project(StartedProject(desktop)) {
+    OddFile() : project(StartedProject(prompts)) {
         folder.Write("stdmat.lby", standardLibraryBytes);
         project.standardLibraryFile = "stdmat.lby";
         project.standardLoaded = true;
@@ -43,11 +43,11 @@ protected:
 
     void Read(const std::string& bytes) {
         folder.Write("odd file \xe9.con", bytes);
-        ReadConstructionFile(project, "odd file \xe9.con", desktop);
+        ReadConstructionFile(project, "odd file \xe9.con", prompts);
     }
 
     TemporaryFolder folder;
-    ScriptedDesktop desktop;
+    ScriptedPrompts prompts;
     Project project;
 };
 
@@ -55,9 +55,9 @@ TEST_P(OddFile, EndsInItsConstructionsAndMessage) {
     Read(GetParam().bytes);
     EXPECT_EQ(project.constructionCount, GetParam().constructions);
     if (GetParam().message.empty())
-        EXPECT_THAT(desktop.messages, IsEmpty());
+        EXPECT_THAT(prompts.messages, IsEmpty());
     else
-        EXPECT_THAT(desktop.Texts(), ElementsAre(GetParam().message));
+        EXPECT_THAT(prompts.Texts(), ElementsAre(GetParam().message));
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -99,7 +99,7 @@ TEST_F(OddFiles, LoseTheSixteenthAndSeventeenthLayerWithBeeps) {
         bytes += "_ " + std::to_string(slot) + " = 12 0.1 0\n";
     Read(bytes);
     EXPECT_EQ(LayerCount(project.constructions[1]), 15);
-    EXPECT_EQ(desktop.Count("Beep"), 2);
+    EXPECT_EQ(prompts.Count("Beep"), 2);
 }
 
 TEST_F(OddFiles, MayNameALibraryWithTooManyMaterials) {
@@ -108,7 +108,7 @@ TEST_F(OddFiles, MayNameALibraryWithTooManyMaterials) {
         library += std::to_string(number) + "'M' 1 2 3\n";
     folder.Write("large.lby", library);
     Read("!MATERIALS FILE = 'large.lby'\n!CONSTRUCTION 'A'\n_ 1 = 12 0.1 0\n!END\n");
-    EXPECT_THAT(desktop.Texts(), ElementsAre("Standard material file error 9 occurred."));
+    EXPECT_THAT(prompts.Texts(), ElementsAre("Standard material file error 9 occurred."));
     EXPECT_EQ(project.constructionCount, 1);
     EXPECT_FALSE(project.changed);
 }

@@ -22,7 +22,7 @@ using testing::IsEmpty;
 
 class ReadingAFile : public testing::Test {
 protected:
-    ReadingAFile() : project(StartedProject(desktop)) {
+    ReadingAFile() : project(StartedProject(prompts)) {
         folder.Write("stdmat.lby", standardLibraryBytes);
         folder.Write("user.lby", userLibraryBytes);
         project.rememberedLibrary = "stdmat.lby";
@@ -30,12 +30,12 @@ protected:
 
     void Read(const std::vector<std::string>& lines) {
         folder.Write("house.con", Lines(lines));
-        desktop.calls.clear();
-        ReadConstructionFile(project, "house.con", desktop);
+        prompts.calls.clear();
+        ReadConstructionFile(project, "house.con", prompts);
     }
 
     TemporaryFolder folder;
-    ScriptedDesktop desktop;
+    ScriptedPrompts prompts;
     Project project;
 };
 
@@ -43,7 +43,7 @@ TEST_F(ReadingAFile, LinksTheLayersToTheLibraries) {
     Read({"!MATERIALS FILE = 'stdmat.lby'", "!MATERIALS USER FILE = 'user.lby'",
           "!CONSTRUCTION 'Wall'", "_ 1 =       12      0.105      0 * old name",
           "_ 2 =      @12      0.040      0 ", "!END"});
-    EXPECT_THAT(desktop.messages, IsEmpty());
+    EXPECT_THAT(prompts.messages, IsEmpty());
     const Layer& brick = project.constructions[1].layers[1];
     EXPECT_EQ(brick.name, "FACE BRICK");
     EXPECT_EQ(brick.conductivity, 0.84F);
@@ -63,12 +63,12 @@ TEST_F(ReadingAFile, ShowsTheStandardLibraryAndTheLastConstruction) {
     EXPECT_EQ(project.shownLibrary, 1);
     EXPECT_TRUE(project.userLoaded);
     EXPECT_EQ(project.currentConstruction, 2);
-    EXPECT_EQ(desktop.Count("Open 1"), 1);
-    EXPECT_EQ(desktop.Count("Open 2"), 1);
-    EXPECT_EQ(desktop.Count("Activate 1"), 0);
-    EXPECT_EQ(desktop.Count("Activate 2"), 1);
-    EXPECT_EQ(desktop.Count("SelectOption 0"), 1);
-    EXPECT_EQ(desktop.Count("RefreshGlassTypeList"), 1);
+    EXPECT_EQ(prompts.Count("Open 1"), 1);
+    EXPECT_EQ(prompts.Count("Open 2"), 1);
+    EXPECT_EQ(prompts.Count("Activate 1"), 0);
+    EXPECT_EQ(prompts.Count("Activate 2"), 1);
+    EXPECT_EQ(prompts.Count("SelectOption 0"), 1);
+    EXPECT_EQ(prompts.Count("RefreshGlassTypeList"), 1);
 }
 
 TEST_F(ReadingAFile, MakesLayerOneCurrentEvenInAnEmptyConstruction) {
@@ -100,16 +100,16 @@ TEST_F(ReadingAFile, NamesCavitiesInTheSpellingOfLayers) {
 
 // The library and the reader spell the type 3 cavity differently, and so do the files.
 TEST_F(ReadingAFile, ChangesTheSpellingOfANewCavityInTheNextSave) {
-    NewConstruction(project, desktop);
+    NewConstruction(project, prompts);
     for (int number = 1; project.clipboard[1].materialCode != -3; ++number) {
         project.selectedMaterial = number;
         ASSERT_TRUE(TakeMaterial(project));
     }
-    PasteLayers(project, desktop);
+    PasteLayers(project, prompts);
     const std::string saved = FormatConstructionFile(project);
     EXPECT_THAT(saved, HasSubstr("* CAVITY Type 3 width = resistance\r\n"));
     folder.Write("saved.con", saved);
-    ReadConstructionFile(project, "saved.con", desktop);
+    ReadConstructionFile(project, "saved.con", prompts);
     EXPECT_THAT(FormatConstructionFile(project),
                 HasSubstr("* CAVITY Tyep 3 width = resistance\r\n"));
 }
@@ -121,12 +121,12 @@ TEST_F(ReadingAFile, LeavesTheSlotOfANamelessMaterialEmptyUntilAnEdit) {
     const std::string untouched = FormatConstructionFile(project);
     EXPECT_THAT(untouched, HasSubstr("_ 3 =       30 "));
     SelectLine(project, 1, 1, {false, true});
-    CopyLayers(project, desktop);
+    CopyLayers(project, prompts);
     ASSERT_TRUE(StartLayerDrag(project, 1, 1, false));
     EXPECT_EQ(FormatConstructionFile(project), untouched);
-    DeleteLayers(project, desktop);
+    DeleteLayers(project, prompts);
     EXPECT_EQ(LayerNames(project, 1), "FACE BRICK");
-    PasteLayers(project, desktop);
+    PasteLayers(project, prompts);
     EXPECT_THAT(FormatConstructionFile(project), HasSubstr("_ 2 =       30 "));
 }
 
@@ -147,7 +147,7 @@ TEST_F(ReadingAFile, ReplacesEverythingOfTheFileBefore) {
           "_ 1 =      @12      0.040      0 ", "!END", "!WINDOW = 'G' * g", "!END",
           "!WINDOW 2D = 'H'", "!END"});
     Read({"!CONSTRUCTION 'B'", "!END"});
-    EXPECT_EQ(desktop.Count("Close 1"), 1);
+    EXPECT_EQ(prompts.Count("Close 1"), 1);
     EXPECT_EQ(project.constructionCount, 1);
     EXPECT_EQ(project.constructions[1].name, "B");
     EXPECT_EQ(LayerNames(project, 1), "");
@@ -165,17 +165,17 @@ TEST_F(ReadingAFile, TakesAnOldUserLibraryOutOfTheList) {
     EXPECT_FALSE(project.userLibraryNeeded);
     EXPECT_EQ(project.userLibraryFile, "");
     EXPECT_EQ(MaterialCount(project.userLibrary), 0);
-    EXPECT_EQ(desktop.Count("EnableOption 1 0"), 1);
-    EXPECT_EQ(desktop.Count("EnableOption 1 1"), 0);
+    EXPECT_EQ(prompts.Count("EnableOption 1 0"), 1);
+    EXPECT_EQ(prompts.Count("EnableOption 1 1"), 0);
 }
 
 TEST_F(ReadingAFile, LeavesConstructionsAboveTheCountOpen) {
     for (int number = 1; number <= 3; ++number)
-        AddConstruction(project, desktop, {"X"});
-    RemoveConstruction(project, 1, desktop);
+        AddConstruction(project, prompts, {"X"});
+    RemoveConstruction(project, 1, prompts);
     Read({"!CONSTRUCTION 'A'", "!END"});
-    EXPECT_EQ(desktop.Count("Close 2"), 1);
-    EXPECT_EQ(desktop.Count("Close 3"), 0);
+    EXPECT_EQ(prompts.Count("Close 2"), 1);
+    EXPECT_EQ(prompts.Count("Close 3"), 0);
     EXPECT_EQ(project.constructionCount, 2);
     EXPECT_EQ(LayerNames(project, 3), "X");
     EXPECT_EQ(project.currentConstruction, 1) << "the last one read, not the one left over";
@@ -184,18 +184,18 @@ TEST_F(ReadingAFile, LeavesConstructionsAboveTheCountOpen) {
 
 TEST_F(ReadingAFile, ActivatesTheHighestConstructionLeftWhenNoneIsRead) {
     for (int number = 1; number <= 4; ++number)
-        AddConstruction(project, desktop, {});
-    RemoveConstruction(project, 1, desktop);
-    RemoveConstruction(project, 2, desktop);
+        AddConstruction(project, prompts, {});
+    RemoveConstruction(project, 1, prompts);
+    RemoveConstruction(project, 2, prompts);
     ActivateConstruction(project, 3);
     Read({"!MATERIALS FILE = 'stdmat.lby'", "!WINDOW = 'G'"});
     EXPECT_EQ(project.currentConstruction, 4);
-    EXPECT_EQ(desktop.Count("Activate 4"), 1);
+    EXPECT_EQ(prompts.Count("Activate 4"), 1);
 }
 
 TEST_F(ReadingAFile, ActivatesNothingWithoutAnyConstruction) {
     Read({"!MATERIALS FILE = 'stdmat.lby'", "!WINDOW = 'G'"});
-    for (const std::string& call : desktop.calls)
+    for (const std::string& call : prompts.calls)
         EXPECT_NE(call.substr(0, 8), "Activate");
     EXPECT_EQ(project.constructionCount, 0);
 }
@@ -204,8 +204,8 @@ TEST_F(ReadingAFile, FindsLibrariesBesideIt) {
     folder.Write("house/lib/Std.lby", standardLibraryBytes);
     folder.Write("house/house.con",
                  "!MATERIALS FILE = 'LIB\\std.LBY'\n!CONSTRUCTION 'A'\n_ 1 = 12 0.1 0\n");
-    ReadConstructionFile(project, "house/house.con", desktop);
-    EXPECT_THAT(desktop.messages, IsEmpty());
+    ReadConstructionFile(project, "house/house.con", prompts);
+    EXPECT_THAT(prompts.messages, IsEmpty());
     EXPECT_EQ(LayerNames(project, 1), "FACE BRICK");
     EXPECT_EQ(project.standardLibraryFile, "LIB\\std.LBY");
 }
@@ -213,7 +213,7 @@ TEST_F(ReadingAFile, FindsLibrariesBesideIt) {
 TEST_F(ReadingAFile, FailsWhereAConductivityFitsNo32BitFloat) {
     folder.Write("stdmat.lby", "1'AAA' 1e39 2 3\n");
     Read({"!CONSTRUCTION 'A'", "_ 1 = 1 0.1 0", "!END"});
-    EXPECT_THAT(desktop.Texts(),
+    EXPECT_THAT(prompts.Texts(),
                 ElementsAre("Command line error\rConstruction file (p) error 6 occurred."));
 }
 
@@ -221,28 +221,28 @@ class OpenFile : public ReadingAFile {};
 
 TEST_F(OpenFile, AsksForTheFile) {
     folder.Write("a.con", "!CONSTRUCTION 'A'\n!END\n");
-    desktop.OpensFile("a.con");
-    OpenProject(project, desktop);
+    prompts.OpensFile("a.con");
+    OpenProject(project, prompts);
     EXPECT_EQ(project.constructionFile, "a.con");
     EXPECT_EQ(project.constructions[1].name, "A");
-    EXPECT_THAT(desktop.prompts,
+    EXPECT_THAT(prompts.filePrompts,
                 ElementsAre(FilePrompt{"Open Construction file", "Construction Files (*.con)|*.con",
                                        "", "CON"}));
 }
 
 TEST_F(OpenFile, DoesNothingWhenTheUserKeepsTheChanges) {
-    AddConstruction(project, desktop, {"A"});
+    AddConstruction(project, prompts, {"A"});
     project.changed = true;
-    desktop.Answers(Answer::no);
-    OpenProject(project, desktop);
-    EXPECT_THAT(desktop.prompts, IsEmpty());
+    prompts.Answers(Answer::no);
+    OpenProject(project, prompts);
+    EXPECT_THAT(prompts.filePrompts, IsEmpty());
     EXPECT_EQ(LayerNames(project, 1), "A");
 }
 
 TEST_F(OpenFile, HasEmptiedTheProjectBeforeThePromptIsCancelled) {
     Read({"!MATERIALS USER FILE = 'user.lby'", "!CONSTRUCTION 'A'", "!END"});
-    desktop.OpensFile("");
-    OpenProject(project, desktop);
+    prompts.OpensFile("");
+    OpenProject(project, prompts);
     EXPECT_EQ(project.constructionCount, 0);
     EXPECT_EQ(project.constructionFile, "") << "untitled, not a file called blank";
     EXPECT_TRUE(project.userLoaded) << "the prompt comes before libraries are touched";
@@ -250,65 +250,65 @@ TEST_F(OpenFile, HasEmptiedTheProjectBeforeThePromptIsCancelled) {
 }
 
 TEST_F(OpenFile, ReportsAFailureWithoutMentioningACommandLine) {
-    desktop.OpensFile("missing.con");
-    OpenProject(project, desktop);
-    EXPECT_THAT(desktop.messages, ElementsAre(Message{"Construction file (p) is missing.", ""}));
+    prompts.OpensFile("missing.con");
+    OpenProject(project, prompts);
+    EXPECT_THAT(prompts.messages, ElementsAre(Message{"Construction file (p) is missing.", ""}));
 }
 
 class DropFile : public ReadingAFile {};
 
 TEST_F(DropFile, AsksNothingAboutChanges) {
     folder.Write("a.con", "!CONSTRUCTION 'A'\n!END\n");
-    AddConstruction(project, desktop, {"X"});
+    AddConstruction(project, prompts, {"X"});
     project.changed = true;
-    OpenDroppedFiles(project, {"a.con"}, desktop);
-    EXPECT_THAT(desktop.messages, IsEmpty());
+    OpenDroppedFiles(project, {"a.con"}, prompts);
+    EXPECT_THAT(prompts.messages, IsEmpty());
     EXPECT_EQ(project.constructions[1].name, "A");
     EXPECT_FALSE(project.changed);
 }
 
 TEST_F(DropFile, OpensExactlyOne) {
-    AddConstruction(project, desktop, {"X"});
-    OpenDroppedFiles(project, {"a.con", "b.con"}, desktop);
-    OpenDroppedFiles(project, {}, desktop);
-    OpenDroppedFiles(project, {""}, desktop);
+    AddConstruction(project, prompts, {"X"});
+    OpenDroppedFiles(project, {"a.con", "b.con"}, prompts);
+    OpenDroppedFiles(project, {}, prompts);
+    OpenDroppedFiles(project, {""}, prompts);
     EXPECT_EQ(LayerNames(project, 1), "X");
-    EXPECT_THAT(desktop.messages, IsEmpty());
+    EXPECT_THAT(prompts.messages, IsEmpty());
 }
 
 TEST_F(DropFile, ReportsAFailureAsACommandLineError) {
-    AddConstruction(project, desktop, {"X"});
-    OpenDroppedFiles(project, {"missing.con"}, desktop);
-    EXPECT_THAT(desktop.Texts(),
+    AddConstruction(project, prompts, {"X"});
+    OpenDroppedFiles(project, {"missing.con"}, prompts);
+    EXPECT_THAT(prompts.Texts(),
                 ElementsAre("Command line error\rConstruction file (p) is missing."));
     EXPECT_EQ(project.constructionCount, 0) << "the old constructions are gone by then";
     EXPECT_TRUE(project.changed);
 }
 
 TEST(RemoveConstructionCommand, GoesByTheTagOfTheActiveWindow) {
-    ScriptedDesktop desktop;
-    Project project = StartedProject(desktop);
-    AddConstruction(project, desktop, {"A"});
-    AddConstruction(project, desktop, {"B"});
-    CloseConstruction(project, dialogTag, desktop);
+    ScriptedPrompts prompts;
+    Project project = StartedProject(prompts);
+    AddConstruction(project, prompts, {"A"});
+    AddConstruction(project, prompts, {"B"});
+    CloseConstruction(project, dialogTag, prompts);
     EXPECT_EQ(project.constructionCount, 2);
-    CloseConstruction(project, WindowTag(1), desktop);
+    CloseConstruction(project, WindowTag(1), prompts);
     EXPECT_EQ(project.constructionCount, 1);
     EXPECT_FALSE(InUse(project, 1));
     EXPECT_EQ(project.constructions[1].type, removedType);
     EXPECT_EQ(project.currentConstruction, 2);
     EXPECT_TRUE(project.changed);
-    EXPECT_THAT(desktop.messages, IsEmpty()) << "removing asks nothing";
+    EXPECT_THAT(prompts.messages, IsEmpty()) << "removing asks nothing";
 }
 
 TEST(RemoveConstructionCommand, LeavesTheCountAtZeroWhenRepeated) {
-    ScriptedDesktop desktop;
-    Project project = StartedProject(desktop);
-    AddConstruction(project, desktop, {"A"});
-    CloseConstruction(project, WindowTag(1), desktop);
-    CloseConstruction(project, WindowTag(1), desktop);
+    ScriptedPrompts prompts;
+    Project project = StartedProject(prompts);
+    AddConstruction(project, prompts, {"A"});
+    CloseConstruction(project, WindowTag(1), prompts);
+    CloseConstruction(project, WindowTag(1), prompts);
     EXPECT_EQ(project.constructionCount, 0);
-    EXPECT_EQ(desktop.Count("Close 1"), 1);
+    EXPECT_EQ(prompts.Count("Close 1"), 1);
 }
 
 } // namespace

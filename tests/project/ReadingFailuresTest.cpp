@@ -28,7 +28,7 @@ void PrintTo(const Failing& failing, std::ostream* out) {
 
 class ReadingFailure : public testing::TestWithParam<Failing> {
 protected:
-    ReadingFailure() : project(StartedProject(desktop)) {
+    ReadingFailure() : project(StartedProject(prompts)) {
         folder.Write("stdmat.lby", standardLibraryBytes);
         project.rememberedLibrary = "stdmat.lby";
         folder.Write("half.con", halfBytes);
@@ -39,21 +39,21 @@ protected:
     }
 
     TemporaryFolder folder;
-    ScriptedDesktop desktop;
+    ScriptedPrompts prompts;
     Project project;
 };
 
 TEST_P(ReadingFailure, IsReportedAsACommandLineErrorForAPathGiven) {
-    ReadConstructionFile(project, GetParam().path, desktop);
+    ReadConstructionFile(project, GetParam().path, prompts);
     const std::string text = "Command line error\r" + std::string(GetParam().message);
-    EXPECT_THAT(desktop.messages, ElementsAre(Message{text, ""}));
+    EXPECT_THAT(prompts.messages, ElementsAre(Message{text, ""}));
     EXPECT_EQ(project.constructionFile, "");
 }
 
 TEST_P(ReadingFailure, IsReportedPlainlyForAPathAskedFor) {
-    desktop.OpensFile(GetParam().path);
-    ReadConstructionFile(project, "", desktop);
-    EXPECT_THAT(desktop.messages, ElementsAre(Message{GetParam().message, ""}));
+    prompts.OpensFile(GetParam().path);
+    ReadConstructionFile(project, "", prompts);
+    EXPECT_THAT(prompts.messages, ElementsAre(Message{GetParam().message, ""}));
     EXPECT_EQ(project.constructionFile, "");
 }
 
@@ -83,41 +83,41 @@ using ReadingFailures = ReadingFailure;
 TEST_F(ReadingFailures, OfAFileThatMayNotBeReadAreErrorSeventy) {
     ASSERT_EQ(chmod("half.con", 0), 0);
     ASSERT_EQ(chmod(folder.Path().c_str(), 0755), 0);
-    AsNobody([&] { ReadConstructionFile(project, "half.con", desktop); });
-    EXPECT_THAT(desktop.Texts(),
+    AsNobody([&] { ReadConstructionFile(project, "half.con", prompts); });
+    EXPECT_THAT(prompts.Texts(),
                 ElementsAre("Command line error\rConstruction file (p) error 70 occurred."));
 }
 
 TEST_F(ReadingFailures, LeaveWhatWasReadUntitled) {
-    ReadConstructionFile(project, "half.con", desktop);
+    ReadConstructionFile(project, "half.con", prompts);
     EXPECT_EQ(project.constructionCount, 1);
     EXPECT_EQ(project.constructions[1].name, "Half");
     EXPECT_EQ(LayerNames(project, 1), "1") << "not linked";
     EXPECT_FALSE(project.changed);
-    desktop.SavesFile("");
-    EXPECT_FALSE(SaveProject(project, desktop)) << "Save asks for a name";
+    prompts.SavesFile("");
+    EXPECT_FALSE(SaveProject(project, prompts)) << "Save asks for a name";
     EXPECT_EQ(folder.Read("half.con"), halfBytes);
 }
 
 TEST_F(ReadingFailures, ActivateTheLastConstructionReadAndListTheMaterialsAnew) {
     folder.Write("two.con", std::string("!CONSTRUCTION 'Whole'\n!END\n") + halfBytes);
-    ReadConstructionFile(project, "two.con", desktop);
-    ASSERT_GE(desktop.calls.size(), 2U);
-    EXPECT_EQ(desktop.calls.back(), "RefreshGlassTypeList");
-    desktop.calls.pop_back();
-    EXPECT_EQ(desktop.calls.back(), "Activate 2");
-    desktop.calls.pop_back();
-    EXPECT_EQ(desktop.calls.back(), "RefreshMaterialList");
+    ReadConstructionFile(project, "two.con", prompts);
+    ASSERT_GE(prompts.calls.size(), 2U);
+    EXPECT_EQ(prompts.calls.back(), "RefreshGlassTypeList");
+    prompts.calls.pop_back();
+    EXPECT_EQ(prompts.calls.back(), "Activate 2");
+    prompts.calls.pop_back();
+    EXPECT_EQ(prompts.calls.back(), "RefreshMaterialList");
 }
 
 TEST_F(ReadingFailures, ActivateNothingWhereNothingWasRead) {
-    ReadConstructionFile(project, "missing.con", desktop);
-    EXPECT_EQ(desktop.Count("Activate 1"), 0);
+    ReadConstructionFile(project, "missing.con", prompts);
+    EXPECT_EQ(prompts.Count("Activate 1"), 0);
 }
 
 TEST_F(ReadingFailures, LeaveTheRemovalOfTheOldConstructionsMarked) {
-    AddConstruction(project, desktop, {"A"});
-    ReadConstructionFile(project, "missing.con", desktop);
+    AddConstruction(project, prompts, {"A"});
+    ReadConstructionFile(project, "missing.con", prompts);
     EXPECT_EQ(project.constructionCount, 0);
     EXPECT_TRUE(project.changed);
 }
@@ -125,7 +125,7 @@ TEST_F(ReadingFailures, LeaveTheRemovalOfTheOldConstructionsMarked) {
 TEST_F(ReadingFailures, TakeTheOldUserLibraryOutOfTheList) {
     project.userLoaded = true;
     project.userLibraryFile = "user.lby";
-    ReadConstructionFile(project, "missing.con", desktop);
+    ReadConstructionFile(project, "missing.con", prompts);
     EXPECT_FALSE(project.userLoaded);
     EXPECT_EQ(project.userLibraryFile, "");
 }
@@ -134,10 +134,10 @@ TEST_F(ReadingFailures, LeaveTheNamesToTheLibrariesThatAreLoaded) {
     folder.Write("good.con", "!MATERIALS FILE = 'stdmat.lby'\n");
     folder.Write("bad.con", "!MATERIALS FILE = 'other.lby'\n!MATERIALS USER FILE = 'user.lby'\n"
                             "!WINDOW = 'no end\n");
-    ReadConstructionFile(project, "bad.con", desktop);
+    ReadConstructionFile(project, "bad.con", prompts);
     EXPECT_EQ(project.standardLibraryFile, singleBlank) << "none is loaded: the remembered default";
-    ReadConstructionFile(project, "good.con", desktop);
-    ReadConstructionFile(project, "bad.con", desktop);
+    ReadConstructionFile(project, "good.con", prompts);
+    ReadConstructionFile(project, "bad.con", prompts);
     EXPECT_EQ(project.standardLibraryFile, "stdmat.lby");
     EXPECT_EQ(project.userLibraryFile, "");
 }
@@ -146,24 +146,24 @@ TEST_F(ReadingFailures, LeaveTheNameOfALibraryThatWasLoadedMeanwhile) {
     folder.Write("other.lby", "12'OTHER' 1 2 3\n");
     folder.Write("bad.con", "!MATERIALS FILE = 'other.lby'\n!CONSTRUCTION 'A'\n!END\n"
                             "!MATERIALS FILE = 'third.lby'\n!CONSTRUCTION 'no end\n");
-    ReadConstructionFile(project, "bad.con", desktop);
+    ReadConstructionFile(project, "bad.con", prompts);
     EXPECT_EQ(project.standardLibraryFile, "other.lby");
     EXPECT_EQ(project.standardLibrary[7].name, "OTHER");
     folder.Write("huge.lby", "12'HUGE' 1e39 2 3\n");
     folder.Write("huge.con", "!MATERIALS FILE = 'huge.lby'\n!CONSTRUCTION 'A'\n_ 1 = 12 0.1 0\n");
-    ReadConstructionFile(project, "huge.con", desktop);
-    EXPECT_EQ(desktop.Texts().back(),
+    ReadConstructionFile(project, "huge.con", prompts);
+    EXPECT_EQ(prompts.Texts().back(),
               "Command line error\rConstruction file (p) error 6 occurred.");
     EXPECT_EQ(project.standardLibraryFile, "huge.lby") << "it failed after its library was loaded";
 }
 
 TEST_F(ReadingFailures, DoNotIncludeACancelledPrompt) {
-    AddConstruction(project, desktop, {"A"});
+    AddConstruction(project, prompts, {"A"});
     project.userLoaded = true;
     project.constructionFile = "old.con";
-    desktop.OpensFile("");
-    ReadConstructionFile(project, "", desktop);
-    EXPECT_THAT(desktop.messages, IsEmpty());
+    prompts.OpensFile("");
+    ReadConstructionFile(project, "", prompts);
+    EXPECT_THAT(prompts.messages, IsEmpty());
     EXPECT_EQ(LayerNames(project, 1), "A");
     EXPECT_TRUE(project.userLoaded);
     EXPECT_EQ(project.constructionFile, "");

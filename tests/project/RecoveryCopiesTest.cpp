@@ -16,10 +16,10 @@ using testing::IsEmpty;
 /// A folder of copies that hold something else than the program would have written.
 class RecoveryCopies : public testing::Test {
 protected:
-    RecoveryCopies() : project(StartedProject(desktop)) { project.standardLoaded = true; }
+    RecoveryCopies() : project(StartedProject(prompts)) { project.standardLoaded = true; }
 
     TemporaryFolder folder;
-    ScriptedDesktop desktop;
+    ScriptedPrompts prompts;
     Project project;
 };
 
@@ -27,16 +27,16 @@ TEST_F(RecoveryCopies, ThatCannotBeReadAreNotOfferedTwice) {
     folder.Write("recovery-1.con/x", "");
     folder.Write("recovery-2.txt", "");
     folder.Write("other.con", "");
-    EXPECT_FALSE(OfferRecovery(project, folder.Path().string(), desktop));
+    EXPECT_FALSE(OfferRecovery(project, folder.Path().string(), prompts));
     EXPECT_THAT(folder.Entries(), ElementsAre("offered-1.con", "other.con", "recovery-2.txt"));
-    EXPECT_THAT(desktop.messages, IsEmpty());
+    EXPECT_THAT(prompts.messages, IsEmpty());
 }
 
 TEST_F(RecoveryCopies, WithoutTheirFirstLineAreUntitled) {
     folder.Write("recovery-1.con", "!CONSTRUCTION 'A'\r\n!END\r\n");
-    desktop.Answers(Answer::yes);
-    EXPECT_TRUE(OfferRecovery(project, folder.Path().string(), desktop));
-    EXPECT_THAT(desktop.messages[0].text, HasSubstr("Untitled.con"));
+    prompts.Answers(Answer::yes);
+    EXPECT_TRUE(OfferRecovery(project, folder.Path().string(), prompts));
+    EXPECT_THAT(prompts.messages[0].text, HasSubstr("Untitled.con"));
     EXPECT_EQ(project.constructions[1].name, "A");
     EXPECT_EQ(project.constructionFile, "");
 }
@@ -44,8 +44,8 @@ TEST_F(RecoveryCopies, WithoutTheirFirstLineAreUntitled) {
 TEST_F(RecoveryCopies, ThatCannotBeRenamedAreOfferedInTheirPlace) {
     folder.Write("recovery-1.con", "!CONSTRUCTION 'A'\r\n!END\r\n");
     folder.Write("offered-1.con/x", "");
-    desktop.Answers(Answer::yes);
-    EXPECT_TRUE(OfferRecovery(project, folder.Path().string(), desktop));
+    prompts.Answers(Answer::yes);
+    EXPECT_TRUE(OfferRecovery(project, folder.Path().string(), prompts));
     EXPECT_EQ(project.constructions[1].name, "A");
 }
 

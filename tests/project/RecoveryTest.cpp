@@ -24,11 +24,11 @@ constexpr char original[] = "!MATERIALS FILE = 'stdmat.lby'\r\n!CONSTRUCTION 'Wa
 /// A project read from a file, with an unsaved change of a thickness.
 class Recovery : public testing::Test {
 protected:
-    Recovery() : project(StartedProject(desktop)) {
+    Recovery() : project(StartedProject(prompts)) {
         work.Write("stdmat.lby", "1'BRICK' 0.84 1700 800\r\n");
         file = work.Write("a b.con", original);
         copies = (work.Path() / "state").string();
-        ReadConstructionFile(project, file, desktop);
+        ReadConstructionFile(project, file, prompts);
         project.constructions[1].layers.Edit(1).thickness = 215;
         project.changed = true;
     }
@@ -41,7 +41,7 @@ protected:
     }
 
     TemporaryFolder work;
-    ScriptedDesktop desktop;
+    ScriptedPrompts prompts;
     Project project;
     std::string file;
     std::string copies;
@@ -55,7 +55,7 @@ TEST_F(Recovery, KeepsNothingOfAnUnchangedProject) {
 
 TEST_F(Recovery, OpensTheCopyUnderItsOldNameWithTheChange) {
     ASSERT_NE(KeepRecoveryCopy(project, copies), "");
-    ScriptedDesktop next;
+    ScriptedPrompts next;
     Project reopened = StartedProject(next);
     next.Answers(Answer::yes);
     EXPECT_TRUE(OfferRecovery(reopened, copies, next));
@@ -71,7 +71,7 @@ TEST_F(Recovery, OpensTheCopyUnderItsOldNameWithTheChange) {
 
 TEST_F(Recovery, OffersACopyOnlyOnceAndKeepsItWhenRefused) {
     KeepRecoveryCopy(project, copies);
-    ScriptedDesktop next;
+    ScriptedPrompts next;
     Project other = StartedProject(next);
     next.Answers(Answer::no);
     EXPECT_FALSE(OfferRecovery(other, copies, next));
@@ -84,7 +84,7 @@ TEST_F(Recovery, OffersACopyOnlyOnceAndKeepsItWhenRefused) {
 TEST_F(Recovery, SavingNoticesThatTheOriginalWasChangedMeanwhile) {
     KeepRecoveryCopy(project, copies);
     work.Write("a b.con", "somebody else's work, longer than before: 1234567890\r\n");
-    ScriptedDesktop next;
+    ScriptedPrompts next;
     Project reopened = StartedProject(next);
     next.Answers(Answer::yes).Answers(Answer::no);
     OfferRecovery(reopened, copies, next);
@@ -95,7 +95,7 @@ TEST_F(Recovery, SavingNoticesThatTheOriginalWasChangedMeanwhile) {
 TEST_F(Recovery, NamesAProjectThatNeverHadAFileUntitled) {
     project.constructionFile.clear();
     KeepRecoveryCopy(project, copies);
-    ScriptedDesktop next;
+    ScriptedPrompts next;
     Project reopened = StartedProject(next);
     next.Answers(Answer::yes);
     EXPECT_TRUE(OfferRecovery(reopened, copies, next));
@@ -134,7 +134,7 @@ TEST_F(Recovery, TheCopyKeepsItsNameUntilTheProcessHasEnded) {
 }
 
 TEST_F(Recovery, SaysNothingWhereNoCopyWaits) {
-    ScriptedDesktop next;
+    ScriptedPrompts next;
     Project other = StartedProject(next);
     EXPECT_FALSE(OfferRecovery(other, copies, next));
     EXPECT_THAT(next.messages, IsEmpty());
@@ -148,7 +148,7 @@ TEST_F(Recovery, IsNoFailureWhereTheFolderCannotBeMade) {
 TEST_F(Recovery, AFragmentThatReadingLeftHasNoNameToBeSavedUnder) {
     const std::string broken =
         work.Write("broken.con", "!CONSTRUCTION 'A'\r\n!CONSTRUCTION 'Broken\r\n");
-    ReadConstructionFile(project, broken, desktop);
+    ReadConstructionFile(project, broken, prompts);
     EXPECT_EQ(project.constructionFile, "");
 }
 

@@ -21,30 +21,30 @@ constexpr char wallBytes[] = "!MATERIALS FILE = ' '\r\n\r\n!CONSTRUCTION 'Constr
 /// A changed project with one construction, in a folder of its own.
 class SaveFile : public testing::Test {
 protected:
-    SaveFile() : project(StartedProject(desktop)) {
-        AddConstruction(project, desktop, {"A"});
+    SaveFile() : project(StartedProject(prompts)) {
+        AddConstruction(project, prompts, {"A"});
         project.changed = true;
     }
 
     TemporaryFolder folder;
-    ScriptedDesktop desktop;
+    ScriptedPrompts prompts;
     Project project;
 };
 
 TEST_F(SaveFile, AsksForANameOnce) {
-    desktop.SavesFile("a b \xe9.con");
-    EXPECT_TRUE(SaveProject(project, desktop));
+    prompts.SavesFile("a b \xe9.con");
+    EXPECT_TRUE(SaveProject(project, prompts));
     EXPECT_EQ(project.constructionFile, "a b \xe9.con");
     EXPECT_FALSE(project.changed);
     EXPECT_EQ(folder.Read("a b \xe9.con"), wallBytes);
     project.changed = true;
-    EXPECT_TRUE(SaveProject(project, desktop));
-    EXPECT_EQ(desktop.prompts.size(), 1U);
+    EXPECT_TRUE(SaveProject(project, prompts));
+    EXPECT_EQ(prompts.filePrompts.size(), 1U);
 }
 
 TEST_F(SaveFile, WritesNothingWhenThePromptIsCancelled) {
-    desktop.SavesFile("");
-    EXPECT_FALSE(SaveProject(project, desktop));
+    prompts.SavesFile("");
+    EXPECT_FALSE(SaveProject(project, prompts));
     EXPECT_EQ(project.constructionFile, "");
     EXPECT_TRUE(project.changed);
     EXPECT_THAT(folder.Entries(), IsEmpty());
@@ -53,8 +53,8 @@ TEST_F(SaveFile, WritesNothingWhenThePromptIsCancelled) {
 TEST_F(SaveFile, WritesNothingWhenACheckIsAnsweredNo) {
     project.constructions[1].layers.Edit(1).thickness = 0;
     project.constructionFile = "a.con";
-    desktop.Answers(Answer::no);
-    EXPECT_FALSE(SaveProject(project, desktop));
+    prompts.Answers(Answer::no);
+    EXPECT_FALSE(SaveProject(project, prompts));
     EXPECT_TRUE(project.changed);
     EXPECT_THAT(folder.Entries(), IsEmpty());
 }
@@ -62,25 +62,25 @@ TEST_F(SaveFile, WritesNothingWhenACheckIsAnsweredNo) {
 TEST_F(SaveFile, WritesAZeroThicknessWhenTheCheckIsAnsweredYes) {
     project.constructions[1].layers.Edit(1).thickness = 0;
     project.constructionFile = "a.con";
-    desktop.Answers(Answer::yes);
-    EXPECT_TRUE(SaveProject(project, desktop));
+    prompts.Answers(Answer::yes);
+    EXPECT_TRUE(SaveProject(project, prompts));
     EXPECT_NE(folder.Read("a.con").find("      0.000      0  "), std::string::npos);
 }
 
 TEST_F(SaveFile, ReportsAFailureAndKeepsNameAndChanges) {
     folder.Write("folder/x", "");
     project.constructionFile = "folder";
-    EXPECT_FALSE(SaveProject(project, desktop));
-    EXPECT_THAT(desktop.Texts(), ElementsAre("folder\nThe file was not saved: Is a directory"));
-    EXPECT_EQ(desktop.messages[0].encoding, Encoding::utf8);
+    EXPECT_FALSE(SaveProject(project, prompts));
+    EXPECT_THAT(prompts.Texts(), ElementsAre("folder\nThe file was not saved: Is a directory"));
+    EXPECT_EQ(prompts.messages[0].encoding, Encoding::utf8);
     EXPECT_EQ(project.constructionFile, "folder");
     EXPECT_TRUE(project.changed);
 }
 
 TEST_F(SaveFile, ForgetsANameUnderWhichNothingWasWritten) {
-    desktop.SavesFile("missing \xe9/a.con");
-    EXPECT_FALSE(SaveProject(project, desktop));
-    EXPECT_THAT(desktop.Texts(), ElementsAre("missing \xc3\xa9/a.con\nThe file was not saved: "
+    prompts.SavesFile("missing \xe9/a.con");
+    EXPECT_FALSE(SaveProject(project, prompts));
+    EXPECT_THAT(prompts.Texts(), ElementsAre("missing \xc3\xa9/a.con\nThe file was not saved: "
                                              "No such file or directory"));
     EXPECT_EQ(project.constructionFile, "");
     EXPECT_TRUE(project.changed);
@@ -93,33 +93,33 @@ TEST_F(SaveFile, KeepsTheOldFileWhenThereIsNoRoomForTheNew) {
     const rlimit small{50, before.rlim_max};
     auto* const handler = std::signal(SIGXFSZ, SIG_IGN);
     ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
-    const bool saved = SaveProject(project, desktop);
+    const bool saved = SaveProject(project, prompts);
     ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &before), 0);
     std::signal(SIGXFSZ, handler);
     EXPECT_FALSE(saved);
     EXPECT_TRUE(project.changed);
     EXPECT_EQ(folder.Read("a.con"), "old");
     EXPECT_THAT(folder.Entries(), ElementsAre("a.con"));
-    EXPECT_EQ(desktop.messages.size(), 1U);
+    EXPECT_EQ(prompts.messages.size(), 1U);
 }
 
 TEST_F(SaveFile, SavesAsAnotherName) {
     project.constructionFile = folder.Write("old.con", "old");
-    desktop.SavesFile("new.con");
-    EXPECT_TRUE(SaveProjectAs(project, desktop));
+    prompts.SavesFile("new.con");
+    EXPECT_TRUE(SaveProjectAs(project, prompts));
     EXPECT_EQ(project.constructionFile, "new.con");
     EXPECT_EQ(folder.Read("new.con"), wallBytes);
     EXPECT_EQ(folder.Read("old.con"), "old");
     EXPECT_FALSE(project.changed);
-    EXPECT_THAT(desktop.prompts,
+    EXPECT_THAT(prompts.filePrompts,
                 ElementsAre(FilePrompt{"Save Construction file as ",
                                        "Construction Files (*.con)|*.con", "", "CON"}));
 }
 
 TEST_F(SaveFile, KeepsTheOldNameWhenSavingAsIsCancelled) {
     project.constructionFile = "old.con";
-    desktop.SavesFile("");
-    EXPECT_FALSE(SaveProjectAs(project, desktop));
+    prompts.SavesFile("");
+    EXPECT_FALSE(SaveProjectAs(project, prompts));
     EXPECT_EQ(project.constructionFile, "old.con");
     EXPECT_TRUE(project.changed);
 }
@@ -127,23 +127,23 @@ TEST_F(SaveFile, KeepsTheOldNameWhenSavingAsIsCancelled) {
 TEST_F(SaveFile, KeepsTheOldNameWhenSavingAsIsRefusedByACheck) {
     project.constructionFile = "old.con";
     project.constructions[1].layers.Edit(1).thickness = 0;
-    desktop.Answers(Answer::no);
-    EXPECT_FALSE(SaveProjectAs(project, desktop));
+    prompts.Answers(Answer::no);
+    EXPECT_FALSE(SaveProjectAs(project, prompts));
     EXPECT_EQ(project.constructionFile, "old.con");
 }
 
 TEST_F(SaveFile, KeepsTheOldNameWhenSavingAsFails) {
     project.constructionFile = "old.con";
-    desktop.SavesFile("/dev/full");
-    EXPECT_FALSE(SaveProjectAs(project, desktop));
+    prompts.SavesFile("/dev/full");
+    EXPECT_FALSE(SaveProjectAs(project, prompts));
     EXPECT_EQ(project.constructionFile, "old.con");
-    EXPECT_EQ(desktop.messages.size(), 1U);
+    EXPECT_EQ(prompts.messages.size(), 1U);
 }
 
 TEST_F(SaveFile, WritesNoConstructionForTheSlotOfStartUp) {
-    RemoveConstruction(project, 1, desktop);
-    desktop.SavesFile("a.con");
-    EXPECT_TRUE(SaveProject(project, desktop));
+    RemoveConstruction(project, 1, prompts);
+    prompts.SavesFile("a.con");
+    EXPECT_TRUE(SaveProject(project, prompts));
     EXPECT_EQ(folder.Read("a.con"), "!MATERIALS FILE = ' '\r\n\r\n");
 }
 
@@ -151,57 +151,57 @@ class CloseProgram : public SaveFile {};
 
 TEST_F(CloseProgram, AsksNothingWithoutChanges) {
     project.changed = false;
-    EXPECT_FALSE(QueryClose(project, desktop));
-    EXPECT_THAT(desktop.messages, IsEmpty());
-    EXPECT_EQ(desktop.Count("QuitHelp"), 1);
+    EXPECT_FALSE(QueryClose(project, prompts));
+    EXPECT_THAT(prompts.messages, IsEmpty());
+    EXPECT_EQ(prompts.Count("QuitHelp"), 1);
 }
 
 TEST_F(CloseProgram, ProposesToSaveAnUntitledProject) {
-    desktop.Answers(Answer::cancel);
-    EXPECT_TRUE(QueryClose(project, desktop));
+    prompts.Answers(Answer::cancel);
+    EXPECT_TRUE(QueryClose(project, prompts));
     const Message question = {"Save changes to Untitled.con ?",
                               "Construction Have Changed",
                               Buttons::yesNoCancel,
                               Icon::question,
                               Answer::yes,
                               Encoding::utf8};
-    EXPECT_THAT(desktop.messages, ElementsAre(question));
-    EXPECT_EQ(desktop.Count("QuitHelp"), 0);
+    EXPECT_THAT(prompts.messages, ElementsAre(question));
+    EXPECT_EQ(prompts.Count("QuitHelp"), 0);
 }
 
 TEST_F(CloseProgram, NamesTheFile) {
     project.constructionFile = "/home/me/m\xe9 house.con";
-    desktop.Answers(Answer::no);
-    EXPECT_FALSE(QueryClose(project, desktop));
-    EXPECT_EQ(desktop.messages[0].text, "Save changes to /home/me/m\xc3\xa9 house.con ?");
-    EXPECT_EQ(desktop.Count("QuitHelp"), 1);
+    prompts.Answers(Answer::no);
+    EXPECT_FALSE(QueryClose(project, prompts));
+    EXPECT_EQ(prompts.messages[0].text, "Save changes to /home/me/m\xc3\xa9 house.con ?");
+    EXPECT_EQ(prompts.Count("QuitHelp"), 1);
     EXPECT_TRUE(project.changed);
 }
 
 TEST_F(CloseProgram, GoesAheadAfterSaving) {
-    desktop.Answers(Answer::yes).SavesFile("a.con");
-    EXPECT_FALSE(QueryClose(project, desktop));
+    prompts.Answers(Answer::yes).SavesFile("a.con");
+    EXPECT_FALSE(QueryClose(project, prompts));
     EXPECT_EQ(folder.Read("a.con"), wallBytes);
-    EXPECT_EQ(desktop.Count("QuitHelp"), 1);
+    EXPECT_EQ(prompts.Count("QuitHelp"), 1);
 }
 
 TEST_F(CloseProgram, IsCancelledWithTheSavePrompt) {
-    desktop.Answers(Answer::yes).SavesFile("");
-    EXPECT_TRUE(QueryClose(project, desktop));
-    EXPECT_EQ(desktop.Count("QuitHelp"), 0);
+    prompts.Answers(Answer::yes).SavesFile("");
+    EXPECT_TRUE(QueryClose(project, prompts));
+    EXPECT_EQ(prompts.Count("QuitHelp"), 0);
 }
 
 TEST_F(CloseProgram, IsCancelledWhenANamedFileWasNotWritten) {
     project.constructionFile = "/dev/full";
-    desktop.Answers(Answer::yes);
-    EXPECT_TRUE(QueryClose(project, desktop)) << "otherwise everything would be lost";
+    prompts.Answers(Answer::yes);
+    EXPECT_TRUE(QueryClose(project, prompts)) << "otherwise everything would be lost";
 }
 
 TEST_F(CloseProgram, IsCancelledWhenASaveCheckIsAnsweredNo) {
     project.constructionFile = "a.con";
     project.constructions[1].layers.Edit(1).thickness = 0;
-    desktop.Answers(Answer::yes).Answers(Answer::no);
-    EXPECT_TRUE(QueryClose(project, desktop));
+    prompts.Answers(Answer::yes).Answers(Answer::no);
+    EXPECT_TRUE(QueryClose(project, prompts));
     EXPECT_THAT(folder.Entries(), IsEmpty());
 }
 

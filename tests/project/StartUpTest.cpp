@@ -12,18 +12,18 @@ namespace {
 using testing::ElementsAre;
 
 TEST(StartUp, OpensNoWindowAndLoadsNoLibrary) {
-    ScriptedDesktop desktop;
-    const Project project = StartedProject(desktop);
+    ScriptedPrompts prompts;
+    const Project project = StartedProject(prompts);
     EXPECT_EQ(project.constructionCount, 0);
     EXPECT_FALSE(project.standardLoaded);
     EXPECT_EQ(project.standardLibraryFile, singleBlank);
     EXPECT_EQ(MaterialCount(project.standardLibrary), 0);
-    EXPECT_EQ(desktop.Count("Open 1"), 0);
+    EXPECT_EQ(prompts.Count("Open 1"), 0);
 }
 
 TEST(StartUp, PutsEverythingIntoItsFirstState) {
     const TemporaryFolder folder;
-    ScriptedDesktop desktop;
+    ScriptedPrompts prompts;
     Project project;
     project.constructions.Append();
     project.constructionCount = 1;
@@ -35,8 +35,8 @@ TEST(StartUp, PutsEverythingIntoItsFirstState) {
     project.constructionFile = "a.con";
     project.clipboard[1].name = "A";
     project.shownLibrary = 2;
-    StartUp(project, {"help.html", "std.lby"}, desktop);
-    EXPECT_THAT(desktop.messages, testing::IsEmpty());
+    StartUp(project, {"help.html", "std.lby"}, prompts);
+    EXPECT_THAT(prompts.messages, testing::IsEmpty());
     EXPECT_EQ(project.helpFile, "help.html");
     EXPECT_EQ(project.rememberedLibrary, "std.lby");
     EXPECT_EQ(project.startDirectory, std::filesystem::current_path().string());
@@ -58,31 +58,31 @@ TEST(StartUp, PutsEverythingIntoItsFirstState) {
 }
 
 TEST(EndOfStartUp, OrdersTheEmptyMaterialListWithoutACommandLine) {
-    ScriptedDesktop desktop;
-    Project project = StartedProject(desktop);
-    desktop.calls.clear();
-    FinishStartUp(project, "", desktop);
-    EXPECT_THAT(desktop.calls, ElementsAre("RefreshMaterialList"));
+    ScriptedPrompts prompts;
+    Project project = StartedProject(prompts);
+    prompts.calls.clear();
+    FinishStartUp(project, "", prompts);
+    EXPECT_THAT(prompts.calls, ElementsAre("RefreshMaterialList"));
 }
 
 TEST(EndOfStartUp, TakesTheWholeCommandLineAsOnePath) {
     const TemporaryFolder folder;
     folder.Write("my house.con", "!CONSTRUCTION 'Wall'\r\n!END\r\n");
     folder.Write("stdmat.lby", standardLibraryBytes);
-    ScriptedDesktop desktop;
-    Project project = StartedProject(desktop);
+    ScriptedPrompts prompts;
+    Project project = StartedProject(prompts);
     project.rememberedLibrary = "stdmat.lby";
-    FinishStartUp(project, "my house.con", desktop);
+    FinishStartUp(project, "my house.con", prompts);
     EXPECT_EQ(project.constructionFile, "my house.con");
     EXPECT_EQ(project.constructions[1].name, "Wall");
 }
 
 TEST(EndOfStartUp, ReportsAPathThatCannotBeReadAsACommandLineError) {
     const TemporaryFolder folder;
-    ScriptedDesktop desktop;
-    Project project = StartedProject(desktop);
-    FinishStartUp(project, "missing house.con", desktop);
-    EXPECT_THAT(desktop.messages,
+    ScriptedPrompts prompts;
+    Project project = StartedProject(prompts);
+    FinishStartUp(project, "missing house.con", prompts);
+    EXPECT_THAT(prompts.messages,
                 ElementsAre(Message{"Command line error\rConstruction file (p) is missing.", ""}));
     EXPECT_EQ(project.constructionFile, "");
 }

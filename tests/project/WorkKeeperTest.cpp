@@ -26,10 +26,10 @@ constexpr char original[] = "!MATERIALS FILE = 'stdmat.lby'\r\n!CONSTRUCTION 'Wa
 /// A project read from a file, and who keeps work on it.
 class KeptWork : public testing::Test {
 protected:
-    KeptWork() : project(StartedProject(desktop)) {
+    KeptWork() : project(StartedProject(prompts)) {
         work.Write("stdmat.lby", "1'BRICK' 0.84 1700 800\r\n");
         file = work.Write("a b.con", original);
-        ReadConstructionFile(project, file, desktop);
+        ReadConstructionFile(project, file, prompts);
         Look(0);
     }
 
@@ -62,7 +62,7 @@ protected:
     }
 
     TemporaryFolder work;
-    ScriptedDesktop desktop;
+    ScriptedPrompts prompts;
     const std::vector<std::string> folders = {(work.Path() / "copies").string()};
     Project project;
     std::string file;
@@ -131,7 +131,7 @@ TEST_F(KeptWork, TheCopyGoesWhenTheWorkIsSaved) {
     Rename("x");
     Look(0);
     LookUntilWritten(2000);
-    ASSERT_TRUE(SaveProject(project, desktop));
+    ASSERT_TRUE(SaveProject(project, prompts));
     EXPECT_TRUE(keeper->IsUnsettled(project));
     Look(2100);
     EXPECT_FALSE(keeper->IsUnsettled(project));
@@ -154,7 +154,7 @@ TEST_F(KeptWork, AProgramThatMayBeEndedKeepsItAtOnce) {
 TEST_F(KeptWork, AProjectThatIsReplacedWithoutAQuestionIsLeftForTheNextStart) {
     Rename("x");
     keeper->ExpectReplacement(project, false);
-    OpenDroppedFiles(project, {file}, desktop);
+    OpenDroppedFiles(project, {file}, prompts);
     Look(0);
     keeper->EndExpectation();
     EXPECT_EQ(keeper->TakeNotice(), KeepNotice::left);
@@ -170,8 +170,8 @@ TEST_F(KeptWork, AProjectGivenUpAtTheQuestionIsNotLeft) {
     Rename("x");
     project.changed = true;
     keeper->ExpectReplacement(project, AsksAboutChanges(project));
-    desktop.Answers(Answer::yes);
-    EXPECT_TRUE(NewProject(project, desktop));
+    prompts.Answers(Answer::yes);
+    EXPECT_TRUE(NewProject(project, prompts));
     Look(0);
     keeper->EndExpectation();
     EXPECT_THAT(Copies(), IsEmpty());
@@ -182,8 +182,8 @@ TEST_F(KeptWork, AProjectThatTheQuestionSparedKeepsItsCopy) {
     Rename("x");
     project.changed = true;
     keeper->ExpectReplacement(project, AsksAboutChanges(project));
-    desktop.Answers(Answer::no);
-    EXPECT_FALSE(NewProject(project, desktop));
+    prompts.Answers(Answer::no);
+    EXPECT_FALSE(NewProject(project, prompts));
     Look(0);
     keeper->EndExpectation();
     EXPECT_THAT(Copies(), ElementsAre("x"));
@@ -191,12 +191,12 @@ TEST_F(KeptWork, AProjectThatTheQuestionSparedKeepsItsCopy) {
 
 TEST_F(KeptWork, GlassTypesAloneAreNotAskedAboutAndKept) {
     project.changed = false;
-    NewProject(project, desktop);
+    NewProject(project, prompts);
     Look(0);
     project.glassTypes[1].name = "CLEAR";
     project.changed = true;
     keeper->ExpectReplacement(project, AsksAboutChanges(project));
-    EXPECT_TRUE(NewProject(project, desktop));
+    EXPECT_TRUE(NewProject(project, prompts));
     Look(100);
     EXPECT_THAT(Copies(), SizeIs(1));
 }
@@ -211,7 +211,7 @@ TEST_F(KeptWork, NothingIsWrittenOfAProjectThatIsHalfRead) {
 
 TEST_F(KeptWork, ALibraryAloneIsNoWork) {
     project.changed = false;
-    NewProject(project, desktop);
+    NewProject(project, prompts);
     Look(0);
     project.standardLibraryFile = "other.lby";
     EXPECT_EQ(Look(100), std::nullopt);
@@ -250,7 +250,7 @@ TEST_F(KeptWork, ACopyTakenOverStaysUntilTheWorkIsSaved) {
     keeper->TakeOver(left[0], head, project);
     EXPECT_EQ(Look(0), std::nullopt);
     EXPECT_THAT(Copies(), ElementsAre("x"));
-    ASSERT_TRUE(SaveProject(project, desktop));
+    ASSERT_TRUE(SaveProject(project, prompts));
     Look(100);
     EXPECT_THAT(Copies(), IsEmpty());
 }

@@ -28,9 +28,9 @@ using namespace strativo;
 namespace {
 
 /// Prints what it is told, says yes to every question and takes one file name for every prompt.
-class PrintingDesktop : public Desktop {
+class PrintingPrompts : public Prompts {
 public:
-    explicit PrintingDesktop(std::string path) : file(std::move(path)) {}
+    explicit PrintingPrompts(std::string path) : file(std::move(path)) {}
 
     Answer ShowMessage(const Message& message) override {
         std::string text = message.text;
@@ -75,21 +75,21 @@ void Print(const Project& project) {
               << "\nconstructions " << project.constructionCount << std::endl;
 }
 
-void Save(Project& project, Desktop& desktop, bool again) {
+void Save(Project& project, Prompts& prompts, bool again) {
     std::cout << "ready" << std::endl;
     Call("ArmFaults");
-    const bool saved = SaveProject(project, desktop);
+    const bool saved = SaveProject(project, prompts);
     Call("DisarmFaults");
     std::cout << "saved " << saved << '\n';
     Print(project);
     if (again)
-        std::cout << "again " << SaveProject(project, desktop) << std::endl;
+        std::cout << "again " << SaveProject(project, prompts) << std::endl;
 }
 
-void Read(Project& project, const std::string& file, Desktop& desktop) {
+void Read(Project& project, const std::string& file, Prompts& prompts) {
     std::cout << "ready" << std::endl;
     Call("ArmFaults");
-    ReadConstructionFile(project, file, desktop);
+    ReadConstructionFile(project, file, prompts);
     Call("DisarmFaults");
     Print(project);
 }
@@ -114,25 +114,25 @@ void Keep(Project& project, bool again) {
 }
 
 void Run(std::string_view command, const std::string& file) {
-    PrintingDesktop desktop(file);
+    PrintingPrompts prompts(file);
     Project project;
     Settings settings;
     settings.stdMat = "stdmat.lby";
-    StartUp(project, settings, desktop);
+    StartUp(project, settings, prompts);
     if (command == "read")
-        return Read(project, file, desktop);
+        return Read(project, file, prompts);
     if (command == "save-new") {
-        NewConstruction(project, desktop);
+        NewConstruction(project, prompts);
         project.selectedMaterial = 1;
         TakeMaterial(project);
-        PasteLayers(project, desktop);
+        PasteLayers(project, prompts);
     } else {
-        ReadConstructionFile(project, file, desktop);
+        ReadConstructionFile(project, file, prompts);
     }
     if (command.starts_with("keep"))
         return Keep(project, command == "keep-again");
-    EnterThickness(project, 1, "250", desktop);
-    Save(project, desktop, command == "save-again");
+    EnterThickness(project, 1, "250", prompts);
+    Save(project, prompts, command == "save-again");
 }
 
 } // namespace

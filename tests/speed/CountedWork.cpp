@@ -3,7 +3,7 @@
 #include "calc/LayerList.h"
 #include "calc/Relink.h"
 #include "files/ConstructionWriter.h"
-#include "files/SilentDesktop.h"
+#include "files/SilentPrompts.h"
 
 #include <iostream>
 #include <map>
@@ -27,9 +27,9 @@ std::string FileBytes() {
 }
 
 void ReadAndLink(std::string_view bytes, Project& project) {
-    SilentDesktop desktop;
+    SilentPrompts prompts;
     Parse(bytes, project);
-    RelinkLayers(project, desktop);
+    RelinkLayers(project, prompts);
 }
 
 /// Each step returns a number that shows that it did its work.

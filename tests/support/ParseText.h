@@ -9,9 +9,9 @@
 namespace strativo {
 
 /// Parses the text of a construction file into the project; libraries are not loaded.
-inline ParsedFile ParseText(std::string_view text, Project& project, ScriptedDesktop& desktop) {
-    return ParseConstructionFile(text, project, desktop, [&] {
-        OpenConstructionWindow(project, desktop);
+inline ParsedFile ParseText(std::string_view text, Project& project, ScriptedPrompts& prompts) {
+    return ParseConstructionFile(text, project, prompts, [&] {
+        OpenConstructionWindow(project, prompts);
         project.constructions[project.currentConstruction].name.clear();
     });
 }

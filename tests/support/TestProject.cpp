@@ -48,15 +48,15 @@ std::vector<std::string> TemporaryFolder::Entries() const {
     return names;
 }
 
-Project StartedProject(ScriptedDesktop& desktop) {
+Project StartedProject(ScriptedPrompts& prompts) {
     Project project;
-    StartUp(project, Settings(), desktop);
+    StartUp(project, Settings(), prompts);
     return project;
 }
 
-int AddConstruction(Project& project, ScriptedDesktop& desktop,
+int AddConstruction(Project& project, ScriptedPrompts& prompts,
                     const std::vector<std::string>& layerNames) {
-    OpenConstructionWindow(project, desktop);
+    OpenConstructionWindow(project, prompts);
     const int number = project.currentConstruction;
     Construction& construction = project.constructions[number];
     for (std::size_t i = 0; i < layerNames.size(); ++i) {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "model/Project.h"
-#include "support/ScriptedDesktop.h"
+#include "support/ScriptedPrompts.h"
 
 #include <filesystem>
 #include <string>
@@ -30,11 +30,11 @@ private:
 };
 
 /// A project as it is after start-up, with default settings.
-Project StartedProject(ScriptedDesktop& desktop);
+Project StartedProject(ScriptedPrompts& prompts);
 
 /// Opens a construction with one layer for each name, 100 mm thick with conductivity 0.5 and
 /// material codes 1, 2, ... of the standard library; layer 1 is current.
-int AddConstruction(Project& project, ScriptedDesktop& desktop,
+int AddConstruction(Project& project, ScriptedPrompts& prompts,
                     const std::vector<std::string>& layerNames);
 
 /// Names of the layers of a construction, in slot order, joined without separator.

@@ -11,13 +11,13 @@ namespace {
 class Beeps : public WindowTest {
 protected:
     void Open() {
-        number = AddConstruction(project, desktop, {"A", "B"});
+        number = AddConstruction(project, prompts, {"A", "B"});
         window = std::make_unique<UValue>(number, program);
         Show(*window);
-        desktop.calls.clear();
+        prompts.calls.clear();
     }
 
-    int Count() const { return desktop.Count("Beep"); }
+    int Count() const { return prompts.Count("Beep"); }
 
     int number = 0;
     std::unique_ptr<UValue> window;

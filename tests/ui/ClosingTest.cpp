@@ -1,5 +1,5 @@
 #include "MainWindowTest.h"
-#include "ui/QtDesktop.h"
+#include "ui/QtPrompts.h"
 #include "ui/WindowArea.h"
 
 #include <QCloseEvent>

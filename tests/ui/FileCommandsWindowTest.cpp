@@ -1,5 +1,5 @@
 #include "MainWindowTest.h"
-#include "ui/QtDesktop.h"
+#include "ui/QtPrompts.h"
 #include "ui/WindowArea.h"
 
 #include <QFileDialog>
@@ -275,8 +275,8 @@ TEST_F(FileCommandsInWindow, ABoxDuringReadingHasAnOrdinaryPointer) {
     std::this_thread::sleep_for(std::chrono::milliseconds(110));
     program->ShowProgress(20, 100);
     InBox([](QWidget&) { EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::ArrowCursor); });
-    QtDesktop desktop(*program);
-    desktop.ShowMessage({"text", ""});
+    QtPrompts prompts(*program);
+    prompts.ShowMessage({"text", ""});
     EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
     program->ShowProgress(100, 100);
 }

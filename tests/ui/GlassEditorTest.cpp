@@ -268,8 +268,8 @@ TEST_F(GlassEditor, OkWithoutANameStaysOpen) {
     Open();
     nameField->clear();
     Button("OkBut")->click();
-    EXPECT_THAT(desktop.Texts(), ElementsAre("The window type must have a name"));
-    EXPECT_EQ(desktop.messages.front().buttons, Buttons::ok);
+    EXPECT_THAT(prompts.Texts(), ElementsAre("The window type must have a name"));
+    EXPECT_EQ(prompts.messages.front().buttons, Buttons::ok);
     EXPECT_TRUE(editor->isVisible());
     EXPECT_EQ(FocusName(), "GlassText");
     EXPECT_EQ(Stored().name, "CLEAR");
@@ -279,7 +279,7 @@ TEST_F(GlassEditor, OkWithTheNameOfAnotherTypeStaysOpen) {
     Open();
     nameField->setText(QStringLiteral("TINTED"));
     Button("OkBut")->click();
-    EXPECT_THAT(desktop.Texts(), ElementsAre("The name of the window must be unique"));
+    EXPECT_THAT(prompts.Texts(), ElementsAre("The name of the window must be unique"));
     EXPECT_TRUE(editor->isVisible());
     EXPECT_EQ(nameField->selectedText(), QStringLiteral("TINTED"));
     EXPECT_EQ(Stored().name, "CLEAR");

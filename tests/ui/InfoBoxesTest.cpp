@@ -122,9 +122,9 @@ TEST_F(AboutBox, ARightPressOnPictureLabelsOrBackgroundShowsTheSources) {
     RecordSource(project, ProgramWindow::mainWindow);
     for (const char* place :
          {static_cast<const char*>(nullptr), "Picture1", "Label1_0", "Label1_1", "Label1_2"}) {
-        desktop.messages.clear();
+        prompts.messages.clear();
         Press(Qt::RightButton, place);
-        EXPECT_THAT(desktop.messages,
+        EXPECT_THAT(prompts.messages,
                     ElementsAre(Message{"\r\rSTRATVMD.cpp 2.1 2026-11-21\r\r\r"
                                         "LayerClipboard.cpp 2.1 2026-11-21\r",
                                         "Source code", Buttons::ok, Icon::exclamation}))
@@ -137,7 +137,7 @@ TEST_F(AboutBox, OtherPressesShowNothing) {
     Press(Qt::MiddleButton, "Label1_0");
     Press(Qt::LeftButton, nullptr);
     Press(Qt::RightButton, "Close_But");
-    EXPECT_THAT(desktop.messages, IsEmpty());
+    EXPECT_THAT(prompts.messages, IsEmpty());
 }
 
 TEST_F(AboutBox, OkClosesIt) {

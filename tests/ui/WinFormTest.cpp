@@ -228,7 +228,7 @@ TEST_F(GlassTypesWindow, WithEqualNamesEditOpensTheLastAndDeleteRemovesTheFirst)
     InDialog([](QDialog&) {});
     Button("EditBut")->click();
     EXPECT_EQ(project.currentGlassType, 3);
-    desktop.Answers(Answer::yes);
+    prompts.Answers(Answer::yes);
     Button("DelBut")->click();
     EXPECT_EQ(project.glassTypes[1].name, "");
     EXPECT_THAT(Listed(), ElementsAre("OTHER", "TWIN"));
@@ -245,9 +245,9 @@ TEST_F(GlassTypesWindow, LetterCaseAndBlanksTellNamesApart) {
 TEST_F(GlassTypesWindow, DeleteAsksFirst) {
     Open({"CLEAR"});
     ClickLine(0);
-    desktop.Answers(Answer::no);
+    prompts.Answers(Answer::no);
     Button("DelBut")->click();
-    EXPECT_THAT(desktop.messages,
+    EXPECT_THAT(prompts.messages,
                 ElementsAre(Message{"Do you want to delete this window type?", "Delete Window Type",
                                     Buttons::yesNo, Icon::question, Answer::no}));
 }
@@ -255,7 +255,7 @@ TEST_F(GlassTypesWindow, DeleteAsksFirst) {
 TEST_F(GlassTypesWindow, AfterNoTheEntryStaysSelectedWithItsButtons) {
     Open({"CLEAR", "TINTED"});
     ClickLine(1);
-    desktop.Answers(Answer::no);
+    prompts.Answers(Answer::no);
     Button("DelBut")->click();
     EXPECT_THAT(Listed(), ElementsAre("CLEAR", "TINTED"));
     ASSERT_EQ(list->selectedItems().size(), 1);
@@ -268,7 +268,7 @@ TEST_F(GlassTypesWindow, AfterYesTheNameIsGoneAndTheProjectChanged) {
     Open({"CLEAR", "TINTED"});
     ClickLine(0);
     Button("DelBut")->setFocus();
-    desktop.Answers(Answer::yes);
+    prompts.Answers(Answer::yes);
     Button("DelBut")->click();
     EXPECT_THAT(Listed(), ElementsAre("TINTED"));
     EXPECT_TRUE(project.changed);
@@ -279,7 +279,7 @@ TEST_F(GlassTypesWindow, AfterYesTheNameIsGoneAndTheProjectChanged) {
 TEST_F(GlassTypesWindow, AddTakesTheSlotOfADeletedType) {
     Open({"CLEAR", "TINTED"});
     ClickLine(0);
-    desktop.Answers(Answer::yes);
+    prompts.Answers(Answer::yes);
     Button("DelBut")->click();
     InDialog([this](QDialog& editor) {
         EXPECT_EQ(project.currentGlassType, 1);
@@ -292,7 +292,7 @@ TEST_F(GlassTypesWindow, AddTakesTheSlotOfADeletedType) {
 
 TEST_F(GlassTypesWindow, LoadImportsAndListsTheTypesOfAFile) {
     const TemporaryFolder folder;
-    desktop.OpensFile(folder.Write("glass.con", "!WINDOW = 'IMPORTED'\n!TRANS\n1\n!END\n"));
+    prompts.OpensFile(folder.Write("glass.con", "!WINDOW = 'IMPORTED'\n!TRANS\n1\n!END\n"));
     Open({"CLEAR"});
     Button("WFLoad")->click();
     EXPECT_THAT(Listed(), ElementsAre("CLEAR", "IMPORTED"));
@@ -300,7 +300,7 @@ TEST_F(GlassTypesWindow, LoadImportsAndListsTheTypesOfAFile) {
 }
 
 TEST_F(GlassTypesWindow, ACancelledLoadChangesNothing) {
-    desktop.OpensFile("");
+    prompts.OpensFile("");
     Open({"CLEAR"});
     Button("WFLoad")->click();
     EXPECT_THAT(Listed(), ElementsAre("CLEAR"));
@@ -418,7 +418,7 @@ TEST_F(GlassTypesWindow, TheFocusGoesToTheListAfterEditAndDelete) {
     Button("EditBut")->click();
     EXPECT_EQ(host.focusWidget(), list);
     ClickLine(0);
-    desktop.Answers(Answer::yes);
+    prompts.Answers(Answer::yes);
     Button("DelBut")->setFocus();
     Button("DelBut")->click();
     EXPECT_EQ(host.focusWidget(), list);

@@ -19,7 +19,7 @@ namespace strativo {
 /// Windows on a started project, with a scripted desktop behind them.
 class WindowTest : public testing::Test {
 protected:
-    WindowTest() : project(StartedProject(desktop)) { desktop.calls.clear(); }
+    WindowTest() : project(StartedProject(prompts)) { prompts.calls.clear(); }
 
     /// The control of that name, or a failure and null.
     template <class Control = QWidget>
@@ -63,9 +63,9 @@ protected:
 
     void TearDown() override { EXPECT_EQ(dialogsExpected, 0) << "dialogs that were not opened"; }
 
-    ScriptedDesktop desktop;
+    ScriptedPrompts prompts;
     Project project;
-    Program program{project, desktop, [](const std::function<void()>& action) { action(); }};
+    Program program{project, prompts, [](const std::function<void()>& action) { action(); }};
 
 private:
     int dialogsExpected = 0;

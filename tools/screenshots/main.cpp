@@ -3,7 +3,7 @@
 #include "edit/LayerClipboard.h"
 #include "project/NewProject.h"
 #include "ui/ChildWindow.h"
-#include "ui/QtDesktop.h"
+#include "ui/QtPrompts.h"
 #include "ui/STRATVMD.h"
 #include "ui/UValue.h"
 #include "ui/UvalsDialog.h"
@@ -91,7 +91,7 @@ private:
         Construction& construction = project.constructions[project.currentConstruction];
         construction.currentLayer = static_cast<std::int16_t>(LayerCount(construction));
         TakeMaterial(project);
-        PasteLayers(project, desktop);
+        PasteLayers(project, prompts);
     }
 
     void StartConstruction(const char* name, std::int16_t type) {
@@ -109,7 +109,7 @@ private:
         construction.currentLayer = static_cast<std::int16_t>(layer);
         ClearMarks(construction);
         construction.layers.Edit(layer).selected = true;
-        RefreshLayerList(project, project.currentConstruction, desktop);
+        RefreshLayerList(project, project.currentConstruction, prompts);
     }
 
     void BuildTutorialWall() {
@@ -137,7 +137,7 @@ private:
     }
 
     UValueMDI& window;
-    QtDesktop desktop{window};
+    QtPrompts prompts{window};
     QString folder;
 };
 

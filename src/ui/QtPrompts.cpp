@@ -1,4 +1,4 @@
-#include "ui/QtDesktop.h"
+#include "ui/QtPrompts.h"
 
 #include "files/FileAccess.h"
 #include "ui/MessageBox.h"
@@ -43,19 +43,19 @@ public:
 
 } // namespace
 
-Answer QtDesktop::ShowMessage(const Message& message) {
+Answer QtPrompts::ShowMessage(const Message& message) {
     const NormalPointer pointer;
     return ShowMessageBox(message, &window);
 }
 
-QString QtDesktop::StartFolder() const {
+QString QtPrompts::StartFolder() const {
     const std::string& file = window.TheProject().constructionFile;
     if (!file.empty() && file != singleBlank)
         return QFileInfo(PathText(file)).absolutePath();
     return lastFolder.isEmpty() ? QDir::currentPath() : lastFolder;
 }
 
-std::optional<std::string> QtDesktop::AskFile(const FilePrompt& prompt, bool save) {
+std::optional<std::string> QtPrompts::AskFile(const FilePrompt& prompt, bool save) {
     const NormalPointer pointer;
     QFileDialog box(&window, ToText(prompt.title), StartFolder(), DialogFilter(prompt));
     box.setObjectName(QStringLiteral("CMDialog"));
@@ -73,63 +73,63 @@ std::optional<std::string> QtDesktop::AskFile(const FilePrompt& prompt, bool sav
     return PathBytes(path);
 }
 
-std::optional<std::string> QtDesktop::AskOpenFile(const FilePrompt& prompt) {
+std::optional<std::string> QtPrompts::AskOpenFile(const FilePrompt& prompt) {
     return AskFile(prompt, false);
 }
 
-std::optional<std::string> QtDesktop::AskSaveFile(const FilePrompt& prompt) {
+std::optional<std::string> QtPrompts::AskSaveFile(const FilePrompt& prompt) {
     return AskFile(prompt, true);
 }
 
-void QtDesktop::Beep() {
+void QtPrompts::Beep() {
     QApplication::beep();
 }
 
-void QtDesktop::OpenConstructionWindow(int number) {
+void QtPrompts::OpenConstructionWindow(int number) {
     window.OpenConstruction(number);
 }
 
-void QtDesktop::CloseConstructionWindow(int number) {
+void QtPrompts::CloseConstructionWindow(int number) {
     window.CloseConstructionWindow(number);
 }
 
-void QtDesktop::RefreshConstructionWindow(int number) {
+void QtPrompts::RefreshConstructionWindow(int number) {
     window.RefreshConstruction(number);
 }
 
-void QtDesktop::ActivateConstructionWindow(int number) {
+void QtPrompts::ActivateConstructionWindow(int number) {
     window.ActivateConstruction(number);
 }
 
-void QtDesktop::RefreshMaterialList() {
+void QtPrompts::RefreshMaterialList() {
     window.RefreshDialog();
 }
 
-void QtDesktop::ShowMaterialDialog() {
+void QtPrompts::ShowMaterialDialog() {
     window.ShowDialog();
 }
 
-void QtDesktop::EnableMatOption(int index, bool enabled) {
+void QtPrompts::EnableMatOption(int index, bool enabled) {
     window.Dialog().EnableMatOption(index, enabled);
 }
 
-void QtDesktop::SelectMatOption(int index) {
+void QtPrompts::SelectMatOption(int index) {
     window.Dialog().SelectMatOption(index);
 }
 
-void QtDesktop::RefreshGlassTypeList() {
+void QtPrompts::RefreshGlassTypeList() {
     window.RefreshGlassTypes();
 }
 
-void QtDesktop::ShowProgress(std::size_t done, std::size_t total) {
+void QtPrompts::ShowProgress(std::size_t done, std::size_t total) {
     window.ShowProgress(done, total);
 }
 
-void QtDesktop::ShowHelpContents() {
+void QtPrompts::ShowHelpContents() {
     window.ShowHelp();
 }
 
-void QtDesktop::QuitHelp() {
+void QtPrompts::QuitHelp() {
     window.QuitHelp();
 }
 

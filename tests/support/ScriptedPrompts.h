@@ -10,15 +10,15 @@ namespace strativo {
 
 /// A desktop for tests: it answers prompts and questions from a script, in order, and records every
 /// call. An unexpected prompt or question fails the test, and so does a scripted answer left over.
-class ScriptedDesktop : public Desktop {
+class ScriptedPrompts : public Prompts {
 public:
-    ~ScriptedDesktop() override;
+    ~ScriptedPrompts() override;
 
     /// Scripts the answer to the next question (a message with Yes/No/Cancel buttons).
-    ScriptedDesktop& Answers(Answer answer);
+    ScriptedPrompts& Answers(Answer answer);
     /// Scripts the next chosen file; the single argument "" is a cancel.
-    ScriptedDesktop& OpensFile(const std::string& path);
-    ScriptedDesktop& SavesFile(const std::string& path);
+    ScriptedPrompts& OpensFile(const std::string& path);
+    ScriptedPrompts& SavesFile(const std::string& path);
 
     Answer ShowMessage(const Message& message) override;
     std::optional<std::string> AskOpenFile(const FilePrompt& prompt) override;
@@ -46,7 +46,7 @@ public:
     /// "Refresh 1", "Activate 1", "AskOpen TITLE", "EnableOption 1 0", "SelectOption 0" and so on.
     std::vector<std::string> calls;
     std::vector<Message> messages;
-    std::vector<FilePrompt> prompts;
+    std::vector<FilePrompt> filePrompts;
     bool ended = false;
 
 protected:

@@ -6,7 +6,7 @@ namespace strativo {
 
 /// A desktop that shows nothing and refuses everything, for a file that is parsed only to look at
 /// what it holds.
-class SilentDesktop : public Desktop {
+class SilentPrompts : public Prompts {
 public:
     Answer ShowMessage(const Message&) override { return Answer::cancel; }
     std::optional<std::string> AskOpenFile(const FilePrompt&) override { return std::nullopt; }

@@ -1,32 +1,32 @@
-#include "support/ScriptedDesktop.h"
+#include "support/ScriptedPrompts.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
 
 namespace strativo {
 
-ScriptedDesktop::~ScriptedDesktop() {
+ScriptedPrompts::~ScriptedPrompts() {
     EXPECT_TRUE(answers.empty()) << answers.size() << " scripted answers were not asked for";
     EXPECT_TRUE(filesToOpen.empty()) << "not asked for: " << filesToOpen.front();
     EXPECT_TRUE(filesToSave.empty()) << "not asked for: " << filesToSave.front();
 }
 
-ScriptedDesktop& ScriptedDesktop::Answers(Answer answer) {
+ScriptedPrompts& ScriptedPrompts::Answers(Answer answer) {
     answers.push_back(answer);
     return *this;
 }
 
-ScriptedDesktop& ScriptedDesktop::OpensFile(const std::string& path) {
+ScriptedPrompts& ScriptedPrompts::OpensFile(const std::string& path) {
     filesToOpen.push_back(path);
     return *this;
 }
 
-ScriptedDesktop& ScriptedDesktop::SavesFile(const std::string& path) {
+ScriptedPrompts& ScriptedPrompts::SavesFile(const std::string& path) {
     filesToSave.push_back(path);
     return *this;
 }
 
-Answer ScriptedDesktop::ShowMessage(const Message& message) {
+Answer ScriptedPrompts::ShowMessage(const Message& message) {
     calls.push_back("Message " + message.text);
     messages.push_back(message);
     if (message.buttons == Buttons::ok)
@@ -40,9 +40,9 @@ Answer ScriptedDesktop::ShowMessage(const Message& message) {
     return answer;
 }
 
-std::optional<std::string> ScriptedDesktop::TakeFile(std::deque<std::string>& files,
+std::optional<std::string> ScriptedPrompts::TakeFile(std::deque<std::string>& files,
                                                      const FilePrompt& prompt) {
-    prompts.push_back(prompt);
+    filePrompts.push_back(prompt);
     if (files.empty()) {
         ADD_FAILURE() << "unexpected prompt: " << prompt.title;
         return std::nullopt;
@@ -52,78 +52,78 @@ std::optional<std::string> ScriptedDesktop::TakeFile(std::deque<std::string>& fi
     return path.empty() ? std::nullopt : std::optional(path);
 }
 
-std::optional<std::string> ScriptedDesktop::AskOpenFile(const FilePrompt& prompt) {
+std::optional<std::string> ScriptedPrompts::AskOpenFile(const FilePrompt& prompt) {
     calls.push_back("AskOpen " + prompt.title);
     return TakeFile(filesToOpen, prompt);
 }
 
-std::optional<std::string> ScriptedDesktop::AskSaveFile(const FilePrompt& prompt) {
+std::optional<std::string> ScriptedPrompts::AskSaveFile(const FilePrompt& prompt) {
     calls.push_back("AskSave " + prompt.title);
     return TakeFile(filesToSave, prompt);
 }
 
-void ScriptedDesktop::Beep() {
+void ScriptedPrompts::Beep() {
     calls.emplace_back("Beep");
 }
 
-void ScriptedDesktop::OpenConstructionWindow(int number) {
+void ScriptedPrompts::OpenConstructionWindow(int number) {
     calls.push_back("Open " + std::to_string(number));
 }
 
-void ScriptedDesktop::CloseConstructionWindow(int number) {
+void ScriptedPrompts::CloseConstructionWindow(int number) {
     calls.push_back("Close " + std::to_string(number));
 }
 
-void ScriptedDesktop::RefreshConstructionWindow(int number) {
+void ScriptedPrompts::RefreshConstructionWindow(int number) {
     calls.push_back("Refresh " + std::to_string(number));
 }
 
-void ScriptedDesktop::ActivateConstructionWindow(int number) {
+void ScriptedPrompts::ActivateConstructionWindow(int number) {
     calls.push_back("Activate " + std::to_string(number));
 }
 
-void ScriptedDesktop::RefreshMaterialList() {
+void ScriptedPrompts::RefreshMaterialList() {
     calls.emplace_back("RefreshMaterialList");
 }
 
-void ScriptedDesktop::ShowMaterialDialog() {
+void ScriptedPrompts::ShowMaterialDialog() {
     calls.emplace_back("ShowMaterialDialog");
 }
 
-void ScriptedDesktop::EnableMatOption(int index, bool enabled) {
+void ScriptedPrompts::EnableMatOption(int index, bool enabled) {
     calls.push_back("EnableOption " + std::to_string(index) + (enabled ? " 1" : " 0"));
 }
 
-void ScriptedDesktop::SelectMatOption(int index) {
+void ScriptedPrompts::SelectMatOption(int index) {
     calls.push_back("SelectOption " + std::to_string(index));
 }
 
-void ScriptedDesktop::RefreshGlassTypeList() {
+void ScriptedPrompts::RefreshGlassTypeList() {
     calls.emplace_back("RefreshGlassTypeList");
 }
 
-void ScriptedDesktop::ShowProgress(std::size_t done, std::size_t total) {
+void ScriptedPrompts::ShowProgress(std::size_t done, std::size_t total) {
     EXPECT_LE(done, total);
 }
 
-void ScriptedDesktop::ShowHelpContents() {
+void ScriptedPrompts::ShowHelpContents() {
     calls.emplace_back("ShowHelp");
 }
 
-void ScriptedDesktop::QuitHelp() {
+void ScriptedPrompts::QuitHelp() {
     calls.emplace_back("QuitHelp");
 }
 
-void ScriptedDesktop::OnProgramEnd() {
+void ScriptedPrompts::OnProgramEnd() {
     calls.emplace_back("EndProgram");
     ended = true;
 }
 
-int ScriptedDesktop::Count(const std::string& call) const {
+int ScriptedPrompts::Count(const std::string& call) const {
     return static_cast<int>(std::count(calls.begin(), calls.end(), call));
 }
 
-std::vector<std::string> ScriptedDesktop::Texts() const {
+std::vector<std::string> ScriptedPrompts::Texts() const {
     std::vector<std::string> texts;
     for (const Message& message : messages)
         texts.push_back(message.text);

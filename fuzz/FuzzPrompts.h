@@ -6,9 +6,9 @@
 namespace strativo::fuzz {
 
 /// A desktop without a user: questions are answered from the input, prompts are cancelled.
-class FuzzDesktop : public Desktop {
+class FuzzPrompts : public Prompts {
 public:
-    explicit FuzzDesktop(FuzzBytes& source) : bytes(source) {}
+    explicit FuzzPrompts(FuzzBytes& source) : bytes(source) {}
 
     Answer ShowMessage(const Message& message) override {
         if (message.buttons == Buttons::ok)

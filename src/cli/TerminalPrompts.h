@@ -17,9 +17,9 @@ struct PromptAnswers {
 
 /// A desktop with nobody in front of it: messages go to a stream as one line each, questions are
 /// answered Yes, and each prompt is answered once, then cancelled.
-class TerminalDesktop : public Desktop {
+class TerminalPrompts : public Prompts {
 public:
-    TerminalDesktop(std::ostream& stream, std::string subjectFile, PromptAnswers promptAnswers);
+    TerminalPrompts(std::ostream& stream, std::string subjectFile, PromptAnswers promptAnswers);
 
     /// Names the file that the messages to come are about.
     void SetSubject(std::string file) { subject = std::move(file); }

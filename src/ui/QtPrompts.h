@@ -11,9 +11,9 @@ namespace strativo {
 class UValueMDI;
 
 /// The port to the desktop as the Qt windows serve it.
-class QtDesktop : public Desktop {
+class QtPrompts : public Prompts {
 public:
-    explicit QtDesktop(UValueMDI& mainWindow) : window(mainWindow) {}
+    explicit QtPrompts(UValueMDI& mainWindow) : window(mainWindow) {}
 
     Answer ShowMessage(const Message& message) override;
     std::optional<std::string> AskOpenFile(const FilePrompt& prompt) override;
