@@ -78,7 +78,7 @@ void Relink(benchmark::State& state) {
     const std::string bytes = FileBytes(state);
     Measure(
         state, bytes, [&] { return ParsedProject(bytes); },
-        [&](Project& project) { RelinkLayers(project, prompts); });
+        [&](Project& project) { RelinkLayers(project); });
 }
 
 void Write(benchmark::State& state) {

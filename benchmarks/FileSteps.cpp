@@ -61,7 +61,7 @@ void Scan(const std::string& path, const std::string&) {
 
 void ReadProject(Project& project, const std::string& path) {
     SilentPrompts prompts;
-    StartUp(project, Settings(), prompts);
+    StartUp(project, Settings());
     ReadConstructionFile(project, path, prompts);
     Require(project.standardLoaded && project.constructionCount > 0);
 }

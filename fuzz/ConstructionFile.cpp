@@ -1,8 +1,8 @@
 #include "files/ConstructionWriter.h"
 #include "files/Findings.h"
-#include "files/SaveChecks.h"
 #include "fuzz/ProjectSupport.h"
 #include "fuzz/Targets.h"
+#include "project/SaveQuestions.h"
 
 namespace strativo::fuzz {
 
@@ -10,8 +10,8 @@ void ConstructionFile(std::string_view bytes) {
     FuzzBytes none("");
     FuzzPrompts prompts(none);
     Project project;
-    PrepareProject(project, prompts);
-    ParseAndLink(bytes, project, prompts);
+    PrepareProject(project);
+    ParseAndLink(bytes, project);
     // A file that fails in its middle leaves what was read before, as sound as a whole one.
     RequireInvariants(project);
     FindingsOf(project);

@@ -1,3 +1,4 @@
+#include "calc/LayerList.h"
 #include "edit/ConstructionEntry.h"
 #include "edit/ConstructionSlots.h"
 #include "edit/GlassProfile.h"
@@ -8,6 +9,8 @@
 #include "edit/MenuStates.h"
 #include "fuzz/ProjectSupport.h"
 #include "fuzz/Targets.h"
+#include "project/FileCommands.h"
+#include "project/NewProject.h"
 
 #include <algorithm>
 #include <optional>
@@ -27,7 +30,7 @@ constexpr std::string_view oddNumbers[] = {"",     "1e39",   "-1e39", "3.4028235
 class Story {
 public:
     explicit Story(std::string_view input) : bytes(input), prompts(bytes) {
-        PrepareProject(project, prompts);
+        PrepareProject(project);
         project.standardLibrary[2].name.clear(); // a name as a file may give it
     }
 
@@ -43,7 +46,7 @@ private:
 
     void Act() {
         static constexpr Action actions[] = {
-            &Story::New,           &Story::Remove,        &Story::RemoveByTag,
+            &Story::New,           &Story::Remove,        &Story::RemoveActive,
             &Story::Activate,      &Story::Select,        &Story::Copy,
             &Story::Cut,           &Story::Delete,        &Story::Paste,
             &Story::PasteBefore,   &Story::Take,          &Story::SelectMaterial,
@@ -98,17 +101,8 @@ private:
         if (project.constructions.Size() < enough)
             NewConstruction(project, prompts);
     }
-    void Remove() {
-        RemoveConstruction(project, bytes.Below(project.constructions.Size() + 2), prompts);
-    }
-    void RemoveByTag() {
-        const std::string tag = bytes.Flag() ? bytes.Text() : WindowTag(bytes.Below(14));
-        try {
-            RemoveConstruction(project, TagNumber(tag), prompts);
-        } catch (const RuntimeError& error) {
-            RequireNumber(error, {ErrorNumber::overflow});
-        }
-    }
+    void Remove() { RemoveConstruction(project, bytes.Below(project.constructions.Size() + 2)); }
+    void RemoveActive() { CloseConstruction(project, bytes.Flag() ? 0 : bytes.Below(14)); }
     void Activate() {
         if (const auto number = Pick())
             ActivateConstruction(project, *number);
@@ -218,7 +212,7 @@ private:
     }
     void LeaveThickness() {
         if (const auto number = Pick())
-            RestoreThickness(project.constructions[*number]);
+            ShowThickness(project.constructions[*number], ThicknessEvent::restore);
     }
 
     std::string GlassName() {
@@ -302,9 +296,9 @@ private:
         constexpr void (*sorts[])(Project&) = {SortByName, SortByConductivity, SortByDensity,
                                                SortBySpecificHeat};
         sorts[bytes.Below(4)](project);
-        RefreshMaterialList(project, prompts);
+        RefreshMaterialList(project);
     }
-    void Show() { ShowLibrary(project, 1 + bytes.Below(2), prompts); }
+    void Show() { ShowLibrary(project, 1 + bytes.Below(2)); }
     void StartAnew() {
         // The editor is modal, so that its glass type cannot be taken away.
         if (!profile && NewProject(project, prompts))
@@ -313,12 +307,12 @@ private:
     void ReadSmallFile() {
         constexpr int enough = 12;
         if (!profile && project.constructions.Size() < enough)
-            Require(ParseAndLink(smallFile, project, prompts), "a sound file can be read");
+            Require(ParseAndLink(smallFile, project), "a sound file can be read");
     }
     void OpenMenus() {
-        const std::string tag = bytes.Flag() ? dialogTag : WindowTag(bytes.Below(14));
-        EditMenu(project, tag);
-        FileMenu(project, tag);
+        const int active = bytes.Flag() ? 0 : bytes.Below(14);
+        EditMenu(project, active);
+        FileMenu(project, active);
     }
     void EmptyClipboard() { ClearClipboard(project.clipboard); }
 

@@ -26,7 +26,7 @@ void GlassImport(std::string_view bytes) {
     FuzzBytes none("");
     FuzzPrompts prompts(none);
     Project project;
-    PrepareProject(project, prompts);
+    PrepareProject(project);
     AddTypesAroundFreeSlot(project);
     try {
         Require(ParseGlassDefinitions(bytes, project), "no input is taken for another format");

@@ -59,8 +59,6 @@ void RequireSameWithWindowsLineEnds(Parser parse, std::string_view bytes, const 
 /// Sorting keeps the materials, and each of them can be shown, and taken or refused.
 inline void RequireSortable(const MaterialLibrary& library, std::int16_t number) {
     Project project;
-    EmptyLibrary(project.standardLibrary);
-    EmptyLibrary(project.userLibrary);
     Library(project, number) = library;
     project.shownLibrary = number;
     auto before = Materials(library);

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "calc/Relink.h"
+#include "edit/ConstructionSlots.h"
 #include "files/ConstructionParser.h"
 #include "files/MaterialLibraryFile.h"
 #include "fuzz/FuzzPrompts.h"
 #include "fuzz/Invariants.h"
-#include "project/NewProject.h"
 
 #include <string_view>
 
@@ -26,8 +26,7 @@ inline constexpr char userMaterials[] = "12* HEMP,0.04 40 1600\n15* CORK,0.045 1
                                         "\"16* OVER TWO\n!EOF LINES\",1 2 3\n";
 
 /// A project just started, with both libraries loaded.
-inline void PrepareProject(Project& project, Prompts& prompts) {
-    StartUp(project, Settings(), prompts);
+inline void PrepareProject(Project& project) {
     static const LibraryContent standard = ParseStandardLibrary(standardMaterials);
     static const LibraryContent user = ParseUserLibrary(userMaterials);
     project.standardLibrary = standard.library;
@@ -39,13 +38,12 @@ inline void PrepareProject(Project& project, Prompts& prompts) {
 }
 
 /// Reads the bytes as a construction file and links its layers; false when they were refused.
-inline bool ParseAndLink(std::string_view bytes, Project& project, Prompts& prompts) {
+inline bool ParseAndLink(std::string_view bytes, Project& project) {
     try {
-        ParseConstructionFile(bytes, project, prompts, [&] {
-            OpenConstructionWindow(project, prompts);
-            project.constructions[project.currentConstruction].name.clear();
-        });
-        RelinkLayers(project, prompts);
+        ParserEvents events;
+        events.createConstruction = [&] { CreateUnnamedConstruction(project); };
+        ParseConstructionFile(bytes, project, events);
+        RelinkLayers(project);
         return true;
     } catch (const RuntimeError& error) {
         RequireNumber(error, {ErrorNumber::invalidArgument, ErrorNumber::overflow});

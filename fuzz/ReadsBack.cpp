@@ -12,16 +12,13 @@ namespace {
 
 /// Reads the bytes with the libraries of another project, and writes them again.
 std::string WrittenAgain(const std::string& written, const Project& withLibraries) {
-    FuzzBytes none("");
-    FuzzPrompts prompts(none);
     Project project;
-    StartUp(project, Settings(), prompts);
     project.standardLibraryFile.clear(); // a file may name none
     project.standardLibrary = withLibraries.standardLibrary;
     project.userLibrary = withLibraries.userLibrary;
     project.standardLoaded = withLibraries.standardLoaded;
     project.userLoaded = withLibraries.userLoaded;
-    Require(ParseAndLink(written, project, prompts), "what was written can be read");
+    Require(ParseAndLink(written, project), "what was written can be read");
     RequireInvariants(project);
     return FormatConstructionFile(project);
 }

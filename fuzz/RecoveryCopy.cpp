@@ -38,7 +38,7 @@ void RequireReadOrRefused(std::string_view bytes) {
         Require(!ContentBytes(project).empty(), "there is always some content");
         FormatConstructionFile(project);
     } catch (const DamagedSnapshot&) {
-        Require(project.constructionFile == "untouched" && project.constructions.Size() == 0,
+        Require(project.constructionFile == "untouched" && project.constructionCount == 0,
                 "a refused snapshot changes nothing");
     }
     Require(project.clipboard[1].name == "CLIPPED", "the clipboard is not the snapshot's");

@@ -1,10 +1,10 @@
 #include "edit/GlassTypes.h"
 #include "edit/LayerClipboard.h"
 #include "files/ConstructionWriter.h"
-#include "files/ReadBack.h"
 #include "fuzz/ProjectSupport.h"
 #include "fuzz/ReadsBack.h"
 #include "fuzz/Targets.h"
+#include "project/ReadBack.h"
 
 #include <cmath>
 #include <initializer_list>
@@ -78,7 +78,7 @@ void AddLayers(Project& project, FuzzBytes& bytes, Prompts& prompts) {
 
 void AddConstructions(Project& project, FuzzBytes& bytes, Prompts& prompts) {
     for (int number = bytes.Below(4); number > 0; --number) {
-        OpenConstructionWindow(project, prompts);
+        OpenConstructionWindow(project);
         project.constructions[project.currentConstruction].name = bytes.Text();
         AddLayers(project, bytes, prompts);
         std::string comment = bytes.Text();
@@ -124,7 +124,7 @@ void AddGlassTypes(Project& project, FuzzBytes& bytes) {
 /// is the text of a construction file.
 bool Fill(Project& project, std::string_view input, FuzzBytes& bytes, Prompts& prompts) {
     if (!input.starts_with('S'))
-        return ParseAndLink(input, project, prompts);
+        return ParseAndLink(input, project);
     bytes.Byte();
     AddConstructions(project, bytes, prompts);
     AddGlassTypes(project, bytes);
@@ -139,7 +139,7 @@ void WriteRead(std::string_view input) {
     FuzzBytes bytes(input);
     FuzzPrompts prompts(bytes);
     Project project;
-    PrepareProject(project, prompts);
+    PrepareProject(project);
     if (!Fill(project, input, bytes, prompts))
         return;
     if (!UnreadableNames(project).empty())

@@ -41,10 +41,8 @@ std::string AbsorptionText(double absorption) {
 
 LayerListView ViewLayerList(const Construction& construction) {
     LayerListView view;
-    for (int slot = 1; slot <= construction.layers.HighestUsed(); ++slot) {
+    for (const int slot : FilledSlots(construction)) {
         const Layer& layer = construction.layers[slot];
-        if (layer.name.empty())
-            continue;
         view.lines.push_back(FormatLayerLine(layer));
         view.marks.push_back(layer.selected);
     }
@@ -56,14 +54,24 @@ LayerListView ViewLayerList(const Construction& construction) {
     return view;
 }
 
-void RefreshLayerList(Project& project, int number, Prompts& prompts) {
-    Construction& construction = project.constructions[number];
+bool ShowThickness(Construction& construction, ThicknessEvent event) {
     const double thickness = CurrentLayer(construction).thickness;
-    if (construction.currentLayer == 0)
-        construction.window.shownThickness = 0;
-    else if (thickness > 0)
+    const bool isShown = event == ThicknessEvent::entry || thickness > 0
+                         || (event == ThicknessEvent::restore && thickness == 0)
+                         || construction.currentLayer == 0;
+    if (isShown)
         construction.window.shownThickness = thickness;
-    prompts.RefreshConstructionWindow(number);
+    return isShown;
+}
+
+bool ShowTheSame(const Construction& a, const Construction& b) {
+    return a.name == b.name && a.type == b.type && a.layers == b.layers
+           && a.currentLayer == b.currentLayer
+           && a.window.shownThickness == b.window.shownThickness;
+}
+
+void RefreshLayerList(Construction& construction) {
+    ShowThickness(construction, ThicknessEvent::refresh);
 }
 
 } // namespace strativo

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "model/Project.h"
-#include "port/Desktop.h"
+#include "model/Construction.h"
 
 #include <string>
 #include <vector>
@@ -28,8 +27,22 @@ LayerListView ViewLayerList(const Construction& construction);
 std::string ThicknessText(double thickness);
 std::string AbsorptionText(double absorption);
 
-/// Rebuilds what the construction's window shows after its layers changed. The thickness field
-/// keeps its text where the current layer has no thickness above 0.
-void RefreshLayerList(Project& project, int number, Prompts& prompts);
+/// What makes the thickness field show the current layer's thickness.
+enum class ThicknessEvent {
+    refresh, ///< the layers changed: only a thickness above 0 is shown, or that there is no layer
+    restore, ///< a layer was chosen, or the field left: 0 empties the field
+    entry    ///< a thickness was entered
+};
+
+/// Brings the record of what the thickness field shows up to date. It stays as it is where the
+/// event does not show the current layer's thickness (false); a negative one is shown by its entry
+/// alone.
+bool ShowThickness(Construction& construction, ThicknessEvent event);
+
+/// The windows of both constructions would show the same.
+bool ShowTheSame(const Construction& a, const Construction& b);
+
+/// Brings what the construction's window shows up to date after its layers changed.
+void RefreshLayerList(Construction& construction);
 
 } // namespace strativo

@@ -62,15 +62,13 @@ void LinkConstruction(Construction& construction, const CodeIndex& standard,
 
 } // namespace
 
-void RelinkLayers(Project& project, Prompts& prompts) {
+void RelinkLayers(Project& project) {
     const CodeIndex standard(project.standardLibrary);
     const CodeIndex user(project.userLibrary);
-    for (int number = 1; number <= project.constructions.Size(); ++number) {
-        if (!InUse(project, number))
-            continue;
+    for (const int number : ConstructionsInUse(project)) {
         LinkConstruction(project.constructions[number], standard, user);
         project.currentConstruction = number;
-        RefreshLayerList(project, number, prompts);
+        RefreshLayerList(project.constructions[number]);
     }
 }
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "model/Project.h"
-#include "port/Desktop.h"
 
 namespace strativo {
 
@@ -9,6 +8,6 @@ namespace strativo {
 /// names their cavities, makes layer 1 current in each and the last construction current. With
 /// duplicate material numbers the last one in the library wins; a material that is not found
 /// leaves its layer as it was. Run-time error 6 for a conductivity beyond a 32-bit float.
-void RelinkLayers(Project& project, Prompts& prompts);
+void RelinkLayers(Project& project);
 
 } // namespace strativo

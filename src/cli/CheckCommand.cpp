@@ -83,7 +83,10 @@ std::optional<std::string> LibraryBytes(Session& session, bool user) {
         return HasConstructionKeyword(bytes) ? std::nullopt : std::optional(std::move(bytes));
     } catch (const RuntimeError& error) {
         const FileMessages& messages = user ? userLibraryMessages : standardLibraryMessages;
-        session.prompts.ShowMessage({messages.Text(error.Number()), ""});
+        session.Run([&] {
+            session.prompts.ShowMessage({messages.Text(error.Number()), ""});
+            return false;
+        });
         return "";
     }
 }

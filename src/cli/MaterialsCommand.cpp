@@ -38,7 +38,7 @@ bool Load(Session& session, bool user) {
     project.userLibraryFile = CallersPath(session.file);
     const LibraryLoad result = LoadUserLibrary(project, session.prompts);
     if (result == LibraryLoad::givenUp)
-        session.prompts.EndProgram();
+        throw ProgramEnd();
     return result == LibraryLoad::loaded;
 }
 

@@ -20,7 +20,7 @@ Session::Session(const std::string& callersFile, const Invocation& call, std::os
     Settings settings = ReadSettings(SettingsFiles());
     if (!call.standardLibrary.empty())
         settings.stdMat = CallersPath(call.standardLibrary);
-    StartUp(project, settings, prompts);
+    StartUp(project, settings);
 }
 
 bool Session::Run(const std::function<bool()>& action) {
@@ -28,7 +28,8 @@ bool Session::Run(const std::function<bool()>& action) {
     try {
         ran = action();
     } catch (const ProgramEnd&) {
-        ran = false; // the desktop has noted it
+        ran = false;
+        prompts.NoteEnd();
     } catch (const std::exception& error) {
         prompts.Report(error.what());
     }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "port/Desktop.h"
+#include "port/Prompts.h"
 
 #include <iosfwd>
 #include <string>
@@ -15,7 +15,7 @@ struct PromptAnswers {
     std::string constructionFile;
 };
 
-/// A desktop with nobody in front of it: messages go to a stream as one line each, questions are
+/// Nobody is there to answer: messages go to a stream as one line each, questions are
 /// answered Yes, and each prompt is answered once, then cancelled.
 class TerminalPrompts : public Prompts {
 public:
@@ -25,6 +25,8 @@ public:
     void SetSubject(std::string file) { subject = std::move(file); }
     /// Answers a construction file prompt to come.
     void AnswerConstructionFile(std::string path) { answers.constructionFile = std::move(path); }
+    /// The program would have ended here.
+    void NoteEnd() { ended = true; }
     /// Writes a line about the subject, as for a message.
     void Report(const std::string& utf8);
 
@@ -34,22 +36,6 @@ public:
     Answer ShowMessage(const Message& message) override;
     std::optional<std::string> AskOpenFile(const FilePrompt& prompt) override;
     std::optional<std::string> AskSaveFile(const FilePrompt& prompt) override;
-    void Beep() override {}
-    void OpenConstructionWindow(int) override {}
-    void CloseConstructionWindow(int) override {}
-    void RefreshConstructionWindow(int) override {}
-    void ActivateConstructionWindow(int) override {}
-    void RefreshMaterialList() override {}
-    void ShowMaterialDialog() override {}
-    void EnableMatOption(int, bool) override {}
-    void SelectMatOption(int) override {}
-    void RefreshGlassTypeList() override {}
-    void ShowProgress(std::size_t, std::size_t) override {}
-    void ShowHelpContents() override {}
-    void QuitHelp() override {}
-
-protected:
-    void OnProgramEnd() override { ended = true; }
 
 private:
     std::string& AnswerTo(const FilePrompt& prompt);

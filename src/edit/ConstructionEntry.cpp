@@ -53,7 +53,7 @@ void AdvanceToNextLayer(Construction& construction) {
         return;
     ++construction.currentLayer;
     construction.layers.Edit(construction.currentLayer).selected = true;
-    RestoreThickness(construction);
+    ShowThickness(construction, ThicknessEvent::restore);
 }
 
 } // namespace
@@ -73,9 +73,9 @@ EntryResult EnterThickness(Project& project, int number, std::string_view text, 
     layer.thickness = ToSingle(*value);
     project.changed = true;
     construction.window.edited = true;
-    construction.window.shownThickness = layer.thickness;
+    ShowThickness(construction, ThicknessEvent::entry);
     AdvanceToNextLayer(construction);
-    RefreshLayerList(project, number, prompts);
+    RefreshLayerList(construction);
     return EntryResult::accepted;
 }
 
@@ -103,20 +103,12 @@ void SelectLine(Project& project, int number, int line, const std::vector<bool>&
     Construction& construction = project.constructions[number];
     const int lines = LayerCount(construction);
     construction.currentLayer = static_cast<std::int16_t>(std::clamp(line + 1, 0, lines));
-    for (int layer = 1; layer <= lines; ++layer) {
-        const auto index = static_cast<std::size_t>(layer) - 1;
-        const int slot = SlotOfLayer(construction, layer);
-        construction.layers.Edit(slot).selected = index < marks.size() && marks[index];
+    std::size_t mark = 0;
+    for (const int slot : FilledSlots(construction)) {
+        construction.layers.Edit(slot).selected = mark < marks.size() && marks[mark];
+        ++mark;
     }
-    RestoreThickness(construction);
-}
-
-bool RestoreThickness(Construction& construction) {
-    const double thickness = CurrentLayer(construction).thickness;
-    if (thickness < 0)
-        return false;
-    construction.window.shownThickness = thickness;
-    return true;
+    ShowThickness(construction, ThicknessEvent::restore);
 }
 
 std::string CleanEntry(std::string_view text) {

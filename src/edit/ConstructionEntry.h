@@ -1,7 +1,7 @@
 #pragma once
 
 #include "model/Project.h"
-#include "port/Desktop.h"
+#include "port/Prompts.h"
 
 #include <string>
 #include <string_view>
@@ -29,10 +29,6 @@ void ChangeType(Project& project, int number, int typeIndex);
 
 /// Makes a line of the layer list (from 0; -1 none) the current layer and takes over the marks.
 void SelectLine(Project& project, int number, int line, const std::vector<bool>& marks);
-
-/// Lets the thickness field show the stored thickness of the current layer again. False over a
-/// negative one: the field keeps the text that it has.
-bool RestoreThickness(Construction& construction);
 
 /// Typed or pasted text for a name: control characters become one blank each.
 std::string CleanEntry(std::string_view text);

@@ -1,26 +1,21 @@
 #include "edit/ConstructionSlots.h"
 
 #include "text/Format.h"
-#include "text/Numbers.h"
 
 #include <algorithm>
-#include <limits>
 #include <numeric>
 
 namespace strativo {
 
 namespace {
 
-void CloseSlot(Project& project, int number, Prompts& prompts) {
+void CloseSlot(Project& project, int number) {
     Construction& construction = project.constructions[number];
     construction.type = removedType;
     construction.window.open = false;
     project.constructionCount = std::max(0, project.constructionCount - 1);
     project.lowestFreeHint = std::min(project.lowestFreeHint, number);
     project.comments.constructions.Drop(number);
-    project.closingInProgress = true;
-    prompts.CloseConstructionWindow(number);
-    project.closingInProgress = false;
     project.changed = true;
 }
 
@@ -51,53 +46,55 @@ void ActivateConstruction(Project& project, int number) {
 
 int LatestActiveConstruction(const Project& project) {
     int latest = 0;
-    for (int number = 1; number <= project.constructions.Size(); ++number) {
-        const WindowRecord& window = project.constructions[number].window;
-        if (window.open
-            && (latest == 0
-                || window.lastActive >= project.constructions[latest].window.lastActive))
+    const auto lastActive = [&](int number) {
+        return project.constructions[number].window.lastActive;
+    };
+    for (const int number : ConstructionsInUse(project))
+        if (latest == 0 || lastActive(number) >= lastActive(latest))
             latest = number;
-    }
     return latest;
 }
 
-void RemoveConstruction(Project& project, int number, Prompts& prompts) {
+void OpenConstructionWindow(Project& project) {
+    const int number = FirstFreeConstructionSlot(project);
+    Construction& construction = project.constructions[number];
+    construction = Construction();
+    construction.name = ConstructionTitle(number);
+    construction.window.open = true;
+    construction.window.opening = ++project.openings;
+    ++project.constructionCount;
+    ActivateConstruction(project, number);
+}
+
+void CreateUnnamedConstruction(Project& project) {
+    OpenConstructionWindow(project);
+    project.constructions[project.currentConstruction].name.clear();
+}
+
+void RemoveConstruction(Project& project, int number) {
     if (!InUse(project, number))
         return;
-    CloseSlot(project, number, prompts);
+    CloseSlot(project, number);
     ChooseCurrentAfterRemoval(project);
 }
 
-void RemoveConstructions(Project& project, int last, Prompts& prompts) {
-    for (int number = 1; number <= last; ++number)
-        if (InUse(project, number))
-            CloseSlot(project, number, prompts);
+void RemoveConstructions(Project& project, int last) {
+    for (const int number : ConstructionsInUse(project))
+        if (number <= last)
+            CloseSlot(project, number);
     ChooseCurrentAfterRemoval(project);
 }
 
 void CloseUpLayers(Construction& construction) {
     LayerSlots& layers = construction.layers;
-    const int highest = layers.HighestUsed();
     int filled = 0;
-    for (int slot = 1; slot <= highest; ++slot) {
-        if (layers[slot].name.empty())
-            continue;
+    for (const int slot : FilledSlots(construction)) {
         ++filled;
         if (filled != slot)
             layers.Edit(filled) = layers[slot];
     }
-    if (filled < highest)
+    if (filled < layers.HighestUsed())
         layers.ClearFrom(filled + 1);
-}
-
-std::string WindowTag(int number) {
-    return SignPositionNumber(number);
-}
-
-int TagNumber(std::string_view tag) {
-    constexpr double limit = std::numeric_limits<int>::max();
-    const double number = LeadingNumber(tag);
-    return number >= 0 && number <= limit ? static_cast<int>(number) : 0;
 }
 
 std::string ConstructionTitle(int number) {

@@ -61,7 +61,7 @@ int ColumnAfterKey(int column, ProfileKey key) {
 }
 
 bool NameTakenByAnother(const Project& project, int glassType, std::string_view name) {
-    for (int number = 1; number <= project.glassTypes.Size(); ++number)
+    for (const int number : NamedGlassTypes(project.glassTypes))
         if (number != glassType && project.glassTypes[number].name == name)
             return true;
     return false;

@@ -38,10 +38,10 @@ void AddGlassType2D(Project& project, std::string name) {
 }
 
 void ResetGlassTypes(Project& project) {
-    project.glassTypes.Clear();
-    project.glassTypes2D.Clear();
-    project.currentGlassType = project.glassTypes.Append();
-    project.currentGlassType2D = project.glassTypes2D.Append();
+    project.glassTypes = NumberedList<GlassType>(1);
+    project.glassTypes2D = NumberedList<GlassType2D>(1);
+    project.currentGlassType = 1;
+    project.currentGlassType2D = 1;
     project.freeGlassHint = 1;
     project.freeGlassHint2D = 1;
     project.glassSectionsRead = 0;
@@ -50,10 +50,14 @@ void ResetGlassTypes(Project& project) {
 
 std::vector<std::string> GlassTypeNames(const Project& project) {
     std::vector<std::string> names;
-    for (const GlassType& type : project.glassTypes)
-        if (!type.name.empty())
-            names.push_back(type.name);
+    for (const int number : NamedGlassTypes(project.glassTypes))
+        names.push_back(project.glassTypes[number].name);
     return names;
+}
+
+void RefreshGlassTypeList(Project& project) {
+    project.glassTypeList.names = GlassTypeNames(project);
+    ++project.glassTypeList.listings;
 }
 
 bool FindGlassType(Project& project, std::string_view name) {
@@ -71,7 +75,7 @@ bool DeleteGlassType(Project& project, std::string_view name, Prompts& prompts) 
         YesNoQuestion("Do you want to delete this window type?", "Delete Window Type", Answer::no);
     if (name.empty() || prompts.ShowMessage(question) != Answer::yes)
         return false;
-    for (int number = 1; number <= project.glassTypes.Size(); ++number) {
+    for (const int number : NamedGlassTypes(project.glassTypes)) {
         if (project.glassTypes[number].name != name)
             continue;
         project.glassTypes[number].name.clear();

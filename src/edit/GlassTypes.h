@@ -1,7 +1,7 @@
 #pragma once
 
 #include "model/Project.h"
-#include "port/Desktop.h"
+#include "port/Prompts.h"
 
 #include <string>
 #include <string_view>
@@ -19,6 +19,9 @@ void ResetGlassTypes(Project& project);
 
 /// Names of the ordinary types in slot order, free slots left out.
 std::vector<std::string> GlassTypeNames(const Project& project);
+
+/// Lists the glass types anew for their window; nothing is selected in it afterwards.
+void RefreshGlassTypeList(Project& project);
 
 /// Makes the last type of that name current. False when there is none.
 bool FindGlassType(Project& project, std::string_view name);

@@ -58,9 +58,9 @@ void CopyMarkedLayers(const Construction& construction, LayerClipboard& clipboar
     if (construction.currentLayer == 0 || MarkedLayersUpTo(construction, maxLayers) == 0)
         return;
     int entry = 1;
-    for (int slot = 1; slot <= construction.layers.HighestUsed(); ++slot) {
+    for (const int slot : FilledSlots(construction)) {
         const Layer& layer = construction.layers[slot];
-        if (layer.name.empty() || !layer.selected)
+        if (!layer.selected)
             continue;
         clipboard[entry] = layer;
         clipboard[entry++].selected = false;
@@ -101,19 +101,19 @@ bool RemoveMarkedLayers(Construction& construction) {
     return kept < lines;
 }
 
-void RefreshAndMarkChanged(Project& project, Prompts& prompts) {
-    RefreshLayerList(project, project.currentConstruction, prompts);
+void RefreshAndMarkChanged(Project& project, Construction& construction) {
+    RefreshLayerList(construction);
     project.changed = true;
 }
 
-void DeleteMarked(Project& project, Construction& construction, Prompts& prompts) {
+void DeleteMarked(Project& project, Construction& construction) {
     const std::int16_t focused = construction.currentLayer;
     if (focused > 0 && RemoveMarkedLayers(construction)) {
         const auto left = static_cast<std::int16_t>(LayerCount(construction));
         construction.currentLayer = std::min(focused, left);
         MarkOnly(construction, construction.currentLayer, construction.currentLayer);
     }
-    RefreshAndMarkChanged(project, prompts);
+    RefreshAndMarkChanged(project, construction);
 }
 
 /// Opens a gap at the layer and puts the entry there.
@@ -152,12 +152,12 @@ void CutLayers(Project& project, Prompts& prompts) {
     if (construction == nullptr || construction->currentLayer == 0)
         return;
     CopyMarkedLayers(*construction, project.clipboard);
-    DeleteMarked(project, *construction, prompts);
+    DeleteMarked(project, *construction);
 }
 
 void DeleteLayers(Project& project, Prompts& prompts) {
     if (Construction* construction = EditedConstruction(project, prompts))
-        DeleteMarked(project, *construction, prompts);
+        DeleteMarked(project, *construction);
 }
 
 void PasteLayers(Project& project, Prompts& prompts) {
@@ -171,7 +171,7 @@ void PasteLayers(Project& project, Prompts& prompts) {
         if (!entry.name.empty() && lines < maxLayers)
             InsertEntry(project, *construction, lines++, ++current, entry);
     MarkInserted(*construction, before + 1, current, current);
-    RefreshAndMarkChanged(project, prompts);
+    RefreshAndMarkChanged(project, *construction);
 }
 
 void PasteLayersBefore(Project& project, Prompts& prompts) {
@@ -185,7 +185,7 @@ void PasteLayersBefore(Project& project, Prompts& prompts) {
         if (!project.clipboard[slot].name.empty() && lines < maxLayers)
             InsertEntry(project, *construction, lines++, at, project.clipboard[slot]);
     MarkInserted(*construction, at, at + lines - before - 1, at);
-    RefreshAndMarkChanged(project, prompts);
+    RefreshAndMarkChanged(project, *construction);
 }
 
 bool TakeMaterial(Project& project) {
@@ -209,9 +209,9 @@ void ClearMarks(Construction& construction) {
 
 int MarkedLayersUpTo(const Construction& construction, int layerNumber) {
     int count = 0;
-    const int last = std::min(layerNumber, LayerCount(construction));
-    for (int layer = 1; layer <= last; ++layer)
-        count += construction.layers[SlotOfLayer(construction, layer)].selected ? 1 : 0;
+    int layer = 0;
+    for (const int slot : FilledSlots(construction))
+        count += ++layer <= layerNumber && construction.layers[slot].selected ? 1 : 0;
     return count;
 }
 

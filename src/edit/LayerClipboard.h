@@ -1,7 +1,7 @@
 #pragma once
 
 #include "model/Project.h"
-#include "port/Desktop.h"
+#include "port/Prompts.h"
 
 namespace strativo {
 

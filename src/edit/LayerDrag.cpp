@@ -24,8 +24,8 @@ void PasteAtRow(Project& project, int target, int row, Prompts& prompts) {
         PasteLayersBefore(project, prompts);
     }
     ClearMarks(construction);
-    RefreshLayerList(project, target, prompts);
-    prompts.ActivateConstructionWindow(target);
+    RefreshLayerList(construction);
+    project.windowToActivate = target;
 }
 
 bool HasRoomFor(const Construction& target, int layers) {

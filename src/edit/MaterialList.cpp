@@ -93,15 +93,13 @@ std::string MaterialListCaption(const Project& project) {
     return "Select Material : " + (user ? project.userLibraryFile : project.standardLibraryFile);
 }
 
-void RefreshMaterialList(Project& project, Prompts& prompts) {
+void RefreshMaterialList(Project& project) {
     project.selectedMaterial = 0;
-    prompts.RefreshMaterialList();
 }
 
-void ShowLibrary(Project& project, int libraryNumber, Prompts& prompts) {
+void ShowLibrary(Project& project, int libraryNumber) {
     project.shownLibrary = static_cast<std::int16_t>(libraryNumber);
-    prompts.SelectMatOption(libraryNumber - 1);
-    RefreshMaterialList(project, prompts);
+    RefreshMaterialList(project);
 }
 
 } // namespace strativo

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "model/Project.h"
-#include "port/Desktop.h"
 
 #include <string>
 #include <string_view>
@@ -33,10 +32,10 @@ std::vector<std::string> MaterialLines(const Project& project);
 /// "Select Material : " and the file name of the shown library.
 std::string MaterialListCaption(const Project& project);
 
-/// Rebuilds the material list; nothing is selected in it afterwards.
-void RefreshMaterialList(Project& project, Prompts& prompts);
+/// After the library shown was loaded or sorted: nothing is selected in its list.
+void RefreshMaterialList(Project& project);
 
 /// Shows that library in the material list, its option marked.
-void ShowLibrary(Project& project, int libraryNumber, Prompts& prompts);
+void ShowLibrary(Project& project, int libraryNumber);
 
 } // namespace strativo

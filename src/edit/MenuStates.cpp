@@ -1,10 +1,8 @@
 #include "edit/MenuStates.h"
 
-#include "edit/ConstructionSlots.h"
-
 namespace strativo {
 
-EditMenuState EditMenu(const Project& project, std::string_view activeTag) {
+EditMenuState EditMenu(const Project& project, int activeConstruction) {
     EditMenuState state;
     if (project.dialogActive) {
         state.copy = true;
@@ -12,8 +10,8 @@ EditMenuState EditMenu(const Project& project, std::string_view activeTag) {
     }
     // The first clipboard slot alone decides, and marks do not: the current layer does.
     const bool hasClip = !project.clipboard[1].name.empty();
-    const int active = TagNumber(activeTag);
-    const bool hasLayer = InUse(project, active) && project.constructions[active].currentLayer > 0;
+    const bool hasLayer = InUse(project, activeConstruction)
+                          && project.constructions[activeConstruction].currentLayer > 0;
     state.paste = hasClip;
     state.pasteBefore = hasClip;
     state.copy = hasLayer;
@@ -22,8 +20,8 @@ EditMenuState EditMenu(const Project& project, std::string_view activeTag) {
     return state;
 }
 
-FileMenuState FileMenu(const Project& project, std::string_view activeTag) {
-    return {project.changed, TagNumber(activeTag) != 0};
+FileMenuState FileMenu(const Project& project, int activeConstruction) {
+    return {project.changed, activeConstruction != 0};
 }
 
 } // namespace strativo

@@ -2,8 +2,6 @@
 
 #include "model/Project.h"
 
-#include <string_view>
-
 namespace strativo {
 
 struct EditMenuState {
@@ -16,8 +14,9 @@ struct EditMenuState {
     bool operator==(const EditMenuState&) const = default;
 };
 
-/// What the Edit menu offers, given the tag of the active child window.
-EditMenuState EditMenu(const Project& project, std::string_view activeTag);
+/// What the Edit menu offers, given the number of the construction whose window is active; 0 when
+/// another window is.
+EditMenuState EditMenu(const Project& project, int activeConstruction);
 
 struct FileMenuState {
     bool save = false;
@@ -26,7 +25,7 @@ struct FileMenuState {
     bool operator==(const FileMenuState&) const = default;
 };
 
-/// What the File menu offers, given the tag of the active child window.
-FileMenuState FileMenu(const Project& project, std::string_view activeTag);
+/// What the File menu offers, given the same.
+FileMenuState FileMenu(const Project& project, int activeConstruction);
 
 } // namespace strativo

@@ -62,11 +62,10 @@ private:
 
 class Parser {
 public:
-    Parser(std::string_view bytes, Project& target, Prompts& port, const CreateConstruction& create)
-        : total(bytes.size()), lines(bytes), project(target), prompts(port),
-          createConstruction(create) {}
+    Parser(std::string_view bytes, Project& target, const ParserEvents& parserEvents)
+        : total(bytes.size()), lines(bytes), project(target), events(parserEvents) {}
 
-    ~Parser() { prompts.ShowProgress(total, total); }
+    ~Parser() { events.progress(total, total); }
     Parser(const Parser&) = delete;
     Parser& operator=(const Parser&) = delete;
 
@@ -84,7 +83,7 @@ private:
     void ReportProgress() {
         constexpr unsigned linesBetweenReports = 4096;
         if (++lineCount % linesBetweenReports == 0)
-            prompts.ShowProgress(lines.Position(), total);
+            events.progress(lines.Position(), total);
     }
 
     /// The first keyword found decides. False for a line whose comment is not kept.
@@ -93,7 +92,8 @@ private:
         if (keywords.HasAny() && ReadKeyword(keywords, line))
             return true;
         if (constructionOpen && Contains(line, '_') && Contains(line, '=')) {
-            ParsePartLine(line, transparent, project, prompts);
+            if (!ParsePartLine(line, transparent, project))
+                events.layerRefused();
             return false;
         }
         if (keywords.HasAny() && !Contains(line, '/') && !Contains(line, '}'))
@@ -141,7 +141,7 @@ private:
     }
 
     void ReadConstructionLine(std::string_view line) {
-        createConstruction();
+        events.createConstruction();
         if (auto name = QuotedValue(line))
             project.constructions[project.currentConstruction].name = std::move(*name);
         parsed.lastConstruction = project.currentConstruction;
@@ -221,8 +221,7 @@ private:
     std::size_t total;
     CommentedLines lines;
     Project& project;
-    Prompts& prompts;
-    const CreateConstruction& createConstruction;
+    const ParserEvents& events;
     ParsedFile parsed;
     unsigned lineCount = 0;
     Section section = Section::fileHead;
@@ -275,25 +274,24 @@ Layer ReadPart(std::string_view line, bool transparent) {
 
 } // namespace
 
-ParsedFile ParseConstructionFile(std::string_view bytes, Project& project, Prompts& prompts,
-                                 const CreateConstruction& createConstruction) {
-    return Parser(bytes, project, prompts, createConstruction).Run();
+ParsedFile ParseConstructionFile(std::string_view bytes, Project& project,
+                                 const ParserEvents& events) {
+    return Parser(bytes, project, events).Run();
 }
 
-void ParsePartLine(std::string_view line, bool transparent, Project& project, Prompts& prompts) {
+bool ParsePartLine(std::string_view line, bool transparent, Project& project) {
     // Before the numbers are taken, which may fail.
     project.userLibraryNeeded = project.userLibraryNeeded || Contains(line, '@');
     Layer layer = ReadPart(line, transparent);
     Construction& construction = project.constructions[project.currentConstruction];
     const int slot = construction.layers.HighestUsed() + 1;
-    if (slot > maxLayers) {
-        prompts.Beep();
-        return;
-    }
+    if (slot > maxLayers)
+        return false;
     layer.name = std::to_string(slot); // until it is linked to its library
     construction.layers.Edit(slot) = std::move(layer);
     construction.currentLayer = static_cast<std::int16_t>(slot);
-    RefreshLayerList(project, project.currentConstruction, prompts);
+    RefreshLayerList(construction);
+    return true;
 }
 
 } // namespace strativo

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "model/Project.h"
-#include "port/Desktop.h"
 
+#include <cstddef>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -17,15 +17,23 @@ struct ParsedFile {
     int lastConstruction = 0; ///< number of the last construction read, 0 for none
 };
 
-/// Opens a new construction and makes it current.
-using CreateConstruction = std::function<void()>;
+/// What the parser does not do by itself.
+struct ParserEvents {
+    /// Takes a new construction without a name into use and makes it current.
+    std::function<void()> createConstruction;
+    /// A construction has more layers than there is room for.
+    std::function<void()> layerRefused = [] {};
+    /// Called now and then with the bytes read and their total, the two equal at the end.
+    std::function<void(std::size_t done, std::size_t total)> progress = [](std::size_t,
+                                                                           std::size_t) {};
+};
 
 /// Parses the bytes of a construction file into the project, line by line, up to the end or a
 /// line with "!EOF". Run-time error 5 or 6; what was read before it stays in the project.
-ParsedFile ParseConstructionFile(std::string_view bytes, Project& project, Prompts& prompts,
-                                 const CreateConstruction& createConstruction);
+ParsedFile ParseConstructionFile(std::string_view bytes, Project& project,
+                                 const ParserEvents& events);
 
-/// Adds one layer to the current construction. A 16th layer only beeps. Run-time error 5 or 6.
-void ParsePartLine(std::string_view line, bool transparent, Project& project, Prompts& prompts);
+/// Adds one layer to the current construction; false for a 16th one. Run-time error 5 or 6.
+bool ParsePartLine(std::string_view line, bool transparent, Project& project);
 
 } // namespace strativo

@@ -1,7 +1,5 @@
 #include "files/ConstructionPrompts.h"
 
-#include "model/Project.h"
-
 namespace strativo {
 
 namespace {
@@ -11,14 +9,12 @@ constexpr char extension[] = "CON";
 
 } // namespace
 
-std::string PromptConstructionFile(Prompts& prompts) {
-    return prompts.AskOpenFile({"Open Construction file", filter, "", extension})
-        .value_or(singleBlank);
+std::optional<std::string> PromptConstructionFile(Prompts& prompts) {
+    return prompts.AskOpenFile({"Open Construction file", filter, "", extension});
 }
 
-std::string PromptSaveConstructionFile(Prompts& prompts) {
-    return prompts.AskSaveFile({"Save Construction file as ", filter, "", extension})
-        .value_or(singleBlank);
+std::optional<std::string> PromptSaveConstructionFile(Prompts& prompts) {
+    return prompts.AskSaveFile({"Save Construction file as ", filter, "", extension});
 }
 
 } // namespace strativo

@@ -1,13 +1,14 @@
 #pragma once
 
-#include "port/Desktop.h"
+#include "port/Prompts.h"
 
+#include <optional>
 #include <string>
 
 namespace strativo {
 
-// Each returns the chosen path, or a single blank when the user cancelled.
-std::string PromptConstructionFile(Prompts& prompts);
-std::string PromptSaveConstructionFile(Prompts& prompts);
+// Each returns the chosen path, or nothing when the user cancelled.
+std::optional<std::string> PromptConstructionFile(Prompts& prompts);
+std::optional<std::string> PromptSaveConstructionFile(Prompts& prompts);
 
 } // namespace strativo

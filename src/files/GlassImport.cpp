@@ -98,12 +98,12 @@ bool ParseGlassDefinitions(std::string_view bytes, Project& project) {
 }
 
 ImportResult ImportGlassDefinitions(Project& project, Prompts& prompts) {
-    const std::string path = PromptConstructionFile(prompts);
-    if (path == singleBlank)
+    const std::optional<std::string> path = PromptConstructionFile(prompts);
+    if (!path)
         return ImportResult::cancelled;
     const int sectionsBefore = project.glassSectionsRead + project.glassSectionsRead2D;
     try {
-        if (!ParseGlassDefinitions(ReadFileBytes(path), project))
+        if (!ParseGlassDefinitions(ReadFileBytes(*path), project))
             prompts.ShowMessage({incorrectFormat, ""});
         project.changed = true;
         return ImportResult::imported;

@@ -25,7 +25,7 @@ LibraryContent ReadLibrary(const Project& project, const std::string& name,
         if (AsksForAnotherFile(error.Number()))
             throw;
         LibraryContent nothing;
-        EmptyLibrary(nothing.library);
+        nothing.library = EmptyLibrary();
         nothing.failure = error.Number();
         return nothing;
     }
@@ -52,7 +52,7 @@ std::string AskForStandardFileAgain(Project& project, Prompts& prompts) {
         return name;
     project.standardLibraryFile.clear();
     prompts.ShowMessage({"Cancel pressed aborting load", ""});
-    prompts.EndProgram();
+    throw ProgramEnd();
 }
 
 LibraryLoad TakeStandardLibrary(Project& project, const LibraryContent& content, Prompts& prompts) {
@@ -64,11 +64,10 @@ LibraryLoad TakeStandardLibrary(Project& project, const LibraryContent& content,
 }
 
 /// Takes the user library out of the material list.
-void WithdrawUserLibrary(Project& project, Prompts& prompts) {
+void WithdrawUserLibrary(Project& project) {
     project.userLoaded = false;
-    prompts.EnableMatOption(userLibraryNumber - 1, false);
     if (project.shownLibrary == userLibraryNumber)
-        ShowLibrary(project, standardLibraryNumber, prompts);
+        ShowLibrary(project, standardLibraryNumber);
 }
 
 LibraryLoad TakeUserLibrary(Project& project, const LibraryContent& content, Prompts& prompts) {
@@ -77,10 +76,9 @@ LibraryLoad TakeUserLibrary(Project& project, const LibraryContent& content, Pro
     if (result == LibraryLoad::loaded) {
         project.userLoaded = true;
         project.shownLibrary = userLibraryNumber;
-        prompts.EnableMatOption(userLibraryNumber - 1, true);
         return result;
     }
-    WithdrawUserLibrary(project, prompts);
+    WithdrawUserLibrary(project);
     if (content.wrongVersion)
         project.userLibraryFile.clear();
     Report(content, userLibraryMessages, prompts);
@@ -140,9 +138,9 @@ LibraryLoad LoadUserLibrary(Project& project, Prompts& prompts) {
     }
 }
 
-void DropUserLibrary(Project& project, Prompts& prompts) {
-    EmptyLibrary(project.userLibrary);
-    WithdrawUserLibrary(project, prompts);
+void DropUserLibrary(Project& project) {
+    project.userLibrary = EmptyLibrary();
+    WithdrawUserLibrary(project);
 }
 
 } // namespace strativo

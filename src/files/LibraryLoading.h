@@ -1,7 +1,7 @@
 #pragma once
 
 #include "model/Project.h"
-#include "port/Desktop.h"
+#include "port/Prompts.h"
 
 #include <string>
 
@@ -36,6 +36,6 @@ LibraryLoad LoadStandardLibrary(Project& project, Prompts& prompts);
 LibraryLoad LoadUserLibrary(Project& project, Prompts& prompts);
 
 /// Empties the user library and takes it out of the material list.
-void DropUserLibrary(Project& project, Prompts& prompts);
+void DropUserLibrary(Project& project);
 
 } // namespace strativo

@@ -98,7 +98,7 @@ LibraryContent ParseUserLibrary(std::string_view bytes) {
         return content;
     }
     if (content.wrongVersion)
-        EmptyLibrary(content.library);
+        content.library = EmptyLibrary();
     Try(content, [&] { Slot(content.library, slot).name = endOfLibrary; });
     return content;
 }

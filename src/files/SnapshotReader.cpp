@@ -101,7 +101,7 @@ void ReadConstruction(SnapshotIn& in, Construction& construction) {
 }
 
 void ReadConstructions(SnapshotIn& in, Project& project) {
-    project.constructions.Clear();
+    project.constructions = {};
     project.constructionCount = 0;
     project.lowestFreeHint = 1;
     for (int count = in.Count(leastConstruction); count > 0; --count) {
@@ -113,7 +113,7 @@ void ReadConstructions(SnapshotIn& in, Project& project) {
 
 template <class Glass>
 void ReadGlassTypes(SnapshotIn& in, NumberedList<Glass>& types, int& freeHint) {
-    types.Clear();
+    types = {};
     freeHint = 1;
     for (int count = in.Count(leastGlassType); count > 0; --count)
         GlassFields(in, types[types.Append()]);

@@ -4,15 +4,15 @@ namespace strativo {
 
 int LayerCount(const Construction& construction) {
     int count = 0;
-    for (int slot = 1; slot <= construction.layers.HighestUsed(); ++slot)
-        count += construction.layers[slot].name.empty() ? 0 : 1;
+    for ([[maybe_unused]] const int slot : FilledSlots(construction))
+        ++count;
     return count;
 }
 
 int SlotOfLayer(const Construction& construction, int layer) {
     int count = 0;
-    for (int slot = 1; slot <= construction.layers.HighestUsed(); ++slot)
-        if (!construction.layers[slot].name.empty() && ++count == layer)
+    for (const int slot : FilledSlots(construction))
+        if (++count == layer)
             return slot;
     return 0;
 }

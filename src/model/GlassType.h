@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/NumberRange.h"
 #include "model/NumberedTable.h"
 
 #include <string>
@@ -18,10 +19,19 @@ struct BasicGlassType {
     Values absorption;   ///< fractions
     Values diffusion;    ///< fractions; meaningful only with hasDiffusion
     bool hasDiffusion = false;
+
+    bool operator==(const BasicGlassType&) const = default;
 };
 
 using GlassType = BasicGlassType<AngularValues>;
 using GlassType2D = BasicGlassType<AngularTable>;
+
+/// The numbers of the glass types that have a name, in order; other slots are free.
+template <class Glass>
+auto NamedGlassTypes(const NumberedList<Glass>& types) {
+    return NumberRange(1, types.Size(),
+                       [&types](int number) { return !types[number].name.empty(); });
+}
 
 /// The incidence angle of value 2 to 11, in degrees.
 constexpr int IncidenceAngle(int valueNumber) {

@@ -45,6 +45,8 @@ public:
     /// Number of the highest slot that was written to; all above are empty.
     int HighestUsed() const { return static_cast<int>(used.size()); }
 
+    bool operator==(const LayerSlots&) const = default;
+
 private:
     static const Layer& Unused(int slot);
     Layer& Use(int slot);

@@ -9,9 +9,10 @@ int MaterialCount(const MaterialLibrary& library) {
     return slot - 1;
 }
 
-void EmptyLibrary(MaterialLibrary& library) {
-    library[1] = Material();
+MaterialLibrary EmptyLibrary() {
+    MaterialLibrary library;
     library[1].name = endOfLibrary;
+    return library;
 }
 
 } // namespace strativo

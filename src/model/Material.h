@@ -17,6 +17,8 @@ struct Material {
     double conductivity = 0; ///< W/m C; for a cavity entry the same negative number as code
     double density = 0;      ///< kg/m3
     double specificHeat = 0; ///< J/kg C
+
+    bool operator==(const Material&) const = default;
 };
 
 /// Materials stand in slots 1, 2, ... without gaps; the slot after the last one is named "-999".
@@ -26,7 +28,7 @@ using MaterialLibrary = NumberedTable<Material, 0, 100>;
 /// Number of materials before the end marker.
 int MaterialCount(const MaterialLibrary& library);
 
-/// Makes slot 1 the end marker.
-void EmptyLibrary(MaterialLibrary& library);
+/// A library without materials.
+MaterialLibrary EmptyLibrary();
 
 } // namespace strativo

@@ -35,6 +35,10 @@ private:
 template <class T>
 class NumberedList {
 public:
+    NumberedList() = default;
+    /// So many empty slots.
+    explicit NumberedList(int size) : items(static_cast<std::size_t>(size)) {}
+
     int Size() const { return static_cast<int>(items.size()); }
     bool Has(int number) const { return number >= 1 && number <= Size(); }
 
@@ -46,15 +50,13 @@ public:
         items.emplace_back();
         return Size();
     }
-    /// Cuts the table, or grows it by empty slots.
-    void Resize(int size) { items.resize(static_cast<std::size_t>(size)); }
-    /// Empties the table and gives its memory back.
-    void Clear() { items = {}; }
 
     auto begin() { return items.begin(); }
     auto end() { return items.end(); }
     auto begin() const { return items.begin(); }
     auto end() const { return items.end(); }
+
+    bool operator==(const NumberedList&) const = default;
 
 private:
     static std::size_t Index(int number) { return static_cast<std::size_t>(number) - 1; }

@@ -11,12 +11,17 @@
 #include <array>
 #include <cstdint>
 #include <string>
+#include <vector>
 
 namespace strativo {
 
-/// As a file name: the user cancelled a prompt (construction file), or the remembered default is
-/// to be used (standard library). The empty string asks the user.
+/// As the file name of the standard library: the remembered default is to be used.
 inline constexpr char singleBlank[] = " ";
+
+/// As the path of the help file: there is none.
+inline constexpr char noHelpFile[] = ".";
+/// The remembered path of the standard library where no setting gives one.
+inline constexpr char defaultLibrary[] = "..\\stdmat.lby";
 
 /// A layer drag in progress between construction windows.
 struct LayerDrag {
@@ -24,13 +29,21 @@ struct LayerDrag {
     bool copy = false; ///< Ctrl was held when the drag started
 };
 
+/// The names that the glass types window lists. They are stale on purpose after an import by the
+/// main menu, until the window lists the types anew.
+struct GlassTypeList {
+    std::vector<std::string> names;
+    unsigned listings = 0; ///< grows each time the types are listed anew
+};
+
 /// Everything the program knows. There is one, from start to end; its content is replaced, never
-/// the object.
+/// the object. As constructed it is that of a program just started: libraries and clipboard are
+/// empty, and so is its one construction slot, which is not in use.
 struct Project {
-    MaterialLibrary standardLibrary;
-    MaterialLibrary userLibrary;
-    std::string standardLibraryFile; ///< "" none, a single blank: the remembered default
-    std::string userLibraryFile;     ///< "" none
+    MaterialLibrary standardLibrary = EmptyLibrary();
+    MaterialLibrary userLibrary = EmptyLibrary();
+    std::string standardLibraryFile = singleBlank; ///< a single blank: the remembered default
+    std::string userLibraryFile;                   ///< "" none
     bool standardLoaded = false;
     bool userLoaded = false;
     bool userLibraryNeeded = false;                    ///< a layer comes from the user library
@@ -40,14 +53,18 @@ struct Project {
     std::string constructionFile; ///< "" no file yet
     std::string stampedFile;      ///< the file that the stamp is of
     FileStamp stamp;              ///< the file as it was read or last written
-    NumberedList<Construction> constructions;
+    NumberedList<Construction> constructions{1};
     int constructionCount = 0; ///< constructions in use
     int lowestFreeHint = 1;    ///< no slot below it is free
     int currentConstruction = 1;
     unsigned activations = 0; ///< counts activations of construction windows
+    unsigned openings = 0;    ///< counts the constructions taken into use
+    unsigned beginnings = 0;  ///< counts the projects begun; empty windows go with their project
+    int windowToActivate = 0; ///< the construction whose window is to come to the front; 0 none
 
-    NumberedList<GlassType> glassTypes;
-    NumberedList<GlassType2D> glassTypes2D;
+    NumberedList<GlassType> glassTypes{1};
+    NumberedList<GlassType2D> glassTypes2D{1};
+    GlassTypeList glassTypeList;
     int currentGlassType = 1;
     int currentGlassType2D = 1;
     int freeGlassHint = 1;       ///< no ordinary glass slot below it is free
@@ -63,12 +80,13 @@ struct Project {
 
     LayerClipboard clipboard;
     LayerDrag drag;
-    bool dialogActive = false;      ///< the Select Material dialog is the active window
-    bool closingInProgress = false; ///< the program itself is closing a construction window
-    int selectedProfileColumn = 0;  ///< glass editor: 0 none, else 1 to 11; outlives the editor
-    std::string helpFile;           ///< "." none
-    std::string rememberedLibrary;  ///< path for a standard library named by a single blank
-    std::string startDirectory;
+    bool dialogActive = false;         ///< the Select Material dialog is the active window
+    bool dialogHidden = false;         ///< the user closed the Select Material dialog
+    bool closingInProgress = false;    ///< the program itself is closing a construction window
+    int selectedProfileColumn = 0;     ///< glass editor: 0 none, else 1 to 11; outlives the editor
+    std::string helpFile = noHelpFile; ///< "." none
+    std::string rememberedLibrary = defaultLibrary; ///< of a standard library named by a blank
+    std::string startDirectory;                     ///< nothing reads it
     /// Identification of the source of each window loaded so far, in the order of the About box.
     std::array<std::string, 5> windowSources;
 };
@@ -84,6 +102,13 @@ inline const MaterialLibrary& Library(const Project& project, int number) {
 /// The construction is open: from the opening of its window to its removal.
 inline bool InUse(const Project& project, int number) {
     return project.constructions.Has(number) && project.constructions[number].window.open;
+}
+
+/// The numbers of the constructions in use, in order.
+inline auto ConstructionsInUse(const Project& project) {
+    const NumberedList<Construction>& constructions = project.constructions;
+    return NumberRange(1, constructions.Size(),
+                       [&constructions](int number) { return constructions[number].window.open; });
 }
 
 } // namespace strativo

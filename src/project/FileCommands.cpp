@@ -5,9 +5,9 @@
 #include "files/ConstructionPrompts.h"
 #include "files/ConstructionWriter.h"
 #include "files/FileAccess.h"
-#include "files/SaveChecks.h"
 #include "project/NewProject.h"
 #include "project/ReadConstructionFile.h"
+#include "project/SaveQuestions.h"
 #include "text/Windows1252.h"
 
 namespace strativo {
@@ -69,7 +69,7 @@ std::string ShownFileName(const std::string& constructionFile) {
 
 void FinishStartUp(Project& project, const std::string& commandLine, Prompts& prompts) {
     SortByName(project);
-    RefreshMaterialList(project, prompts);
+    RefreshMaterialList(project);
     if (!commandLine.empty())
         ReadConstructionFile(project, commandLine, prompts);
 }
@@ -99,11 +99,11 @@ bool SaveProjectAs(Project& project, Prompts& prompts) {
 
 bool WriteConstructionFile(Project& project, Prompts& prompts) {
     const std::string before = project.constructionFile;
-    if (project.constructionFile.empty())
-        project.constructionFile = PromptSaveConstructionFile(prompts);
-    if (project.constructionFile == singleBlank) {
-        project.constructionFile.clear();
-        return false;
+    if (before.empty()) {
+        const std::optional<std::string> chosen = PromptSaveConstructionFile(prompts);
+        if (!chosen)
+            return false;
+        project.constructionFile = *chosen;
     }
     const bool written = WriteNamedFile(project, prompts);
     if (!written)
@@ -111,8 +111,8 @@ bool WriteConstructionFile(Project& project, Prompts& prompts) {
     return written;
 }
 
-void CloseConstruction(Project& project, std::string_view activeTag, Prompts& prompts) {
-    RemoveConstruction(project, TagNumber(activeTag), prompts);
+void CloseConstruction(Project& project, int activeConstruction) {
+    RemoveConstruction(project, activeConstruction);
 }
 
 bool QueryClose(Project& project, Prompts& prompts) {

@@ -1,10 +1,9 @@
 #pragma once
 
 #include "model/Project.h"
-#include "port/Desktop.h"
+#include "port/Prompts.h"
 
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace strativo {
@@ -33,8 +32,8 @@ bool SaveProjectAs(Project& project, Prompts& prompts);
 /// the operating system's message, and leaves the old file, the name and `changed` as they were.
 bool WriteConstructionFile(Project& project, Prompts& prompts);
 
-/// Removes the construction whose window has the tag; other windows' tags do nothing.
-void CloseConstruction(Project& project, std::string_view activeTag, Prompts& prompts);
+/// Removes the construction whose window is active; 0, for any other window, removes nothing.
+void CloseConstruction(Project& project, int activeConstruction);
 
 /// Called when the main window is about to close; true when it must stay open.
 bool QueryClose(Project& project, Prompts& prompts);

@@ -9,10 +9,10 @@ namespace {
 
 /// A library just loaded is put in name order whichever is shown, and the one shown by each of the
 /// commands.
-void SortAndRefresh(Project& project, MaterialLibrary& loaded, Prompts& prompts) {
+void SortAndRefresh(Project& project, MaterialLibrary& loaded) {
     SortLibraryByName(loaded);
     SortByName(project);
-    RefreshMaterialList(project, prompts);
+    RefreshMaterialList(project);
 }
 
 } // namespace
@@ -24,11 +24,9 @@ LibraryLoad LoadStandard(Project& project, Prompts& prompts) {
     const bool loaded = result == LibraryLoad::loaded || result == LibraryLoad::wrongVersion;
     if (!loaded)
         project.standardLibraryFile = remembered;
-    SortAndRefresh(project, project.standardLibrary, prompts);
-    if (loaded) {
-        prompts.EnableMatOption(standardLibraryNumber - 1, true);
-        ShowLibrary(project, standardLibraryNumber, prompts);
-    }
+    SortAndRefresh(project, project.standardLibrary);
+    if (loaded)
+        ShowLibrary(project, standardLibraryNumber);
     return result;
 }
 
@@ -44,11 +42,9 @@ LibraryLoad LoadMaterials(Project& project, Prompts& prompts) {
     // After a wrong version too: the old name comes back although the library is now empty.
     if (!loaded)
         project.userLibraryFile = remembered;
-    SortAndRefresh(project, project.userLibrary, prompts);
-    if (loaded) {
-        prompts.EnableMatOption(userLibraryNumber - 1, true);
-        ShowLibrary(project, userLibraryNumber, prompts);
-    }
+    SortAndRefresh(project, project.userLibrary);
+    if (loaded)
+        ShowLibrary(project, userLibraryNumber);
     return result;
 }
 

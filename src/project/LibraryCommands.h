@@ -2,7 +2,7 @@
 
 #include "files/LibraryLoading.h"
 #include "model/Project.h"
-#include "port/Desktop.h"
+#include "port/Prompts.h"
 
 namespace strativo {
 

@@ -3,7 +3,6 @@
 #include "calc/LayerList.h"
 #include "edit/ConstructionSlots.h"
 #include "edit/GlassTypes.h"
-#include "edit/LayerClipboard.h"
 #include "edit/MaterialList.h"
 #include "files/LibraryLoading.h"
 
@@ -15,17 +14,10 @@ namespace {
 
 /// One slot, not in use, without layers.
 void ResetConstructions(Project& project) {
-    project.constructions.Clear();
-    project.constructions.Append();
+    project.constructions = NumberedList<Construction>(1);
     project.lowestFreeHint = 1;
     project.currentConstruction = 1;
-}
-
-/// "Make all Icons" makes windows for slots that are not in use.
-void CloseEmptyWindows(const Project& project, Prompts& prompts) {
-    for (int number = 1; number <= project.constructions.Size(); ++number)
-        if (!InUse(project, number))
-            prompts.CloseConstructionWindow(number);
+    ++project.beginnings;
 }
 
 std::string WorkingDirectory() {
@@ -35,23 +27,10 @@ std::string WorkingDirectory() {
 
 } // namespace
 
-void StartUp(Project& project, const Settings& settings, Prompts& prompts) {
+void StartUp(Project& project, const Settings& settings) {
     project.helpFile = settings.help;
     project.rememberedLibrary = settings.stdMat;
     project.startDirectory = WorkingDirectory();
-    EmptyLibrary(project.standardLibrary);
-    EmptyLibrary(project.userLibrary);
-    project.standardLibraryFile = singleBlank;
-    project.userLibraryFile.clear();
-    project.closingInProgress = false;
-    project.userLibraryNeeded = false;
-    project.userLoaded = false;
-    project.standardLoaded = false;
-    ClearClipboard(project.clipboard);
-    project.constructionCount = 0;
-    project.changed = false;
-    NewProject(project, prompts);
-    project.shownLibrary = standardLibraryNumber;
 }
 
 bool AsksAboutChanges(const Project& project) {
@@ -70,39 +49,27 @@ bool NewProject(Project& project, Prompts& prompts) {
     if (!ConfirmDiscardChanges(project, prompts))
         return false;
     project.comments = Comments();
-    CloseEmptyWindows(project, prompts);
-    RemoveConstructions(project, project.constructions.Size(), prompts);
+    RemoveConstructions(project, project.constructions.Size());
     ResetConstructions(project);
     ResetGlassTypes(project);
     project.userLibraryNeeded = false;
     project.changed = false;
     project.constructionFile.clear();
     ++project.contentsReplaced;
-    prompts.RefreshGlassTypeList();
+    RefreshGlassTypeList(project);
     return true;
-}
-
-void OpenConstructionWindow(Project& project, Prompts& prompts) {
-    const int number = FirstFreeConstructionSlot(project);
-    Construction& construction = project.constructions[number];
-    construction = Construction();
-    construction.name = ConstructionTitle(number);
-    construction.window.open = true;
-    ++project.constructionCount;
-    ActivateConstruction(project, number);
-    prompts.OpenConstructionWindow(number);
 }
 
 void NewConstruction(Project& project, Prompts& prompts) {
     if (!project.standardLoaded) {
         LoadStandardLibrary(project, prompts);
         SortLibraryByName(project.standardLibrary);
-        RefreshMaterialList(project, prompts);
+        RefreshMaterialList(project);
     }
-    prompts.ShowMaterialDialog();
-    OpenConstructionWindow(project, prompts);
-    RefreshLayerList(project, project.currentConstruction, prompts);
-    prompts.ActivateConstructionWindow(project.currentConstruction);
+    project.dialogHidden = false;
+    OpenConstructionWindow(project);
+    RefreshLayerList(project.constructions[project.currentConstruction]);
+    project.windowToActivate = project.currentConstruction;
 }
 
 } // namespace strativo

@@ -1,14 +1,14 @@
 #pragma once
 
 #include "model/Project.h"
-#include "port/Desktop.h"
+#include "port/Prompts.h"
 #include "project/Settings.h"
 
 namespace strativo {
 
-/// Puts the project into the state of a program just started: empty libraries and clipboard, one
-/// empty untitled construction file, no library loaded.
-void StartUp(Project& project, const Settings& settings, Prompts& prompts);
+/// Gives a project just constructed what the program starts with: its settings, and the folder
+/// that it is started in.
+void StartUp(Project& project, const Settings& settings);
 
 /// Whether the user is asked before the project is replaced by a new one.
 bool AsksAboutChanges(const Project& project);
@@ -21,10 +21,7 @@ bool ConfirmDiscardChanges(const Project& project, Prompts& prompts);
 /// False when the user refused.
 bool NewProject(Project& project, Prompts& prompts);
 
-/// Makes a new, empty construction with its window and makes it current.
-void OpenConstructionWindow(Project& project, Prompts& prompts);
-
-/// The command "New construction": as above, after loading the standard library if that has not
+/// The command "New construction": opens one, after loading the standard library if that has not
 /// been done yet, with the Select Material dialog shown.
 void NewConstruction(Project& project, Prompts& prompts);
 

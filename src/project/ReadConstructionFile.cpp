@@ -9,7 +9,9 @@
 #include "files/FileAccess.h"
 #include "files/FileMessages.h"
 #include "files/LibraryLoading.h"
-#include "project/NewProject.h"
+
+#include <optional>
+#include <utility>
 
 namespace strativo {
 
@@ -18,14 +20,14 @@ namespace {
 constexpr char userTitle[] = "User file Required";
 constexpr char standardTitle[] = "Material file Required";
 
-void ResetForReading(Project& project, Prompts& prompts) {
+void ResetForReading(Project& project) {
     project.comments = Comments();
     ResetGlassTypes(project);
     project.userLibraryFile.clear();
     project.userLibraryNeeded = false;
-    DropUserLibrary(project, prompts);
+    DropUserLibrary(project);
     // The count is taken once: after earlier removals, constructions numbered above it stay open.
-    RemoveConstructions(project, project.constructionCount, prompts);
+    RemoveConstructions(project, project.constructionCount);
 }
 
 /// What became of the libraries so far.
@@ -49,24 +51,26 @@ void LoadUserSorted(Project& project, LibrariesRead& libraries, Prompts& prompts
 
 ParsedFile ReadLines(Project& project, const std::string& source, LibrariesRead& libraries,
                      Prompts& prompts) {
-    bool triedLibrary = false;
-    const auto create = [&] {
+    ParserEvents events;
+    events.createConstruction = [&, triedLibrary = false]() mutable {
         // A library that cannot be loaded is reported once, not for each construction.
-        if (!project.standardLoaded && !triedLibrary)
+        if (!project.standardLoaded && !std::exchange(triedLibrary, true))
             LoadStandardSorted(project, libraries, prompts);
-        triedLibrary = true;
-        OpenConstructionWindow(project, prompts);
-        project.constructions[project.currentConstruction].name.clear();
+        CreateUnnamedConstruction(project);
+    };
+    events.layerRefused = [&] { prompts.Beep(); };
+    events.progress = [&](std::size_t done, std::size_t total) {
+        prompts.ShowProgress(done, total);
     };
     project.stampedFile = project.constructionFile;
     project.stamp = StampOf(project.constructionFile);
     const std::string bytes = ReadFileBytes(source);
-    return ParseConstructionFile(bytes, project, prompts, std::ref(create));
+    return ParseConstructionFile(bytes, project, events);
 }
 
 [[noreturn]] void EndWithoutUserLibrary(Prompts& prompts) {
     prompts.ShowMessage({"Unable to load this file due to missing user library", userTitle});
-    prompts.EndProgram();
+    throw ProgramEnd();
 }
 
 void LoadNeededUserLibrary(const ParsedFile& parsed, Project& project, LibrariesRead& libraries,
@@ -95,7 +99,7 @@ void LoadNeededStandardLibrary(const ParsedFile& parsed, Project& project, Libra
         LoadStandardSorted(project, libraries, prompts);
         if (project.standardLibraryFile.empty()) {
             prompts.ShowMessage({"Unable to load this file due to missing library", ""});
-            prompts.EndProgram();
+            throw ProgramEnd();
         }
     }
 }
@@ -104,18 +108,18 @@ void RecoverFromBadFormat(Project& project, LibrariesRead& libraries, Prompts& p
     prompts.ShowMessage({incorrectFormat, ""});
     project.standardLibraryFile = singleBlank;
     LoadStandardSorted(project, libraries, prompts);
-    RefreshMaterialList(project, prompts);
+    RefreshMaterialList(project);
 }
 
-void ActivateLastRead(const ParsedFile& parsed, Project& project, Prompts& prompts) {
-    int number = parsed.lastConstruction;
-    for (int n = 1; parsed.lastConstruction == 0 && n <= project.constructions.Size(); ++n)
-        if (InUse(project, n))
-            number = n;
-    if (number == 0)
+void ActivateLastRead(const ParsedFile& parsed, Project& project) {
+    int last = parsed.lastConstruction;
+    if (last == 0)
+        for (const int number : ConstructionsInUse(project))
+            last = number;
+    if (last == 0)
         return;
-    ActivateConstruction(project, number);
-    prompts.ActivateConstructionWindow(number);
+    ActivateConstruction(project, last);
+    project.windowToActivate = last;
 }
 
 /// Layers that found no material would be saved without what they were: the file keeps its own.
@@ -135,11 +139,11 @@ FileReading ReadFile(Project& project, const std::string& source, LibrariesRead&
     LoadNeededUserLibrary(parsed, project, libraries, prompts);
     LoadNeededStandardLibrary(parsed, project, libraries, prompts);
     project.shownLibrary = standardLibraryNumber;
-    RefreshMaterialList(project, prompts);
-    RelinkLayers(project, prompts);
+    RefreshMaterialList(project);
+    RelinkLayers(project);
     project.changed = false;
-    ShowLibrary(project, standardLibraryNumber, prompts);
-    ActivateLastRead(parsed, project, prompts);
+    ShowLibrary(project, standardLibraryNumber);
+    ActivateLastRead(parsed, project);
     return ResultOf(libraries, project);
 }
 
@@ -173,7 +177,7 @@ void ForgetNames(Project& project, const LibrariesRead& libraries) {
 FileReading ReplaceProject(Project& project, const std::string& source,
                            const std::string& messagePrefix, Prompts& prompts) {
     const ContentReplacement replacement(project);
-    ResetForReading(project, prompts);
+    ResetForReading(project);
     const unsigned activationsBefore = project.activations;
     LibrariesRead libraries;
     libraries.standardName = project.standardLibraryFile;
@@ -184,28 +188,26 @@ FileReading ReplaceProject(Project& project, const std::string& source,
         ForgetNames(project, libraries);
         prompts.ShowMessage({messagePrefix + constructionFileMessages.Text(error.Number()), ""});
         // A library may have been loaded before the failure.
-        RefreshMaterialList(project, prompts);
+        RefreshMaterialList(project);
         // The windows of what was read lie on top: the last of them is the active one.
         if (project.activations != activationsBefore)
-            prompts.ActivateConstructionWindow(project.currentConstruction);
+            project.windowToActivate = project.currentConstruction;
     } catch (...) {
         ForgetNames(project, libraries);
         throw;
     }
-    prompts.RefreshGlassTypeList();
+    RefreshGlassTypeList(project);
     return result;
 }
 
 } // namespace
 
 FileReading ReadConstructionFile(Project& project, const std::string& path, Prompts& prompts) {
-    project.constructionFile = path.empty() ? PromptConstructionFile(prompts) : path;
-    if (project.constructionFile == singleBlank) {
-        project.constructionFile.clear();
+    const auto chosen = path.empty() ? PromptConstructionFile(prompts) : std::optional(path);
+    project.constructionFile = chosen.value_or("");
+    if (!chosen)
         return FileReading::cancelled;
-    }
-    const std::string source = project.constructionFile;
-    return ReplaceProject(project, source, path.empty() ? "" : "Command line error\r", prompts);
+    return ReplaceProject(project, *chosen, path.empty() ? "" : "Command line error\r", prompts);
 }
 
 FileReading ReadRecoveryCopy(Project& project, const std::string& copy,

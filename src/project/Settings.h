@@ -1,16 +1,15 @@
 #pragma once
 
+#include "model/Project.h"
+
 #include <string>
 #include <vector>
 
 namespace strativo {
 
-/// As the path of the help file: there is none.
-inline constexpr char noHelpFile[] = ".";
-
 struct Settings {
-    std::string help = noHelpFile;         ///< path of the help file
-    std::string stdMat = "..\\stdmat.lby"; ///< remembered path of the standard library
+    std::string help = noHelpFile;       ///< path of the help file
+    std::string stdMat = defaultLibrary; ///< remembered path of the standard library
 };
 
 /// The settings files in the order of their precedence: the user's, then the system's.

@@ -65,6 +65,9 @@ ColumnList::ColumnList(const QString& objectName, int rows, int heightInTwips, Q
 }
 
 void ColumnList::SetLines(const std::vector<std::string>& lines) {
+    if (lines == shownLines)
+        return;
+    shownLines = lines;
     const QSignalBlocker blocked(this);
     const int top = TopLine();
     clear();

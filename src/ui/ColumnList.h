@@ -41,6 +41,7 @@ protected:
     virtual void ReleaseLine(int line, Qt::KeyboardModifiers modifiers) = 0;
 
 private:
+    std::vector<std::string> shownLines;
     int visibleRows;
     int pressedLine = -1;
     bool pressed = false;

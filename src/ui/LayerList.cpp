@@ -40,6 +40,8 @@ LayerList::LayerList(QWidget* parent)
 }
 
 void LayerList::SetMarks(const std::vector<bool>& marks, int focusedLine) {
+    if (currentRow() == focusedLine && Marks() == marks)
+        return; // a range that is being marked goes on
     const QSignalBlocker blocked(this);
     for (int line = 0; line < count(); ++line)
         item(line)->setSelected(static_cast<std::size_t>(line) < marks.size()

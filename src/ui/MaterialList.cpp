@@ -3,6 +3,7 @@
 #include "edit/LayerDrag.h"
 
 #include <QMouseEvent>
+#include <QSignalBlocker>
 
 namespace strativo {
 
@@ -14,6 +15,16 @@ MaterialList::MaterialList(QWidget* parent)
 int MaterialList::SelectedLine() const {
     const auto selected = selectionModel()->selectedIndexes();
     return selected.isEmpty() ? -1 : selected.front().row();
+}
+
+void MaterialList::SelectLine(int line) {
+    if (line == SelectedLine())
+        return;
+    const QSignalBlocker blocked(this);
+    if (line < 0)
+        clearSelection();
+    else
+        setCurrentRow(line);
 }
 
 void MaterialList::mouseDoubleClickEvent(QMouseEvent* event) {

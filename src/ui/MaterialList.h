@@ -16,6 +16,8 @@ public:
 
     /// The selected line (from 0); -1 for none. A line that merely has the focus is not selected.
     int SelectedLine() const;
+    /// Selects a line, or none for -1, without sending a signal.
+    void SelectLine(int line);
 
 signals:
     void LineDoubleClicked();

@@ -4,7 +4,6 @@
 #include "ui/MessageBox.h"
 #include "ui/STRATVMD.h"
 #include "ui/Text.h"
-#include "ui/UvalsDialog.h"
 
 #include <QApplication>
 #include <QDir>
@@ -17,13 +16,13 @@ namespace strativo {
 
 namespace {
 
-/// "Material Files (*.lby)|*.lby" in the form of the toolkit's dialog, which matches names without
+/// "Material Files (*.lby)|*.lby" in the form of Qt's dialog, which matches names without
 /// regard to letter case.
 QString DialogFilter(const FilePrompt& prompt) {
     return ToText(prompt.filter.substr(0, prompt.filter.find('|')));
 }
 
-/// The toolkit's own widths cut sizes and dates off.
+/// Qt's own widths cut sizes and dates off.
 void ShowColumnsWhole(QFileDialog& box) {
     auto* details = box.findChild<QTreeView*>(QStringLiteral("treeView"));
     if (details == nullptr)
@@ -45,18 +44,20 @@ public:
 
 Answer QtPrompts::ShowMessage(const Message& message) {
     const NormalPointer pointer;
+    window.ShowProject();
     return ShowMessageBox(message, &window);
 }
 
 QString QtPrompts::StartFolder() const {
     const std::string& file = window.TheProject().constructionFile;
-    if (!file.empty() && file != singleBlank)
+    if (!file.empty())
         return QFileInfo(PathText(file)).absolutePath();
     return lastFolder.isEmpty() ? QDir::currentPath() : lastFolder;
 }
 
 std::optional<std::string> QtPrompts::AskFile(const FilePrompt& prompt, bool save) {
     const NormalPointer pointer;
+    window.ShowProject();
     QFileDialog box(&window, ToText(prompt.title), StartFolder(), DialogFilter(prompt));
     box.setObjectName(QStringLiteral("CMDialog"));
     box.setOption(QFileDialog::DontUseNativeDialog);
@@ -83,42 +84,6 @@ std::optional<std::string> QtPrompts::AskSaveFile(const FilePrompt& prompt) {
 
 void QtPrompts::Beep() {
     QApplication::beep();
-}
-
-void QtPrompts::OpenConstructionWindow(int number) {
-    window.OpenConstruction(number);
-}
-
-void QtPrompts::CloseConstructionWindow(int number) {
-    window.CloseConstructionWindow(number);
-}
-
-void QtPrompts::RefreshConstructionWindow(int number) {
-    window.RefreshConstruction(number);
-}
-
-void QtPrompts::ActivateConstructionWindow(int number) {
-    window.ActivateConstruction(number);
-}
-
-void QtPrompts::RefreshMaterialList() {
-    window.RefreshDialog();
-}
-
-void QtPrompts::ShowMaterialDialog() {
-    window.ShowDialog();
-}
-
-void QtPrompts::EnableMatOption(int index, bool enabled) {
-    window.Dialog().EnableMatOption(index, enabled);
-}
-
-void QtPrompts::SelectMatOption(int index) {
-    window.Dialog().SelectMatOption(index);
-}
-
-void QtPrompts::RefreshGlassTypeList() {
-    window.RefreshGlassTypes();
 }
 
 void QtPrompts::ShowProgress(std::size_t done, std::size_t total) {

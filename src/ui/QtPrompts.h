@@ -1,6 +1,6 @@
 #pragma once
 
-#include "port/Desktop.h"
+#include "port/Prompts.h"
 
 #include <QString>
 
@@ -10,7 +10,7 @@ namespace strativo {
 
 class UValueMDI;
 
-/// The port to the desktop as the Qt windows serve it.
+/// Asks and tells in boxes of Qt. What stands behind a box is brought up to date first.
 class QtPrompts : public Prompts {
 public:
     explicit QtPrompts(UValueMDI& mainWindow) : window(mainWindow) {}
@@ -19,21 +19,9 @@ public:
     std::optional<std::string> AskOpenFile(const FilePrompt& prompt) override;
     std::optional<std::string> AskSaveFile(const FilePrompt& prompt) override;
     void Beep() override;
-    void OpenConstructionWindow(int number) override;
-    void CloseConstructionWindow(int number) override;
-    void RefreshConstructionWindow(int number) override;
-    void ActivateConstructionWindow(int number) override;
-    void RefreshMaterialList() override;
-    void ShowMaterialDialog() override;
-    void EnableMatOption(int index, bool enabled) override;
-    void SelectMatOption(int index) override;
-    void RefreshGlassTypeList() override;
     void ShowProgress(std::size_t done, std::size_t total) override;
     void ShowHelpContents() override;
     void QuitHelp() override;
-
-protected:
-    void OnProgramEnd() override {}
 
 private:
     std::optional<std::string> AskFile(const FilePrompt& prompt, bool save);

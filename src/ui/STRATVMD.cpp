@@ -2,9 +2,6 @@
 
 #include "edit/ConstructionSlots.h"
 #include "edit/InfoTexts.h"
-#include "edit/LayerClipboard.h"
-#include "edit/MaterialList.h"
-#include "edit/MenuStates.h"
 #include "project/FileCommands.h"
 #include "project/NewProject.h"
 #include "project/Recovery.h"
@@ -14,8 +11,9 @@
 #include "ui/ChildWindow.h"
 #include "ui/HelpViewer.h"
 #include "ui/KeyRepeat.h"
-#include "ui/MoreWindows.h"
+#include "ui/ProjectView.h"
 #include "ui/QtPrompts.h"
+#include "ui/StatusBar.h"
 #include "ui/Text.h"
 #include "ui/UValue.h"
 #include "ui/UvalsDialog.h"
@@ -70,12 +68,13 @@ UValueMDI::UValueMDI(QWidget* parent)
     setCentralWidget(area);
     resize(1080, 760);
     RecordSource(project, ProgramWindow::mainWindow);
-    EmptyLibrary(project.standardLibrary);
-    EmptyLibrary(project.userLibrary);
     dialog = new UvalsDialog(program, this);
+    status = new StatusBar(this);
+    setStatusBar(status);
+    view = std::make_unique<ProjectView>(project, *area, *dialog, *status);
     BuildMenus();
-    BuildStatusBar();
     BuildShortcuts();
+    ShowProject();
     connect(area, &WindowArea::ActiveChanged, this, &UValueMDI::ActiveChanged);
     connect(area, &WindowArea::CloseRequested, this, &UValueMDI::ChildCloseRequested);
 }
@@ -89,7 +88,7 @@ UValueMDI::~UValueMDI() {
 
 void UValueMDI::MDIForm_Load(const std::string& commandLine) {
     Perform([&] {
-        StartUp(project, ReadSettings(SettingsFiles()), *prompts);
+        StartUp(project, ReadSettings(SettingsFiles()));
         show();
         PlaceDialog();
         const bool recovered = OfferRecovery(project, RecoveryFolder(), *prompts);
@@ -117,13 +116,12 @@ void UValueMDI::Perform(const std::function<void()>& action) {
         prompts->ShowMessage({error.what(), ""});
     }
     --performing;
-    if (performing > 0 || ended)
+    if (ended)
         return;
-    EndProgress();
-    if (area->ActiveWasClosed())
-        ActivateCurrent();
-    area->ShowVisible();
-    RefreshStatus();
+    ShowProject();
+    if (performing > 0)
+        return;
+    status->EndProgress();
     if (!project.changed && std::exchange(workKept, false))
         DropRecoveryCopy(RecoveryFolder());
 }
@@ -134,7 +132,7 @@ void UValueMDI::KeepWork() {
 }
 
 void UValueMDI::EndByRequest() {
-    Perform([this] { prompts->EndProgram(); });
+    Perform([] { throw ProgramEnd(); });
 }
 
 void UValueMDI::EndProgram() {
@@ -150,6 +148,7 @@ QWidget* UValueMDI::MakeContent(int id) {
     if (id == glassId)
         return glass;
     auto* window = new UValue(id, program);
+    view->Follow(window);
     connect(window, &UValue::ContextMenuWanted, this, [this](QPoint position) {
         Editmenu_Click();
         ui.Editmenu->popup(position);
@@ -163,19 +162,16 @@ QSize UValueMDI::ContentSize(int id) const {
     return id == glassId ? glass->size() : constructionSize;
 }
 
-QString UValueMDI::CaptionOf(int id) const {
-    return InUse(project, id) ? ToText(ConstructionTitle(id)) : tr("Construction");
-}
-
 UValue* UValueMDI::ConstructionWindow(int number) const {
     return qobject_cast<UValue*>(area->Content(number));
 }
 
-std::string UValueMDI::ActiveTag() const {
-    const int active = area->Active();
-    if (active == dialogId)
-        return dialogTag;
-    return InUse(project, active) ? WindowTag(active) : "";
+int UValueMDI::ActiveConstruction() const {
+    return InUse(project, area->Active()) ? area->Active() : 0;
+}
+
+void UValueMDI::ShowProject() {
+    view->Update();
 }
 
 void UValueMDI::ActiveChanged(int id) {
@@ -184,7 +180,7 @@ void UValueMDI::ActiveChanged(int id) {
     else
         dialog->Form_Deactivate();
     if (InUse(project, id))
-        strativo::ActivateConstruction(project, id);
+        ActivateConstruction(project, id);
 }
 
 /// Constructions are closed only by the program's own command; an empty window may go.
@@ -192,6 +188,7 @@ void UValueMDI::ChildCloseRequested(int id) {
     if (InUse(project, id) && !project.closingInProgress)
         return;
     if (id == dialogId) {
+        project.dialogHidden = true;
         area->SetHidden(id, true);
         return;
     }
@@ -208,46 +205,11 @@ void UValueMDI::OpenGlassTypes() {
     if (glass == nullptr) {
         glass = new WinForm(program);
         glass->resize(glass->sizeHint());
+        view->Follow(glass);
         connect(glass, &WinForm::CloseRequested, this, [this] { ChildCloseRequested(glassId); });
         area->Open(glassId, glass->windowTitle(), {.remade = false});
     }
     area->Activate(glassId);
-}
-
-void UValueMDI::OpenConstruction(int number) {
-    if (!area->Has(number)) {
-        area->Open(number, CaptionOf(number));
-        return;
-    }
-    // An empty window that stands in this slot becomes the construction's.
-    area->SetCaption(number, CaptionOf(number));
-    area->SetMinimised(number, false);
-    if (UValue* window = ConstructionWindow(number))
-        window->ShowConstruction();
-}
-
-void UValueMDI::CloseConstructionWindow(int number) {
-    area->Close(number);
-}
-
-void UValueMDI::RefreshConstruction(int number) {
-    if (UValue* window = ConstructionWindow(number))
-        window->ShowConstruction();
-}
-
-void UValueMDI::ActivateConstruction(int number) {
-    area->Activate(number);
-    if (UValue* window = ConstructionWindow(number)) {
-        window->ShowConstruction();
-        window->FocusList();
-    }
-}
-
-void UValueMDI::ActivateCurrent() {
-    if (InUse(project, project.currentConstruction))
-        area->Activate(project.currentConstruction);
-    else if (area->Active() == WindowArea::noWindow)
-        area->ActivateTop();
 }
 
 void UValueMDI::CloseActive() {
@@ -255,19 +217,8 @@ void UValueMDI::CloseActive() {
         ChildCloseRequested(area->Active());
 }
 
-void UValueMDI::ShowDialog() {
-    area->SetHidden(dialogId, false);
-}
-
-void UValueMDI::RefreshDialog() {
-    dialog->RefreshMaterialList();
-    if (area->Has(dialogId))
-        area->SetCaption(dialogId, dialog->Caption());
-}
-
-void UValueMDI::RefreshGlassTypes() {
-    if (glass != nullptr)
-        glass->RefreshGlassTypeList();
+void UValueMDI::ShowProgress(std::size_t done, std::size_t total) {
+    status->ShowProgress(done, total);
 }
 
 void UValueMDI::ShowHelp() {

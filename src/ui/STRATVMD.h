@@ -2,20 +2,19 @@
 
 #include "ui/Program.h"
 
-#include <QElapsedTimer>
 #include <QMainWindow>
 
 #include <memory>
 
 class QAction;
-class QLabel;
 class QMenu;
-class QProgressBar;
 
 namespace strativo {
 
 class HelpViewer;
+class ProjectView;
 class QtPrompts;
+class StatusBar;
 class UValue;
 class UvalsDialog;
 class WindowArea;
@@ -45,20 +44,14 @@ public:
     UvalsDialog& Dialog() { return *dialog; }
     /// The construction's window; null while no part of it has been seen.
     UValue* ConstructionWindow(int number) const;
-    /// The tag of the active child window: a construction number, the dialog's name, or nothing.
-    std::string ActiveTag() const;
+    /// The number of the construction whose window is active; 0 when another window is.
+    int ActiveConstruction() const;
+    /// Brings all windows up to date with the project.
+    void ShowProject();
 
     static constexpr int dialogId = 0;
     static constexpr int glassId = -1;
 
-    // What the core asks of the windows.
-    void OpenConstruction(int number);
-    void CloseConstructionWindow(int number);
-    void RefreshConstruction(int number);
-    void ActivateConstruction(int number);
-    void ShowDialog();
-    void RefreshDialog();
-    void RefreshGlassTypes();
     void ShowProgress(std::size_t done, std::size_t total);
     void ShowHelp();
     void QuitHelp();
@@ -84,10 +77,6 @@ private:
         QAction* Edit_Paste;
         QAction* Edit_PBefore;
         QAction* Edit_delete;
-        QLabel* FileStatus;
-        QLabel* ChangedStatus;
-        QLabel* LibraryStatus;
-        QProgressBar* Progress;
     };
 
     void BuildMenus();
@@ -96,7 +85,6 @@ private:
     void BuildSortMenu();
     void BuildWindowMenu();
     void BuildHelpMenu();
-    void BuildStatusBar();
     void BuildShortcuts();
     QMenu* AddMenu(const char* objectName, const QString& caption);
     QAction* AddItem(QMenu* menu, const char* objectName, const QString& caption,
@@ -111,22 +99,17 @@ private:
     void Edit_Paste_Click(Command command);
     void EditWin_Click();
     void Sort_Click(void (*sort)(Project&));
-    void MakeIcon_Click();
     void MoreWindows_Click();
     void HelpAbout_Click();
     bool MDIForm_QueryUnload();
 
     QWidget* MakeContent(int id);
     QSize ContentSize(int id) const;
-    QString CaptionOf(int id) const;
     void ActiveChanged(int id);
     void ChildCloseRequested(int id);
-    void ActivateCurrent();
     void CloseActive();
     void OpenGlassTypes();
     void PlaceDialog();
-    void RefreshStatus();
-    void EndProgress();
     void Perform(const std::function<void()>& action);
     void EndProgram();
     std::string DroppedPath(const QDropEvent& event) const;
@@ -137,12 +120,12 @@ private:
     WindowArea* area;
     QSize constructionSize; ///< of what is inside a construction's window
     UvalsDialog* dialog;
+    StatusBar* status;
+    std::unique_ptr<ProjectView> view;
     WinForm* glass = nullptr; ///< belongs to its frame in the window area
     std::unique_ptr<HelpViewer> help;
     Ui ui{};
-    QElapsedTimer reading;    ///< runs while a file is read
-    bool busyPointer = false; ///< shown while that takes long
-    bool workKept = false;    ///< a recovery copy was made, and the program went on
+    bool workKept = false; ///< a recovery copy was made, and the program went on
     int performing = 0;
     bool ended = false;
 };

@@ -1,5 +1,4 @@
-#include "edit/ConstructionSlots.h"
-#include "edit/InfoTexts.h"
+#include "edit/GlassTypes.h"
 #include "edit/LayerClipboard.h"
 #include "edit/MaterialList.h"
 #include "edit/MenuStates.h"
@@ -10,25 +9,18 @@
 #include "ui/About_Strativo.h"
 #include "ui/AccessKeys.h"
 #include "ui/MoreWindows.h"
+#include "ui/ProjectView.h"
 #include "ui/QtPrompts.h"
 #include "ui/STRATVMD.h"
-#include "ui/Text.h"
-#include "ui/UValue.h"
 #include "ui/WindowArea.h"
 
 #include <QAction>
-#include <QApplication>
-#include <QElapsedTimer>
-#include <QFileInfo>
-#include <QLabel>
 #include <QMenuBar>
-#include <QProgressBar>
 #include <QShortcut>
-#include <QStatusBar>
 
 #include <utility>
 
-// The menu bar and the status bar of the main window. The key names in the Edit captions are part
+// The menu bar of the main window. The key names in the Edit captions are part
 // of the captions: the items bind no keys, the construction window's own handler does.
 
 namespace strativo {
@@ -90,11 +82,11 @@ void UValueMDI::BuildFileMenu() {
     AddSeparator(menu, "sep2");
     AddItem(menu, "LoadStandard", tr("Loa&d standard material file"), [this] {
         LoadStandard(project, *prompts);
-        ShowDialog();
+        project.dialogHidden = false;
     });
     AddItem(menu, "LoadMaterials", tr("&Load user material file"), [this] {
         LoadMaterials(project, *prompts);
-        ShowDialog();
+        project.dialogHidden = false;
     });
     AddSeparator(menu, "sep3");
     AddItem(menu, "ImportGlass", tr("Import &glass definitions"),
@@ -132,7 +124,7 @@ void UValueMDI::BuildWindowMenu() {
     QMenu* menu = ui.Winmenu = AddMenu("Winmenu", tr("&Window"));
     connect(menu, &QMenu::aboutToShow, this, &UValueMDI::Winmenu_Click);
     AddItem(menu, "Cascade", tr("&Cascade"), [this] { area->Cascade(); });
-    AddItem(menu, "MakeIcon", tr("Make all &Icons"), [this] { MakeIcon_Click(); });
+    AddItem(menu, "MakeIcon", tr("Make all &Icons"), [this] { view->MinimiseAll(); });
     AddItem(menu, "ArrangeIcons", tr("&Arrange Icons"), [this] { area->ArrangeIcons(); });
     menu->addSeparator();
 }
@@ -162,13 +154,13 @@ void UValueMDI::BuildShortcuts() {
 }
 
 void UValueMDI::Filemenu_Click() {
-    const FileMenuState state = FileMenu(project, ActiveTag());
+    const FileMenuState state = FileMenu(project, ActiveConstruction());
     ui.SaveProject->setEnabled(state.save);
     ui.CloseUValue->setEnabled(state.removeConstruction);
 }
 
 void UValueMDI::Editmenu_Click() {
-    const EditMenuState state = EditMenu(project, ActiveTag());
+    const EditMenuState state = EditMenu(project, ActiveConstruction());
     ui.Edit_Cut->setEnabled(state.cut);
     ui.Edit_Copy->setEnabled(state.copy);
     ui.Edit_Paste->setEnabled(state.paste);
@@ -177,7 +169,7 @@ void UValueMDI::Editmenu_Click() {
 }
 
 void UValueMDI::CloseUValue_Click() {
-    CloseConstruction(project, ActiveTag(), *prompts);
+    CloseConstruction(project, ActiveConstruction());
 }
 
 void UValueMDI::Edit_Click(Command command) {
@@ -188,28 +180,18 @@ void UValueMDI::Edit_Paste_Click(Command command) {
     command(project, *prompts);
     // With another window in front the layers would have been pasted out of sight.
     if (area->Active() != project.currentConstruction)
-        ActivateCurrent();
+        view->ActivateCurrent();
 }
 
 void UValueMDI::EditWin_Click() {
     OpenGlassTypes();
-    RefreshGlassTypes();
+    RefreshGlassTypeList(project);
 }
 
 void UValueMDI::Sort_Click(void (*sort)(Project&)) {
-    ShowDialog();
+    project.dialogHidden = false;
     sort(project);
-    strativo::RefreshMaterialList(project, *prompts);
-}
-
-void UValueMDI::MakeIcon_Click() {
-    for (const int slot : SlotsToMinimise(project)) {
-        if (!area->Has(slot))
-            area->Open(slot, CaptionOf(slot));
-        area->SetMinimised(slot, true);
-    }
-    if (area->Active() != WindowArea::noWindow && area->IsMinimised(area->Active()))
-        area->ActivateTop();
+    RefreshMaterialList(project);
 }
 
 void UValueMDI::Winmenu_Click() {
@@ -247,75 +229,6 @@ void UValueMDI::MoreWindows_Click() {
 
 void UValueMDI::HelpAbout_Click() {
     About_Strativo(program, windowTitle(), this).exec();
-}
-
-void UValueMDI::BuildStatusBar() {
-    const auto addLabel = [this](const char* objectName, int stretch) {
-        auto* label = new QLabel(this);
-        label->setObjectName(QLatin1String(objectName));
-        label->setTextFormat(Qt::PlainText);
-        label->setMinimumWidth(1); // a long name is cut; it must not widen the main window
-        statusBar()->addWidget(label, stretch);
-        return label;
-    };
-    ui.FileStatus = addLabel("FileStatus", 0);
-    ui.ChangedStatus = addLabel("ChangedStatus", 1);
-    ui.LibraryStatus = addLabel("LibraryStatus", 0);
-    ui.Progress = new QProgressBar(this);
-    ui.Progress->setObjectName(QStringLiteral("Progress"));
-    ui.Progress->setAccessibleName(tr("Part of the file read"));
-    ui.Progress->setFixedSize(180, 16);
-    ui.Progress->setRange(0, 1000);
-    ui.Progress->hide();
-    statusBar()->addPermanentWidget(ui.Progress);
-    RefreshStatus();
-}
-
-void UValueMDI::RefreshStatus() {
-    const auto fileName = [](const std::string& path) {
-        return path == singleBlank ? QString() : QFileInfo(PathText(path)).fileName();
-    };
-    const QString file = fileName(project.constructionFile);
-    ui.FileStatus->setText(file.isEmpty() ? tr("Untitled") : file);
-    ui.FileStatus->setToolTip(PathText(project.constructionFile));
-    ui.ChangedStatus->setText(project.changed ? tr("* unsaved changes") : QString());
-    const QString libraries = tr("Standard library: %1   User library: %2");
-    const QString none = tr("none loaded");
-    const std::string& standard = project.standardLibraryFile;
-    const std::string& user = project.userLibraryFile;
-    ui.LibraryStatus->setText(libraries.arg(project.standardLoaded ? fileName(standard) : none,
-                                            project.userLoaded ? fileName(user) : none));
-    ui.LibraryStatus->setToolTip(libraries.arg(project.standardLoaded ? PathText(standard) : none,
-                                               project.userLoaded ? PathText(user) : none));
-}
-
-void UValueMDI::EndProgress() {
-    if (std::exchange(busyPointer, false))
-        QApplication::restoreOverrideCursor();
-    reading.invalidate();
-    ui.Progress->hide();
-}
-
-/// Most files are read before anybody could see that something goes on.
-void UValueMDI::ShowProgress(std::size_t done, std::size_t total) {
-    constexpr qint64 untilPointer = 100; // ms
-    constexpr qint64 untilBar = 500;     // ms
-    if (done >= total) {
-        EndProgress();
-        return;
-    }
-    if (!reading.isValid())
-        reading.start();
-    if (reading.elapsed() >= untilPointer && !std::exchange(busyPointer, true))
-        QApplication::setOverrideCursor(Qt::WaitCursor);
-    if (reading.elapsed() < untilBar)
-        return;
-    // Drawn at once and without looking at any event, so that nothing else can begin meanwhile.
-    ui.Progress->setValue(
-        static_cast<int>(1000.0 * static_cast<double>(done) / static_cast<double>(total)));
-    ui.Progress->show();
-    statusBar()->repaint();
-    ui.Progress->repaint();
 }
 
 } // namespace strativo

@@ -1,7 +1,6 @@
 #include "ui/UValue.h"
 
 #include "calc/LayerList.h"
-#include "calc/UValue.h"
 #include "edit/ConstructionEntry.h"
 #include "edit/InfoTexts.h"
 #include "edit/LayerClipboard.h"
@@ -52,10 +51,18 @@ Construction& UValue::Record() {
     return program.project.constructions[number];
 }
 
+void UValue::Follow() {
+    const bool isShown =
+        IsEmpty() ? !isEnabled() : isEnabled() && ShowTheSame(Record(), shownRecord);
+    if (!isShown)
+        ShowConstruction();
+}
+
 void UValue::ShowConstruction() {
     setEnabled(!IsEmpty());
     if (IsEmpty())
         return;
+    shownRecord = Record();
     const QSignalBlocker blocked(ui.TypeCombo);
     // A name that is being typed stays; leaving the field decides about it.
     if (!ui.NameText->isModified())
@@ -78,11 +85,11 @@ void UValue::RefreshLayerList() {
         ui.EditThick->setText(ToText(view.editThick));
     ui.AbsorpText->setText(ToText(view.absorpText));
     ui.ConName->setText(ToText(view.conName));
-    ShowUValue();
+    ShowUValue(view.result);
 }
 
-void UValue::ShowUValue() {
-    ui.Result->setText(ToText(UValueText(Record())));
+void UValue::ShowUValue(const std::string& text) {
+    ui.Result->setText(ToText(text));
 }
 
 void UValue::FocusList() {
@@ -92,13 +99,6 @@ void UValue::FocusList() {
 void UValue::ShowAbsorption(bool shown) {
     ui.AbsorptionLabel->setVisible(shown);
     ui.AbsorpText->setVisible(shown);
-}
-
-void UValue::ShowLayerFields() {
-    const LayerListView view = ViewLayerList(Record());
-    ui.EditThick->setText(ToText(view.editThick));
-    ui.AbsorpText->setText(ToText(view.absorpText));
-    ui.ConName->setText(ToText(view.conName));
 }
 
 void UValue::ConnectSignals() {
@@ -144,7 +144,6 @@ void UValue::NameText_LostFocus() {
 
 void UValue::TypeCombo_Click(int index) {
     program.perform([this, index] { ChangeType(program.project, number, index); });
-    ShowAbsorption(index == transparentType);
 }
 
 void UValue::EditThick_KeyPress() {
@@ -162,7 +161,7 @@ void UValue::EditThick_KeyPress() {
 void UValue::EditThick_LostFocus() {
     if (IsEmpty())
         return;
-    if (RestoreThickness(Record()))
+    if (ShowThickness(Record(), ThicknessEvent::restore))
         ui.EditThick->setText(ToText(ThicknessText(Record().window.shownThickness)));
 }
 
@@ -185,7 +184,6 @@ void UValue::AbsorpText_LostFocus() {
 
 void UValue::Construction_Click(int line) {
     program.perform([&] { SelectLine(program.project, number, line, ui.Construction->Marks()); });
-    ShowLayerFields();
 }
 
 void UValue::Construction_MouseMove(int line, QPoint position, bool ctrlHeld) {
@@ -193,7 +191,6 @@ void UValue::Construction_MouseMove(int line, QPoint position, bool ctrlHeld) {
     program.perform([&] { started = StartLayerDrag(program.project, number, line, ctrlHeld); });
     if (!started)
         return;
-    RefreshLayerList();
     QStringList dragged;
     for (const QListWidgetItem* item : ui.Construction->selectedItems())
         dragged.append(item->text());

@@ -28,10 +28,11 @@ public:
     /// The size that the window always has, without its frame, in logical pixels.
     static QSize FixedSize(const QWidget& screenWidget);
 
-    /// Shows the construction as it is stored by now: name, number, type, layers and U-value.
+    /// Shows the construction as it is stored by now, if that differs from what is shown.
+    void Follow();
+    /// Shows name, number, type, layers and U-value.
     void ShowConstruction();
     void RefreshLayerList();
-    void ShowUValue();
     /// "Uvalue" windows are told apart by their number; an empty window has none.
     bool IsEmpty() const;
     /// Puts the focus into the layer list.
@@ -88,13 +89,14 @@ private:
     void Construction_MouseMove(int line, QPoint position, bool ctrlHeld);
     void Construction_DragDrop(DragKind kind, int row);
     void VWConComments_Click();
+    void ShowUValue(const std::string& text);
     void ShowAbsorption(bool shown);
-    void ShowLayerFields();
     Construction& Record();
 
     int number;
     Program& program;
     Ui ui{};
+    Construction shownRecord; ///< the construction as it was last shown
 };
 
 } // namespace strativo

@@ -55,7 +55,7 @@ UvalsDialog::UvalsDialog(Program& owner, QWidget* parent) : QWidget(parent), pro
     ConnectSignals();
     setFocusProxy(ui.UValueList);
     setFixedSize(ui.UValueList->width() + 2 * margin, listRow + ui.UValueList->height() + margin);
-    RefreshMaterialList();
+    Follow();
     Form_Load();
 }
 
@@ -65,6 +65,7 @@ void UvalsDialog::Form_Load() {
 
 void UvalsDialog::Form_Activate() {
     program.project.dialogActive = true;
+    program.project.dialogHidden = false;
 }
 
 void UvalsDialog::Form_Deactivate() {
@@ -92,8 +93,6 @@ void UvalsDialog::BuildOptions() {
         ui.MatOptions->addButton(option, index);
         ui.MatOption[index] = option;
     }
-    ui.MatOption[0]->setChecked(true);
-    ui.MatOption[1]->setEnabled(program.project.userLoaded);
 }
 
 void UvalsDialog::BuildList() {
@@ -155,25 +154,34 @@ void UvalsDialog::ConnectSignals() {
             [this] { program.project.selectedMaterial = ui.UValueList->SelectedLine() + 1; });
 }
 
-void UvalsDialog::RefreshMaterialList() {
-    ui.UValueList->SetLines(MaterialLines(program.project));
+void UvalsDialog::Follow() {
+    ShowOptions();
+    ShowMaterials();
     setWindowTitle(Caption());
+}
+
+void UvalsDialog::ShowOptions() {
+    const Project& project = program.project;
+    ui.MatOption[userLibraryNumber - 1]->setEnabled(project.userLoaded);
+    ui.MatOption[project.shownLibrary - 1]->setChecked(true);
+}
+
+void UvalsDialog::ShowMaterials() {
+    const Project& project = program.project;
+    const MaterialLibrary& library = Library(project, project.shownLibrary);
+    if (library != shownMaterials) {
+        shownMaterials = library;
+        ui.UValueList->SetLines(MaterialLines(project));
+    }
+    ui.UValueList->SelectLine(project.selectedMaterial - 1);
 }
 
 QString UvalsDialog::Caption() const {
     return PathText(MaterialListCaption(program.project));
 }
 
-void UvalsDialog::EnableMatOption(int index, bool enabled) {
-    ui.MatOption[index]->setEnabled(enabled);
-}
-
-void UvalsDialog::SelectMatOption(int index) {
-    ui.MatOption[index]->setChecked(true);
-}
-
 void UvalsDialog::MatOption_Click(int index) {
-    program.perform([&] { ShowLibrary(program.project, index + 1, program.prompts); });
+    program.perform([&] { ShowLibrary(program.project, index + 1); });
 }
 
 void UvalsDialog::UValueList_DblClick() {

@@ -27,11 +27,8 @@ public:
     void Form_Deactivate();
     void Form_Unload();
 
-    /// Lists the materials of the shown library anew; nothing is selected afterwards.
-    void RefreshMaterialList();
-    void EnableMatOption(int index, bool enabled);
-    /// Marks an option without running its handler.
-    void SelectMatOption(int index);
+    /// Shows the library as it is by now, its option marked without running the handler.
+    void Follow();
     QString Caption() const;
 
 protected:
@@ -45,6 +42,8 @@ private:
         DragImage* Label2[visibleMaterialRows];
     };
 
+    void ShowOptions();
+    void ShowMaterials();
     void BuildOptions();
     void BuildList();
     void BuildHeadings();
@@ -62,6 +61,7 @@ private:
 
     Program& program;
     Ui ui{};
+    MaterialLibrary shownMaterials; ///< the materials that the list shows
 };
 
 } // namespace strativo

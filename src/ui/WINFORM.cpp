@@ -25,7 +25,8 @@ WinForm::WinForm(Program& owner, QWidget* parent) : QWidget(parent), program(own
     SetTabOrder();
     ConnectSignals();
     setFocusProxy(ui.WinList);
-    RefreshGlassTypeList();
+    RefreshGlassTypeList(program.project);
+    ShowGlassTypes();
 }
 
 WinForm::~WinForm() {
@@ -103,10 +104,13 @@ void WinForm::ConnectSignals() {
     connect(ui.Closebut, &QPushButton::clicked, this, &WinForm::CloseRequested);
 }
 
-void WinForm::RefreshGlassTypeList() {
-    names = GlassTypeNames(program.project);
+void WinForm::ShowGlassTypes() {
+    const GlassTypeList& types = program.project.glassTypeList;
+    if (types.listings == shownListing)
+        return;
+    shownListing = types.listings;
     QStringList lines;
-    for (const std::string& name : names)
+    for (const std::string& name : types.names)
         lines << ToText(name);
     const QSignalBlocker silent(ui.WinList);
     ui.WinList->clear();
@@ -115,8 +119,8 @@ void WinForm::RefreshGlassTypeList() {
 }
 
 void WinForm::RefreshIfStale() {
-    if (names != GlassTypeNames(program.project))
-        RefreshGlassTypeList();
+    if (program.project.glassTypeList.names != GlassTypeNames(program.project))
+        RefreshGlassTypeList(program.project);
 }
 
 void WinForm::FocusMoved(QWidget* before, QWidget* now) {
@@ -132,6 +136,7 @@ void WinForm::FocusMoved(QWidget* before, QWidget* now) {
 
 void WinForm::Form_GotFocus() {
     RefreshIfStale();
+    ShowGlassTypes();
     WinList_Click();
 }
 
@@ -157,13 +162,14 @@ std::string WinForm::SelectedName() const {
     const QList<QListWidgetItem*> selected = ui.WinList->selectedItems();
     if (selected.isEmpty())
         return "";
-    return names.at(static_cast<std::size_t>(ui.WinList->row(selected.first())));
+    const auto line = static_cast<std::size_t>(ui.WinList->row(selected.first()));
+    return program.project.glassTypeList.names.at(line);
 }
 
 void WinForm::OpenEditor() {
     Profile editor(program, this);
     if (editor.exec() == QDialog::Accepted)
-        RefreshGlassTypeList();
+        RefreshGlassTypeList(program.project);
 }
 
 void WinForm::Addbut_Click() {
@@ -189,8 +195,10 @@ void WinForm::DelBut_Click() {
 }
 
 void WinForm::WFLoad_Click() {
-    program.perform([this] { ImportGlassDefinitions(program.project, program.prompts); });
-    RefreshGlassTypeList();
+    program.perform([this] {
+        ImportGlassDefinitions(program.project, program.prompts);
+        RefreshGlassTypeList(program.project);
+    });
 }
 
 } // namespace strativo

@@ -5,7 +5,6 @@
 #include <QWidget>
 
 #include <string>
-#include <vector>
 
 class QLabel;
 class QPushButton;
@@ -22,8 +21,9 @@ public:
     explicit WinForm(Program& owner, QWidget* parent = nullptr);
     ~WinForm() override;
 
-    /// Lists the glass types anew; nothing is selected afterwards.
-    void RefreshGlassTypeList();
+    /// Lists the glass types as the project has them listed; nothing is selected after a new
+    /// listing.
+    void ShowGlassTypes();
 
     QSize sizeHint() const override;
 
@@ -64,7 +64,7 @@ private:
 
     Program& program;
     Ui ui{};
-    std::vector<std::string> names; ///< of the list's lines
+    unsigned shownListing = 0; ///< the listing that the list shows
 };
 
 } // namespace strativo

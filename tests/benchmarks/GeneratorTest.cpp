@@ -16,7 +16,7 @@ Project ReadGenerated(const GeneratedFile& content) {
     ScriptedPrompts prompts;
     folder.Write("stdmat.lby", MakeStandardLibrary());
     folder.Write("generated.con", MakeConstructionFile(content));
-    Project project = StartedProject(prompts);
+    Project project;
     ReadConstructionFile(project, "generated.con", prompts);
     EXPECT_THAT(prompts.Texts(), IsEmpty());
     return project;

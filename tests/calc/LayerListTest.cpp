@@ -1,7 +1,6 @@
 #include "calc/LayerList.h"
 
 #include "calc/TestLayers.h"
-#include "support/ScriptedPrompts.h"
 
 #include <gtest/gtest.h>
 
@@ -11,18 +10,15 @@ namespace {
 class LayerListOfAWindow : public testing::Test {
 protected:
     LayerListOfAWindow() {
-        project.constructions.Append();
-        construction() =
-            MakeConstruction({MakeLayer("BRICK", 0.84F, 105), MakeLayer("PLASTER", 0.5F, 13)});
+        wall = MakeConstruction({MakeLayer("BRICK", 0.84F, 105), MakeLayer("PLASTER", 0.5F, 13)});
     }
-    Construction& construction() { return project.constructions[1]; }
+    Construction& construction() { return wall; }
     LayerListView Refreshed() {
-        RefreshLayerList(project, 1, prompts);
-        return ViewLayerList(construction());
+        RefreshLayerList(wall);
+        return ViewLayerList(wall);
     }
 
-    ScriptedPrompts prompts;
-    Project project;
+    Construction wall;
 };
 
 TEST_F(LayerListOfAWindow, ShowsLinesAndTheCurrentLayer) {
@@ -36,7 +32,6 @@ TEST_F(LayerListOfAWindow, ShowsLinesAndTheCurrentLayer) {
     EXPECT_EQ(view.absorpText, "0.25");
     EXPECT_EQ(view.conName, "PLASTER");
     EXPECT_EQ(view.result, "3.02");
-    EXPECT_EQ(prompts.calls, std::vector<std::string>{"Refresh 1"});
 }
 
 TEST_F(LayerListOfAWindow, IsEmptyForAnEmptyConstruction) {

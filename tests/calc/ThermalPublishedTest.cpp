@@ -49,7 +49,7 @@ TEST(PublishedResults, ThatDifferDoSoAsTheirNotesSay) {
 /// Writes a case as files, reads them, and calculates from what was read.
 class PublishedResultsFromAFile : public testing::TestWithParam<std::string> {
 protected:
-    PublishedResultsFromAFile() : project(StartedProject(prompts)) {}
+    PublishedResultsFromAFile() {}
 
     static PublishedCase Case() {
         for (const PublishedCase& published : PublishedCases())

@@ -28,8 +28,8 @@ TEST_F(ConstructionSlotsTest, GrowByOneWhereNoneIsFree) {
 TEST_F(ConstructionSlotsTest, AreFilledFromTheLowestGap) {
     for (int i = 0; i < 4; ++i)
         Add("A");
-    RemoveConstruction(project, 3, prompts);
-    RemoveConstruction(project, 2, prompts);
+    RemoveConstruction(project, 3);
+    RemoveConstruction(project, 2);
     EXPECT_EQ(Add("B"), 2);
     EXPECT_EQ(Add("C"), 3);
     EXPECT_EQ(Add("D"), 5);
@@ -39,43 +39,22 @@ TEST_F(ConstructionSlotsTest, AreOutOfUseAfterRemovalAndKeepTheirNumbers) {
     for (int i = 0; i < 3; ++i)
         Add("A");
     project.changed = false;
-    RemoveConstruction(project, 2, prompts);
+    RemoveConstruction(project, 2);
     EXPECT_EQ(project.constructions[2].type, removedType);
     EXPECT_FALSE(InUse(project, 2));
     EXPECT_TRUE(InUse(project, 3));
     EXPECT_EQ(project.constructionCount, 2);
     EXPECT_TRUE(project.changed);
-    EXPECT_FALSE(project.closingInProgress);
-    EXPECT_EQ(prompts.calls, std::vector<std::string>{"Close 2"});
-}
-
-/// Notes whether the program said that it closes the window itself.
-class ClosingPrompts : public ScriptedPrompts {
-public:
-    explicit ClosingPrompts(const Project& watched) : project(watched) {}
-    void CloseConstructionWindow(int /*number*/) override { closing = project.closingInProgress; }
-    bool closing = false;
-
-private:
-    const Project& project;
-};
-
-TEST_F(ConstructionSlotsTest, AreClosedByTheProgramItself) {
-    Add("A");
-    ClosingPrompts closing(project);
-    RemoveConstruction(project, 1, closing);
-    EXPECT_TRUE(closing.closing);
-    EXPECT_FALSE(project.closingInProgress);
 }
 
 TEST_F(ConstructionSlotsTest, LeaveTheCountAtZeroOnFurtherRemovals) {
     Add("A");
-    RemoveConstruction(project, 1, prompts);
+    RemoveConstruction(project, 1);
     EXPECT_EQ(project.constructionCount, 0);
     prompts.calls.clear();
-    RemoveConstruction(project, 1, prompts);
-    RemoveConstruction(project, 0, prompts);
-    RemoveConstruction(project, 99, prompts);
+    RemoveConstruction(project, 1);
+    RemoveConstruction(project, 0);
+    RemoveConstruction(project, 99);
     EXPECT_EQ(project.constructionCount, 0);
     EXPECT_TRUE(prompts.calls.empty());
 }
@@ -83,8 +62,8 @@ TEST_F(ConstructionSlotsTest, LeaveTheCountAtZeroOnFurtherRemovals) {
 TEST_F(ConstructionSlotsTest, CountNoSecondRemovalOfTheSameSlot) {
     Add("A");
     Add("B");
-    RemoveConstruction(project, 1, prompts);
-    RemoveConstruction(project, 1, prompts);
+    RemoveConstruction(project, 1);
+    RemoveConstruction(project, 1);
     EXPECT_EQ(project.constructionCount, 1);
     EXPECT_TRUE(InUse(project, 2));
 }
@@ -93,7 +72,7 @@ TEST_F(ConstructionSlotsTest, StartAnewEmptyAndOpaqueWhenReused) {
     Add("ABC");
     project.constructions[1].type = transparentType;
     project.comments.constructions.Add(1, "old note");
-    RemoveConstruction(project, 1, prompts);
+    RemoveConstruction(project, 1);
     EXPECT_EQ(Add(""), 1);
     const Construction& construction = project.constructions[1];
     EXPECT_EQ(construction.name, "Construction 1");
@@ -108,9 +87,9 @@ TEST_F(ConstructionSlotsTest, MakeTheMostRecentlyActiveOneCurrentAfterARemoval) 
         Add("A");
     ActivateConstruction(project, 1);
     ActivateConstruction(project, 3);
-    RemoveConstruction(project, 3, prompts);
+    RemoveConstruction(project, 3);
     EXPECT_EQ(project.currentConstruction, 1);
-    RemoveConstruction(project, 1, prompts);
+    RemoveConstruction(project, 1);
     EXPECT_EQ(project.currentConstruction, 2);
 }
 
@@ -118,7 +97,7 @@ TEST_F(ConstructionSlotsTest, KeepTheCurrentOneWhenAnotherIsRemoved) {
     for (int i = 0; i < 3; ++i)
         Add("A");
     ActivateConstruction(project, 2);
-    RemoveConstruction(project, 3, prompts);
+    RemoveConstruction(project, 3);
     EXPECT_EQ(project.currentConstruction, 2);
 }
 
@@ -126,7 +105,7 @@ TEST_F(ConstructionSlotsTest, HaveNoLatestActiveOneWhenNoneIsInUse) {
     EXPECT_EQ(LatestActiveConstruction(project), 0);
     Add("A");
     EXPECT_EQ(LatestActiveConstruction(project), 1);
-    RemoveConstruction(project, 1, prompts);
+    RemoveConstruction(project, 1);
     EXPECT_EQ(LatestActiveConstruction(project), 0);
     EXPECT_EQ(project.currentConstruction, 1);
 }
@@ -135,10 +114,10 @@ TEST_F(ConstructionSlotsTest, HaveNoLatestActiveOneWhenNoneIsInUse) {
 TEST_F(ConstructionSlotsTest, AreRemovedUpToANumberAndHigherOnesStay) {
     for (int i = 0; i < 3; ++i)
         Add("A");
-    RemoveConstruction(project, 1, prompts);
-    prompts.calls.clear();
-    RemoveConstructions(project, project.constructionCount, prompts);
-    EXPECT_EQ(prompts.calls, std::vector<std::string>{"Close 2"});
+    RemoveConstruction(project, 1);
+    RemoveConstructions(project, project.constructionCount);
+    EXPECT_FALSE(InUse(project, 2));
+    EXPECT_TRUE(InUse(project, 3));
     EXPECT_EQ(project.constructionCount, 1);
     EXPECT_EQ(project.currentConstruction, 3);
 }
@@ -147,10 +126,10 @@ TEST_F(ConstructionSlotsTest, HaveTheirWindowsMinimisedRemovedOnesIncluded) {
     EXPECT_EQ(SlotsToMinimise(project), std::vector<int>{});
     for (int i = 0; i < 3; ++i)
         Add("A");
-    RemoveConstruction(project, 2, prompts);
+    RemoveConstruction(project, 2);
     EXPECT_EQ(SlotsToMinimise(project), (std::vector<int>{1, 2, 3}));
-    RemoveConstruction(project, 1, prompts);
-    RemoveConstruction(project, 3, prompts);
+    RemoveConstruction(project, 1);
+    RemoveConstruction(project, 3);
     EXPECT_EQ(SlotsToMinimise(project), std::vector<int>{});
 }
 
@@ -187,18 +166,13 @@ TEST(CloseUpLayers, LeavesAFullConstructionAlone) {
     EXPECT_EQ(empty.layers.HighestUsed(), 0);
 }
 
-TEST(WindowTag, BeyondTheNumbersOfConstructionsNamesNone) {
-    EXPECT_EQ(TagNumber("2147483647"), 2147483647);
-    EXPECT_EQ(TagNumber("2147483648"), 0);
-    EXPECT_EQ(TagNumber("1e300"), 0);
-    EXPECT_EQ(TagNumber("-1"), 0);
-}
-
-TEST(WindowTag, HoldsTheConstructionNumber) {
-    EXPECT_EQ(WindowTag(1), " 1");
-    EXPECT_EQ(TagNumber(WindowTag(12)), 12);
-    EXPECT_EQ(TagNumber(dialogTag), 0);
-    EXPECT_EQ(TagNumber(""), 0);
+TEST_F(ConstructionSlotsTest, TellEachUseOfASlotFromTheOneBefore) {
+    Add("A");
+    const unsigned before = project.constructions[1].window.opening;
+    RemoveConstruction(project, 1);
+    Add("B");
+    EXPECT_TRUE(InUse(project, 1));
+    EXPECT_NE(project.constructions[1].window.opening, before);
 }
 
 TEST(ConstructionTitle, HasABlankBeforeTheNumber) {

@@ -12,14 +12,14 @@ namespace strativo {
 /// A started project with constructions whose layers are named by single letters.
 class EditTest : public testing::Test {
 protected:
-    EditTest() : project(StartedProject(prompts)) { prompts.calls.clear(); }
+    EditTest() { prompts.calls.clear(); }
 
     /// A new construction with a layer for each letter, layer 1 current; returns its number.
     int Add(const std::string& letters) {
         std::vector<std::string> names;
         for (const char letter : letters)
             names.emplace_back(1, letter);
-        const int number = AddConstruction(project, prompts, names);
+        const int number = AddConstruction(project, names);
         prompts.calls.clear();
         return number;
     }

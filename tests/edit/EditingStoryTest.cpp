@@ -39,9 +39,8 @@ protected:
         EXPECT_EQ(ClipNames(), expected.clip);
     }
     std::string Enabled() const {
-        const std::string tag =
-            project.dialogActive ? dialogTag : WindowTag(project.currentConstruction);
-        const EditMenuState menu = EditMenu(project, tag);
+        const int active = project.dialogActive ? 0 : project.currentConstruction;
+        const EditMenuState menu = EditMenu(project, active);
         return std::string(menu.copy ? "Copy " : "") + (menu.cut ? "Cut " : "")
                + (menu.paste ? "Paste " : "") + (menu.deleteLayers ? "Delete" : "");
     }
@@ -104,7 +103,7 @@ protected:
         DragMaterialTo(1, 0);
         ExpectState({true, 1, 1, {}, "PLASTER"});
         EXPECT_EQ(Names(), "PLASTER");
-        EXPECT_EQ(prompts.calls.back(), "Activate 1");
+        EXPECT_EQ(project.windowToActivate, 1);
 
         ASSERT_TRUE(StartsThicknessEntry("1"));
         EXPECT_EQ(EnterThickness(project, 1, "13", prompts), EntryResult::accepted);
@@ -137,7 +136,7 @@ protected:
         ExpectState({true, 1, 0, {}, "PLASTER"});
     }
     void RemovesAndMakesAnew() {
-        CloseConstruction(project, WindowTag(1), prompts);
+        CloseConstruction(project, 1);
         ExpectState({true, 2, 1, {1}, "PLASTER"});
         EXPECT_EQ(project.constructionCount, 1);
 

@@ -11,7 +11,7 @@ namespace {
 /// A glass type with transmission 0.5 and absorption 0.25 throughout, in the editor.
 class GlassProfileTest : public testing::Test {
 protected:
-    GlassProfileTest() : project(StartedProject(prompts)) {
+    GlassProfileTest() {
         AddGlassType(project, "CLEAR");
         for (int value = 1; value <= profileColumns; ++value) {
             project.glassTypes[1].transmission[value] = 0.5F;

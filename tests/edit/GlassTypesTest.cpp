@@ -11,7 +11,7 @@ using Names = std::vector<std::string>;
 
 class GlassTypesTest : public testing::Test {
 protected:
-    GlassTypesTest() : project(StartedProject(prompts)) { prompts.calls.clear(); }
+    GlassTypesTest() { prompts.calls.clear(); }
     void AddAll(const Names& names) {
         for (const std::string& name : names)
             AddGlassType(project, name);

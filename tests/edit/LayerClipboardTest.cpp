@@ -65,7 +65,6 @@ TEST_F(LayerClipboardTest, CutRemovesWhatItCopied) {
     EXPECT_EQ(ClipNames(), "BC");
     EXPECT_EQ(Names(), "AD");
     EXPECT_TRUE(project.changed);
-    EXPECT_EQ(prompts.Count("Refresh 1"), 1);
 }
 
 TEST_F(LayerClipboardTest, CutWithoutCurrentLayerDoesNothingAtAll) {

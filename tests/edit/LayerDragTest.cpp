@@ -65,7 +65,7 @@ TEST_F(LayerDragTest, MovesToAnotherConstructionAndActivatesIt) {
     EXPECT_EQ(LayerNames(project, 2), "XAYZ");
     EXPECT_EQ(project.currentConstruction, 2);
     EXPECT_EQ(LatestActiveConstruction(project), 2);
-    EXPECT_EQ(prompts.calls.back(), "Activate 2");
+    EXPECT_EQ(project.windowToActivate, 2);
     EXPECT_EQ(CurrentLayer(), 2);
     EXPECT_TRUE(project.changed);
     EXPECT_EQ(ClipNames(), "A");
@@ -180,7 +180,7 @@ TEST_F(LayerDragTest, DoesNothingWhenAConstructionIsGoneAtTheDrop) {
     Drag(1, 0, false);
     DropLayers(project, 3, 0, prompts);
     EXPECT_EQ(LayerNames(project, 1), "AB");
-    RemoveConstruction(project, 1, prompts);
+    RemoveConstruction(project, 1);
     prompts.calls.clear();
     DropLayers(project, 2, 0, prompts);
     EXPECT_EQ(LayerNames(project, 2), "XY");
@@ -212,7 +212,7 @@ TEST_F(MaterialDrop, GoesToTheListItFallsOn) {
     EXPECT_EQ(project.currentConstruction, 2);
     EXPECT_EQ(CurrentLayer(), 2);
     EXPECT_EQ(Marks(), Layers{});
-    EXPECT_EQ(prompts.calls.back(), "Activate 2");
+    EXPECT_EQ(project.windowToActivate, 2);
 }
 
 TEST_F(MaterialDrop, AppendsBelowTheLastLine) {

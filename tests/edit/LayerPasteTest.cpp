@@ -30,7 +30,6 @@ TEST_F(LayerPaste, InsertsAfterTheCurrentLayer) {
     EXPECT_EQ(CurrentLayer(), 4);
     EXPECT_EQ(Marks(), (Layers{3, 4}));
     EXPECT_TRUE(project.changed);
-    EXPECT_EQ(prompts.calls, std::vector<std::string>{"Refresh 1"});
 }
 
 TEST_F(LayerPaste, InsertsAtTheTopWithoutCurrentLayer) {

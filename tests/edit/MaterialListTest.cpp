@@ -87,18 +87,17 @@ TEST_F(MaterialListTest, IsCaptionedWithTheShownLibrary) {
 
 TEST_F(MaterialListTest, HasNothingSelectedAfterARefresh) {
     project.selectedMaterial = 2;
-    RefreshMaterialList(project, prompts);
+    RefreshMaterialList(project);
     EXPECT_EQ(project.selectedMaterial, 0);
-    EXPECT_EQ(prompts.calls, std::vector<std::string>{"RefreshMaterialList"});
 }
 
-TEST_F(MaterialListTest, ShowsALibraryWithItsOptionMarked) {
-    ShowLibrary(project, userLibraryNumber, prompts);
+TEST_F(MaterialListTest, ShowsALibraryWithNothingSelected) {
+    project.selectedMaterial = 2;
+    ShowLibrary(project, userLibraryNumber);
     EXPECT_EQ(project.shownLibrary, 2);
-    ShowLibrary(project, standardLibraryNumber, prompts);
+    EXPECT_EQ(project.selectedMaterial, 0);
+    ShowLibrary(project, standardLibraryNumber);
     EXPECT_EQ(project.shownLibrary, 1);
-    EXPECT_EQ(prompts.calls, (std::vector<std::string>{"SelectOption 1", "RefreshMaterialList",
-                                                       "SelectOption 0", "RefreshMaterialList"}));
 }
 
 } // namespace

@@ -25,7 +25,6 @@ TEST_F(ThicknessEntry, StoresAndMovesOnToTheNextLayerMarkingItAlone) {
     EXPECT_EQ(View().conName, "B");
     EXPECT_TRUE(project.changed);
     EXPECT_TRUE(Current().window.edited);
-    EXPECT_EQ(prompts.calls, std::vector<std::string>{"Refresh 1"});
 }
 
 TEST_F(ThicknessEntry, OnTheLastLineStaysThereAndMarksNothing) {
@@ -119,7 +118,6 @@ TEST_F(ThicknessEntry, RefusedKeepsTheCurrentLayerAndMarks) {
     Enter("0");
     EXPECT_EQ(CurrentLayer(), 1);
     EXPECT_EQ(Marks(), Layers{1});
-    EXPECT_EQ(prompts.Count("Refresh 1"), 0);
 }
 
 TEST_F(ThicknessEntry, DoesNothingWithoutLayers) {
@@ -172,7 +170,7 @@ TEST_F(ThicknessEntry, RefusedInAConstructionWithAGapLeavesEverythingAsItIsShown
 TEST_F(ThicknessEntry, OfTheShownTextStoresTheRoundedValue) {
     Add("A");
     Current().layers.Edit(1).thickness = 12.5;
-    RefreshLayerList(project, 1, prompts);
+    RefreshLayerList(project.constructions[1]);
     const std::string shown = View().editThick;
     EXPECT_EQ(shown, "13");
     Enter(shown);
@@ -186,12 +184,12 @@ TEST_F(ThicknessEntry, IsRestoredFromTheStoredValueWhenTheFieldIsLeft) {
         {105, "105"}, {0.25, "0.250"}, {-5, "0.250"}, {0, ""}};
     for (const auto& [thickness, text] : shown) {
         construction.layers.Edit(1).thickness = thickness;
-        RestoreThickness(construction);
+        ShowThickness(construction, ThicknessEvent::restore);
         EXPECT_EQ(View().editThick, text);
     }
     construction.window.shownThickness = 105;
     construction.currentLayer = 0;
-    RestoreThickness(construction);
+    ShowThickness(construction, ThicknessEvent::restore);
     EXPECT_EQ(View().editThick, "");
 }
 
@@ -201,11 +199,12 @@ TEST_F(ThicknessEntry, IsLeftAsItIsOverANegativeStoredValue) {
     construction.layers.Edit(1).conductivity = -3;
     for (const double thickness : {-5.0, -0.25}) {
         construction.layers.Edit(1).thickness = thickness;
-        EXPECT_FALSE(RestoreThickness(construction)) << "the field keeps its text";
+        EXPECT_FALSE(ShowThickness(construction, ThicknessEvent::restore))
+            << "the field keeps its text";
     }
     for (const double thickness : {0.0, 0.25, 105.0}) {
         construction.layers.Edit(1).thickness = thickness;
-        EXPECT_TRUE(RestoreThickness(construction));
+        EXPECT_TRUE(ShowThickness(construction, ThicknessEvent::restore));
     }
 }
 

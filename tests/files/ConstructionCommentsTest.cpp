@@ -11,14 +11,11 @@ using testing::IsEmpty;
 
 class ConstructionComments : public testing::Test {
 protected:
-    ConstructionComments() : project(StartedProject(prompts)) {}
-
     const Comments& Parse(std::string_view text) {
-        ParseText(text, project, prompts);
+        ParseText(text, project);
         return project.comments;
     }
 
-    ScriptedPrompts prompts;
     Project project;
 };
 

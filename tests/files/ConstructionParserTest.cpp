@@ -1,4 +1,5 @@
 #include "support/ParseText.h"
+#include "support/TestProject.h"
 #include "text/RuntimeError.h"
 
 #include <gtest/gtest.h>
@@ -8,9 +9,7 @@ namespace {
 
 class ConstructionParser : public testing::Test {
 protected:
-    ConstructionParser() : project(StartedProject(prompts)) {}
-
-    ParsedFile Parse(std::string_view text) { return ParseText(text, project, prompts); }
+    ParsedFile Parse(std::string_view text) { return ParseText(text, project); }
 
     int Failure(std::string_view text) {
         try {
@@ -23,7 +22,6 @@ protected:
 
     const Construction& First() { return project.constructions[1]; }
 
-    ScriptedPrompts prompts;
     Project project;
 };
 
@@ -40,7 +38,7 @@ TEST_F(ConstructionParser, ReadsAConstruction) {
     EXPECT_EQ(First().type, opaqueType);
     EXPECT_EQ(LayerNames(project, 1), "12");
     EXPECT_EQ(First().currentLayer, 2);
-    EXPECT_EQ(prompts.Count("Open 1"), 1);
+    EXPECT_TRUE(InUse(project, 1));
 }
 
 TEST_F(ConstructionParser, ReadsLinesWithAnyBlanksAndLineEnds) {
@@ -182,19 +180,18 @@ TEST_F(ConstructionParser, HasMadeTheConstructionWhoseNameBreaksOff) {
 }
 
 TEST_F(ConstructionParser, ReportsTheProgressOfALongFile) {
-    struct Counting : ScriptedPrompts {
-        void ShowProgress(std::size_t done, std::size_t total) override {
-            ++reports;
-            last = done;
-            EXPECT_LE(done, total);
-        }
-        int reports = 0;
-        std::size_t last = 0;
-    } counting;
+    int reports = 0;
+    std::size_t last = 0;
+    ParserEvents events;
+    events.progress = [&](std::size_t done, std::size_t total) {
+        ++reports;
+        last = done;
+        EXPECT_LE(done, total);
+    };
     const std::string text(10'000, '\n');
-    ParseText(text, project, counting);
-    EXPECT_EQ(counting.reports, 3);
-    EXPECT_EQ(counting.last, text.size());
+    ParseConstructionFile(text, project, events);
+    EXPECT_EQ(reports, 3);
+    EXPECT_EQ(last, text.size());
 }
 
 } // namespace

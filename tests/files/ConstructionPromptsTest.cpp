@@ -23,11 +23,11 @@ TEST(ConstructionPrompts, GiveTheChosenPath) {
                                        "Construction Files (*.con)|*.con", "", "CON"}));
 }
 
-TEST(ConstructionPrompts, GiveASingleBlankForACancel) {
+TEST(ConstructionPrompts, GiveNothingForACancel) {
     ScriptedPrompts prompts;
     prompts.OpensFile("").SavesFile("");
-    EXPECT_EQ(PromptConstructionFile(prompts), singleBlank);
-    EXPECT_EQ(PromptSaveConstructionFile(prompts), singleBlank);
+    EXPECT_EQ(PromptConstructionFile(prompts), std::nullopt);
+    EXPECT_EQ(PromptSaveConstructionFile(prompts), std::nullopt);
 }
 
 } // namespace

@@ -11,9 +11,7 @@ namespace {
 
 class ConstructionWriter : public testing::Test {
 protected:
-    ConstructionWriter() : project(StartedProject(prompts)) {
-        project.standardLibraryFile = "stdmat.lby";
-    }
+    ConstructionWriter() { project.standardLibraryFile = "stdmat.lby"; }
 
     /// The first part line of construction 1.
     std::string PartLine() {
@@ -23,7 +21,7 @@ protected:
     }
 
     Layer& AddLayer(const std::string& name) {
-        AddConstruction(project, prompts, {name});
+        AddConstruction(project, {name});
         project.constructions[1].name = "Wall";
         return project.constructions[1].layers.Edit(1);
     }
@@ -124,13 +122,13 @@ TEST_F(ConstructionWriter, RoundsTheThicknessHalfAwayFromZero) {
 }
 
 TEST_F(ConstructionWriter, NumbersPartLinesBySlotAndLeavesOutEmptyOnes) {
-    AddConstruction(project, prompts, {"A", "", "C"});
+    AddConstruction(project, {"A", "", "C"});
     const std::string bytes = FormatConstructionFile(project);
     EXPECT_NE(bytes.find("* A\r\n_ 3 =       3 "), std::string::npos) << bytes;
 }
 
 TEST_F(ConstructionWriter, WritesAConstructionWithoutLayers) {
-    AddConstruction(project, prompts, {});
+    AddConstruction(project, {});
     project.constructions[1].name = "Empty";
     EXPECT_EQ(FormatConstructionFile(project),
               Lines({"!MATERIALS FILE = 'stdmat.lby'", "", "!CONSTRUCTION 'Empty'", "!TYPE OPAQUE",
@@ -139,8 +137,8 @@ TEST_F(ConstructionWriter, WritesAConstructionWithoutLayers) {
 
 TEST_F(ConstructionWriter, WritesNoSectionForARemovedConstruction) {
     for (const char* name : {"A", "B", "C"})
-        project.constructions[AddConstruction(project, prompts, {})].name = name;
-    RemoveConstruction(project, 2, prompts);
+        project.constructions[AddConstruction(project, {})].name = name;
+    RemoveConstruction(project, 2);
     const std::string bytes = FormatConstructionFile(project);
     EXPECT_EQ(bytes, Lines({"!MATERIALS FILE = 'stdmat.lby'", "", "!CONSTRUCTION 'A'",
                             "!TYPE OPAQUE", "!PARTS", "!END", "", "!CONSTRUCTION 'C'",
@@ -149,7 +147,7 @@ TEST_F(ConstructionWriter, WritesNoSectionForARemovedConstruction) {
 }
 
 TEST_F(ConstructionWriter, WritesEveryCommentBehindTheLineOfItsSection) {
-    AddConstruction(project, prompts, {});
+    AddConstruction(project, {});
     project.constructions[1].name = "A";
     AddGlassType(project, "G");
     project.comments.fileHead = {" head", ""};

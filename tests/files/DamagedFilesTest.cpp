@@ -49,7 +49,7 @@ TEST(DamagedFiles, EndInImportedGlassTypesOrANumberedFailure) {
     ScriptedPrompts prompts;
     const std::string sample = SourceFile("data/examples/house.con");
     ReadDamaged(sample, 500, [&](const std::string& bytes) {
-        Project project = StartedProject(prompts);
+        Project project;
         EXPECT_TRUE(ParseGlassDefinitions(bytes, project));
         for (const GlassType& type : project.glassTypes)
             EXPECT_EQ(type.name.find('\''), std::string::npos);
@@ -59,9 +59,9 @@ TEST(DamagedFiles, EndInImportedGlassTypesOrANumberedFailure) {
 /// What is written after reading the bytes, comments apart.
 std::string Rewritten(const std::string& bytes, const std::string& standardLibraryFile) {
     ScriptedPrompts prompts;
-    Project project = StartedProject(prompts);
+    Project project;
     project.standardLibraryFile = standardLibraryFile;
-    ParseText(bytes, project, prompts);
+    ParseText(bytes, project);
     project.comments = Comments();
     return FormatConstructionFile(project);
 }
@@ -69,8 +69,8 @@ std::string Rewritten(const std::string& bytes, const std::string& standardLibra
 TEST(DamagedFiles, EndInAProjectThatSurvivesSavingAndReadingOrANumberedFailure) {
     ReadDamaged(SourceFile("data/examples/house.con"), 500, [](const std::string& bytes) {
         ScriptedPrompts prompts;
-        Project project = StartedProject(prompts);
-        ParseText(bytes, project, prompts);
+        Project project;
+        ParseText(bytes, project);
         for (const Construction& construction : project.constructions)
             EXPECT_EQ(LayerCount(construction), construction.layers.HighestUsed());
         project.comments = Comments();

@@ -14,7 +14,7 @@ using testing::IsEmpty;
 /// A project whose standard library holds material 1 and whose user library holds material 2.
 class Findings : public testing::Test {
 protected:
-    Findings() : project(StartedProject(prompts)) {
+    Findings() {
         project.standardLibrary[1] = {1, "BRICK", 0.5, 1000, 1000};
         project.standardLibrary[2].name = endOfLibrary;
         project.userLibrary[1] = {2, "HEMP", 0.04, 40, 1600};
@@ -22,7 +22,7 @@ protected:
     }
 
     Layer& AddWall() {
-        const int number = AddConstruction(project, prompts, {"BRICK"});
+        const int number = AddConstruction(project, {"BRICK"});
         Layer& layer = project.constructions[number].layers.Edit(1);
         layer.density = 1000;
         layer.specificHeat = 1000;
@@ -117,7 +117,7 @@ TEST_F(Findings, AMaterialNumberOfZeroIsNeitherUnlinkedNorACavity) {
 }
 
 TEST_F(Findings, ConstructionsWithoutLayers) {
-    AddConstruction(project, prompts, {});
+    AddConstruction(project, {});
     const std::vector<Finding> findings = FindingsOf(project);
     ASSERT_EQ(findings.size(), 1U);
     EXPECT_EQ(findings[0].rule, "no-layers");
@@ -128,7 +128,7 @@ TEST_F(Findings, ConstructionsWithoutLayers) {
 }
 
 TEST_F(Findings, RemovedConstructionsHaveNone) {
-    AddConstruction(project, prompts, {});
+    AddConstruction(project, {});
     project.constructions[1].window.open = false;
     EXPECT_THAT(Rules(), IsEmpty());
 }

@@ -15,7 +15,7 @@ using testing::IsEmpty;
 
 class GlassImport : public testing::Test {
 protected:
-    GlassImport() : project(StartedProject(prompts)) { prompts.calls.clear(); }
+    GlassImport() { prompts.calls.clear(); }
 
     void Import(std::string_view text) {
         folder.Write("from.con", text);

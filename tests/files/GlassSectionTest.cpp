@@ -13,9 +13,9 @@ using testing::ElementsAre;
 
 class GlassSection : public testing::Test {
 protected:
-    GlassSection() : project(StartedProject(prompts)) {}
+    GlassSection() {}
 
-    void Parse(std::string_view text) { ParseText(text, project, prompts); }
+    void Parse(std::string_view text) { ParseText(text, project); }
     const GlassType& First() { return project.glassTypes[1]; }
     const GlassType2D& First2D() { return project.glassTypes2D[1]; }
 

@@ -153,13 +153,13 @@ TEST(MaterialPlausibility, RaisesNoFalseAlarmForPublishedMaterials) {
 /// A project whose standard library holds the brick of each wall.
 class Plausibility : public testing::Test {
 protected:
-    Plausibility() : project(StartedProject(prompts)) {
+    Plausibility() {
         project.standardLibrary[1] = {1, "BRICK", 0.5, 1000, 1000};
         project.standardLibrary[2].name = endOfLibrary;
     }
 
     Layer& AddWall() {
-        const int number = AddConstruction(project, prompts, {"BRICK"});
+        const int number = AddConstruction(project, {"BRICK"});
         Layer& layer = project.constructions[number].layers.Edit(1);
         layer.density = 1000;
         layer.specificHeat = 1000;

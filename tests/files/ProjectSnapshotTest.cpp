@@ -23,11 +23,11 @@ std::string EveryByte() {
 /// A project with something in every field that a snapshot holds.
 class ProjectSnapshot : public testing::Test {
 protected:
-    ProjectSnapshot() : project(StartedProject(prompts)) {
-        AddConstruction(project, prompts, {"BRICK", "PLASTER"});
-        AddConstruction(project, prompts, {"BLOCK"});
-        AddConstruction(project, prompts, {});
-        RemoveConstruction(project, 2, prompts);
+    ProjectSnapshot() {
+        AddConstruction(project, {"BRICK", "PLASTER"});
+        AddConstruction(project, {"BLOCK"});
+        AddConstruction(project, {});
+        RemoveConstruction(project, 2);
         FillConstruction(project.constructions[1]);
         AddGlassType(project, "CLEAR/4 " + EveryByte());
         AddGlassType(project, "TINTED");
@@ -212,7 +212,7 @@ TEST_F(ProjectSnapshot, ContentDiffersForEachEditThatAFileWouldShow) {
         [](Project& edited) { edited.constructions[3].type = transparentType; },
         [](Project& edited) { edited.constructions[1].layers.Edit(1).absorption = 0.2F; },
         [](Project& edited) { edited.constructions[1].layers.Edit(2).thickness += 1e-9; },
-        [this](Project& edited) { RemoveConstruction(edited, 3, prompts); },
+        [](Project& edited) { RemoveConstruction(edited, 3); },
         [](Project& edited) { edited.glassTypes[1].diffusion[11] += 0.01F; },
         [](Project& edited) { edited.glassTypes2D[1].name.clear(); },
         [](Project& edited) { edited.comments.fileHead.pop_back(); },

@@ -14,8 +14,7 @@ MaterialLibrary LibraryOf(int count) {
 }
 
 TEST(MaterialLibrary, HasNoMaterialsWhenSlotOneIsTheEndMarker) {
-    MaterialLibrary library;
-    EmptyLibrary(library);
+    const MaterialLibrary library = EmptyLibrary();
     EXPECT_EQ(MaterialCount(library), 0);
     EXPECT_EQ(library[1].name, "-999");
 }
@@ -35,13 +34,6 @@ TEST(MaterialLibrary, WithoutMarkerEndsWithItsTable) {
     for (Material& material : library)
         material.name = "MATERIAL";
     EXPECT_EQ(MaterialCount(library), 100);
-}
-
-TEST(MaterialLibrary, LosesOldPropertiesOfSlotOneWhenEmptied) {
-    MaterialLibrary library = LibraryOf(1);
-    library[1].code = 12;
-    EmptyLibrary(library);
-    EXPECT_EQ(library[1].code, 0);
 }
 
 TEST(Library, OfNumberTwoIsTheUserLibraryAndAnyOtherTheStandardOne) {

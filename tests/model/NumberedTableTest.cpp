@@ -55,8 +55,7 @@ TEST(NumberedList, GrowsFromNumberOne) {
 }
 
 TEST(NumberedList, KnowsItsNumbers) {
-    NumberedList<int> list;
-    list.Resize(2);
+    NumberedList<int> list(2);
     const NumberedList<int>& constant = list;
     EXPECT_FALSE(list.Has(0));
     EXPECT_TRUE(list.Has(1));
@@ -68,17 +67,13 @@ TEST(NumberedList, KnowsItsNumbers) {
     }
 }
 
-TEST(NumberedList, KeepsWhatStaysWhenResized) {
-    NumberedList<int> list;
-    list.Resize(3);
-    list[1] = 4;
-    list.Resize(1);
-    EXPECT_EQ(list.Size(), 1);
-    EXPECT_EQ(list[1], 4);
-    list.Clear();
-    EXPECT_EQ(list.Size(), 0);
-    const NumberedList<int>& constant = list;
-    EXPECT_EQ(constant.begin(), constant.end());
+TEST(NumberedList, BeginsEmptyOrWithSoManyEmptySlots) {
+    const NumberedList<int> none;
+    EXPECT_EQ(none.Size(), 0);
+    EXPECT_EQ(none.begin(), none.end());
+    const NumberedList<int> three(3);
+    EXPECT_EQ(three.Size(), 3);
+    EXPECT_EQ(three[3], 0);
 }
 
 } // namespace

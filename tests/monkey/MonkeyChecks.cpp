@@ -3,10 +3,10 @@
 #include "calc/Relink.h"
 #include "files/ConstructionWriter.h"
 #include "files/FileAccess.h"
-#include "files/ReadBack.h"
 #include "fuzz/FuzzPrompts.h"
 #include "fuzz/Invariants.h"
 #include "fuzz/ReadsBack.h"
+#include "project/ReadBack.h"
 #include "ui/WINFORM.h"
 #include "ui/WindowArea.h"
 
@@ -36,7 +36,7 @@ bool CanBeLinked(Project project) {
     fuzz::FuzzBytes none("");
     fuzz::FuzzPrompts prompts(none);
     try {
-        RelinkLayers(project, prompts);
+        RelinkLayers(project);
         return true;
     } catch (const RuntimeError&) {
         return false;

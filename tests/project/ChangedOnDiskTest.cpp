@@ -12,7 +12,7 @@ constexpr char smallFile[] = "!CONSTRUCTION 'Wall'\r\n!TYPE OPAQUE\r\n!PARTS\r\n
 /// A project read from a.con in a folder of its own.
 class FileOnDisk : public testing::Test {
 protected:
-    FileOnDisk() : project(StartedProject(prompts)) {
+    FileOnDisk() {
         folder.Write("stdmat.lby", "1'BRICK' 0.84 1700 800\r\n");
         project.rememberedLibrary = "stdmat.lby";
         file = folder.Write("a.con", smallFile);

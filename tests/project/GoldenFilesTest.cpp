@@ -31,7 +31,7 @@ public:
 /// reading (if any), the messages of reading and the file that saving then gives, byte for byte.
 class GoldenFile : public testing::TestWithParam<std::string> {
 protected:
-    GoldenFile() : project(StartedProject(prompts)) {
+    GoldenFile() {
         fs::copy(goldenFolder / GetParam(), folder.Path());
         project.rememberedLibrary = "stdmat.lby";
     }
@@ -42,7 +42,7 @@ protected:
         if (fs::exists("remove.txt")) {
             std::istringstream numbers(folder.Read("remove.txt"));
             for (int number = 0; numbers >> number;)
-                RemoveConstruction(project, number, prompts);
+                RemoveConstruction(project, number);
         }
         return FormatConstructionFile(project);
     }
@@ -90,7 +90,7 @@ INSTANTIATE_TEST_SUITE_P(Case, GoldenFile, testing::ValuesIn(Cases()), CaseName)
 /// The example that comes with the program, in its place beside the libraries.
 class ExampleHouse : public testing::Test {
 protected:
-    ExampleHouse() : project(StartedProject(prompts)) {
+    ExampleHouse() {
         for (const char* name : {"stdmat.lby", "examples/user.lby", "examples/house.con"})
             folder.Write(name, SourceFile("data/" + std::string(name)));
     }

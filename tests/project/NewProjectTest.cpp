@@ -15,14 +15,14 @@ using testing::IsEmpty;
 
 class NewProjectCommand : public testing::Test {
 protected:
-    NewProjectCommand() : project(StartedProject(prompts)) {}
+    NewProjectCommand() {}
 
     ScriptedPrompts prompts;
     Project project;
 };
 
 TEST_F(NewProjectCommand, AsksBeforeChangesAreLost) {
-    AddConstruction(project, prompts, {"A"});
+    AddConstruction(project, {"A"});
     project.changed = true;
     prompts.Answers(Answer::no);
     EXPECT_FALSE(NewProject(project, prompts));
@@ -31,18 +31,18 @@ TEST_F(NewProjectCommand, AsksBeforeChangesAreLost) {
     EXPECT_THAT(prompts.messages, ElementsAre(question));
     EXPECT_EQ(LayerNames(project, 1), "A");
     EXPECT_TRUE(project.changed);
-    EXPECT_EQ(prompts.Count("Close 1"), 0);
+    EXPECT_TRUE(InUse(project, 1));
 }
 
 TEST_F(NewProjectCommand, TakesACancelForARefusal) {
-    AddConstruction(project, prompts, {"A"});
+    AddConstruction(project, {"A"});
     project.changed = true;
     prompts.Answers(Answer::cancel);
     EXPECT_FALSE(ConfirmDiscardChanges(project, prompts));
 }
 
 TEST_F(NewProjectCommand, AsksNothingWithoutChanges) {
-    AddConstruction(project, prompts, {"A"});
+    AddConstruction(project, {"A"});
     EXPECT_TRUE(NewProject(project, prompts));
     EXPECT_THAT(prompts.messages, IsEmpty());
 }
@@ -56,8 +56,8 @@ TEST_F(NewProjectCommand, AsksNothingWithoutAConstructionWhateverGlassWasEdited)
 }
 
 TEST_F(NewProjectCommand, EmptiesTheProject) {
-    AddConstruction(project, prompts, {"A"});
-    AddConstruction(project, prompts, {"B", "C"});
+    AddConstruction(project, {"A"});
+    AddConstruction(project, {"B", "C"});
     AddGlassType(project, "G");
     AddGlassType2D(project, "H");
     project.comments.fileHead = {"head"};
@@ -68,8 +68,8 @@ TEST_F(NewProjectCommand, EmptiesTheProject) {
     project.changed = true;
     prompts.Answers(Answer::yes);
     EXPECT_TRUE(NewProject(project, prompts));
-    EXPECT_EQ(prompts.Count("Close 1"), 1);
-    EXPECT_EQ(prompts.Count("Close 2"), 1);
+    EXPECT_EQ(project.beginnings, 1U);
+    EXPECT_EQ(project.glassTypeList.listings, 1U);
     EXPECT_EQ(project.constructionCount, 0);
     EXPECT_EQ(project.constructions.Size(), 1);
     EXPECT_EQ(project.currentConstruction, 1);
@@ -100,17 +100,17 @@ TEST_F(NewProjectCommand, KeepsLibrariesAndClipboard) {
 
 TEST_F(NewProjectCommand, RemovesConstructionsBehindGapsToo) {
     for (int number = 1; number <= 3; ++number)
-        AddConstruction(project, prompts, {"A"});
-    RemoveConstruction(project, 1, prompts);
+        AddConstruction(project, {"A"});
+    RemoveConstruction(project, 1);
     project.changed = false;
     EXPECT_TRUE(NewProject(project, prompts));
-    EXPECT_EQ(prompts.Count("Close 3"), 1);
+    EXPECT_FALSE(InUse(project, 3));
     EXPECT_EQ(project.constructionCount, 0);
 }
 
 class NewConstructionCommand : public testing::Test {
 protected:
-    NewConstructionCommand() : project(StartedProject(prompts)) {
+    NewConstructionCommand() {
         folder.Write("stdmat.lby", standardLibraryBytes);
         project.rememberedLibrary = "stdmat.lby";
         prompts.calls.clear();
@@ -126,13 +126,21 @@ TEST_F(NewConstructionCommand, LoadsTheStandardLibraryFirstAndShowsItSorted) {
     EXPECT_TRUE(project.standardLoaded);
     EXPECT_EQ(project.standardLibraryFile, "stdmat.lby");
     EXPECT_EQ(project.standardLibrary[1].name, "ALUMINIUM");
-    EXPECT_THAT(prompts.calls, ElementsAre("RefreshMaterialList", "ShowMaterialDialog", "Open 1",
-                                           "Refresh 1", "Activate 1"));
+    EXPECT_THAT(prompts.calls, IsEmpty());
+    EXPECT_TRUE(InUse(project, 1));
+    EXPECT_EQ(project.windowToActivate, 1);
     EXPECT_FALSE(project.changed);
+}
+
+TEST_F(NewConstructionCommand, BringsAHiddenDialogBack) {
+    project.dialogHidden = true;
+    NewConstruction(project, prompts);
+    EXPECT_FALSE(project.dialogHidden);
 }
 
 TEST_F(NewConstructionCommand, MakesAnEmptyOpaqueConstructionWithItsNumberAsName) {
     NewConstruction(project, prompts);
+    folder.Write("stdmat.lby", "1'OTHER' 1 2 3\n");
     NewConstruction(project, prompts);
     EXPECT_EQ(project.constructionCount, 2);
     EXPECT_EQ(project.currentConstruction, 2);
@@ -140,15 +148,15 @@ TEST_F(NewConstructionCommand, MakesAnEmptyOpaqueConstructionWithItsNumberAsName
     EXPECT_EQ(project.constructions[2].name, "Construction 2");
     EXPECT_EQ(project.constructions[2].type, opaqueType);
     EXPECT_EQ(project.constructions[2].currentLayer, 0);
-    EXPECT_EQ(prompts.Count("RefreshMaterialList"), 1) << "the library is loaded once";
+    EXPECT_EQ(project.standardLibrary[1].name, "ALUMINIUM") << "the library is loaded once";
 }
 
 TEST_F(NewConstructionCommand, FillsTheLowestGapWithoutAnythingOfTheRemovedOne) {
     for (int number = 1; number <= 3; ++number)
-        AddConstruction(project, prompts, {"A", "B"});
+        AddConstruction(project, {"A", "B"});
     project.constructions[2].type = transparentType;
     project.comments.constructions.Add(2, "old");
-    RemoveConstruction(project, 2, prompts);
+    RemoveConstruction(project, 2);
     NewConstruction(project, prompts);
     EXPECT_EQ(project.currentConstruction, 2);
     EXPECT_EQ(project.constructions[2].name, "Construction 2");
@@ -172,7 +180,7 @@ TEST_F(NewConstructionCommand, EndsTheProgramBeforeAnythingIsMadeWhenTheLibraryI
     prompts.OpensFile("");
     EXPECT_THROW(NewConstruction(project, prompts), ProgramEnd);
     EXPECT_EQ(project.constructionCount, 0);
-    EXPECT_EQ(prompts.Count("Open 1"), 0);
+    EXPECT_FALSE(InUse(project, 1));
     EXPECT_THAT(prompts.Texts(),
                 ElementsAre("Standard material file is missing.", "Cancel pressed aborting load"));
 }

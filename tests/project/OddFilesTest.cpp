@@ -35,7 +35,7 @@ std::string Part(const std::string& line) {
 
 class OddFile : public testing::TestWithParam<Row> {
 protected:
-    OddFile() : project(StartedProject(prompts)) {
+    OddFile() {
         folder.Write("stdmat.lby", standardLibraryBytes);
         project.standardLibraryFile = "stdmat.lby";
         project.standardLoaded = true;

@@ -28,7 +28,7 @@ void PrintTo(const Failing& failing, std::ostream* out) {
 
 class ReadingFailure : public testing::TestWithParam<Failing> {
 protected:
-    ReadingFailure() : project(StartedProject(prompts)) {
+    ReadingFailure() {
         folder.Write("stdmat.lby", standardLibraryBytes);
         project.rememberedLibrary = "stdmat.lby";
         folder.Write("half.con", halfBytes);
@@ -101,22 +101,20 @@ TEST_F(ReadingFailures, LeaveWhatWasReadUntitled) {
 
 TEST_F(ReadingFailures, ActivateTheLastConstructionReadAndListTheMaterialsAnew) {
     folder.Write("two.con", std::string("!CONSTRUCTION 'Whole'\n!END\n") + halfBytes);
+    project.selectedMaterial = 2;
     ReadConstructionFile(project, "two.con", prompts);
-    ASSERT_GE(prompts.calls.size(), 2U);
-    EXPECT_EQ(prompts.calls.back(), "RefreshGlassTypeList");
-    prompts.calls.pop_back();
-    EXPECT_EQ(prompts.calls.back(), "Activate 2");
-    prompts.calls.pop_back();
-    EXPECT_EQ(prompts.calls.back(), "RefreshMaterialList");
+    EXPECT_EQ(project.windowToActivate, 2);
+    EXPECT_EQ(project.selectedMaterial, 0);
+    EXPECT_EQ(project.glassTypeList.listings, 1U);
 }
 
 TEST_F(ReadingFailures, ActivateNothingWhereNothingWasRead) {
     ReadConstructionFile(project, "missing.con", prompts);
-    EXPECT_EQ(prompts.Count("Activate 1"), 0);
+    EXPECT_EQ(project.windowToActivate, 0);
 }
 
 TEST_F(ReadingFailures, LeaveTheRemovalOfTheOldConstructionsMarked) {
-    AddConstruction(project, prompts, {"A"});
+    AddConstruction(project, {"A"});
     ReadConstructionFile(project, "missing.con", prompts);
     EXPECT_EQ(project.constructionCount, 0);
     EXPECT_TRUE(project.changed);
@@ -158,7 +156,7 @@ TEST_F(ReadingFailures, LeaveTheNameOfALibraryThatWasLoadedMeanwhile) {
 }
 
 TEST_F(ReadingFailures, DoNotIncludeACancelledPrompt) {
-    AddConstruction(project, prompts, {"A"});
+    AddConstruction(project, {"A"});
     project.userLoaded = true;
     project.constructionFile = "old.con";
     prompts.OpensFile("");

@@ -16,7 +16,7 @@ using testing::IsEmpty;
 /// A folder of copies that hold something else than the program would have written.
 class RecoveryCopies : public testing::Test {
 protected:
-    RecoveryCopies() : project(StartedProject(prompts)) { project.standardLoaded = true; }
+    RecoveryCopies() { project.standardLoaded = true; }
 
     TemporaryFolder folder;
     ScriptedPrompts prompts;

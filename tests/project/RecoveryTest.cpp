@@ -24,7 +24,7 @@ constexpr char original[] = "!MATERIALS FILE = 'stdmat.lby'\r\n!CONSTRUCTION 'Wa
 /// A project read from a file, with an unsaved change of a thickness.
 class Recovery : public testing::Test {
 protected:
-    Recovery() : project(StartedProject(prompts)) {
+    Recovery() {
         work.Write("stdmat.lby", "1'BRICK' 0.84 1700 800\r\n");
         file = work.Write("a b.con", original);
         copies = (work.Path() / "state").string();
@@ -56,7 +56,7 @@ TEST_F(Recovery, KeepsNothingOfAnUnchangedProject) {
 TEST_F(Recovery, OpensTheCopyUnderItsOldNameWithTheChange) {
     ASSERT_NE(KeepRecoveryCopy(project, copies), "");
     ScriptedPrompts next;
-    Project reopened = StartedProject(next);
+    Project reopened;
     next.Answers(Answer::yes);
     EXPECT_TRUE(OfferRecovery(reopened, copies, next));
     EXPECT_EQ(reopened.constructionFile, file);
@@ -72,7 +72,7 @@ TEST_F(Recovery, OpensTheCopyUnderItsOldNameWithTheChange) {
 TEST_F(Recovery, OffersACopyOnlyOnceAndKeepsItWhenRefused) {
     KeepRecoveryCopy(project, copies);
     ScriptedPrompts next;
-    Project other = StartedProject(next);
+    Project other;
     next.Answers(Answer::no);
     EXPECT_FALSE(OfferRecovery(other, copies, next));
     EXPECT_EQ(other.constructionCount, 0);
@@ -85,7 +85,7 @@ TEST_F(Recovery, SavingNoticesThatTheOriginalWasChangedMeanwhile) {
     KeepRecoveryCopy(project, copies);
     work.Write("a b.con", "somebody else's work, longer than before: 1234567890\r\n");
     ScriptedPrompts next;
-    Project reopened = StartedProject(next);
+    Project reopened;
     next.Answers(Answer::yes).Answers(Answer::no);
     OfferRecovery(reopened, copies, next);
     EXPECT_FALSE(SaveProject(reopened, next));
@@ -96,7 +96,7 @@ TEST_F(Recovery, NamesAProjectThatNeverHadAFileUntitled) {
     project.constructionFile.clear();
     KeepRecoveryCopy(project, copies);
     ScriptedPrompts next;
-    Project reopened = StartedProject(next);
+    Project reopened;
     next.Answers(Answer::yes);
     EXPECT_TRUE(OfferRecovery(reopened, copies, next));
     EXPECT_EQ(reopened.constructionFile, "");
@@ -135,7 +135,7 @@ TEST_F(Recovery, TheCopyKeepsItsNameUntilTheProcessHasEnded) {
 
 TEST_F(Recovery, SaysNothingWhereNoCopyWaits) {
     ScriptedPrompts next;
-    Project other = StartedProject(next);
+    Project other;
     EXPECT_FALSE(OfferRecovery(other, copies, next));
     EXPECT_THAT(next.messages, IsEmpty());
 }

@@ -21,8 +21,8 @@ constexpr char wallBytes[] = "!MATERIALS FILE = ' '\r\n\r\n!CONSTRUCTION 'Constr
 /// A changed project with one construction, in a folder of its own.
 class SaveFile : public testing::Test {
 protected:
-    SaveFile() : project(StartedProject(prompts)) {
-        AddConstruction(project, prompts, {"A"});
+    SaveFile() {
+        AddConstruction(project, {"A"});
         project.changed = true;
     }
 
@@ -141,7 +141,7 @@ TEST_F(SaveFile, KeepsTheOldNameWhenSavingAsFails) {
 }
 
 TEST_F(SaveFile, WritesNoConstructionForTheSlotOfStartUp) {
-    RemoveConstruction(project, 1, prompts);
+    RemoveConstruction(project, 1);
     prompts.SavesFile("a.con");
     EXPECT_TRUE(SaveProject(project, prompts));
     EXPECT_EQ(folder.Read("a.con"), "!MATERIALS FILE = ' '\r\n\r\n");

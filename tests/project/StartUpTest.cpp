@@ -11,58 +11,43 @@ namespace {
 
 using testing::ElementsAre;
 
-TEST(StartUp, OpensNoWindowAndLoadsNoLibrary) {
-    ScriptedPrompts prompts;
-    const Project project = StartedProject(prompts);
-    EXPECT_EQ(project.constructionCount, 0);
-    EXPECT_FALSE(project.standardLoaded);
-    EXPECT_EQ(project.standardLibraryFile, singleBlank);
-    EXPECT_EQ(MaterialCount(project.standardLibrary), 0);
-    EXPECT_EQ(prompts.Count("Open 1"), 0);
-}
-
-TEST(StartUp, PutsEverythingIntoItsFirstState) {
-    const TemporaryFolder folder;
-    ScriptedPrompts prompts;
-    Project project;
-    project.constructions.Append();
-    project.constructionCount = 1;
-    project.changed = true;
-    project.userLoaded = true;
-    project.userLibraryNeeded = true;
-    project.standardLoaded = true;
-    project.userLibraryFile = "user.lby";
-    project.constructionFile = "a.con";
-    project.clipboard[1].name = "A";
-    project.shownLibrary = 2;
-    StartUp(project, {"help.html", "std.lby"}, prompts);
-    EXPECT_THAT(prompts.messages, testing::IsEmpty());
-    EXPECT_EQ(project.helpFile, "help.html");
-    EXPECT_EQ(project.rememberedLibrary, "std.lby");
-    EXPECT_EQ(project.startDirectory, std::filesystem::current_path().string());
+TEST(Project, IsConstructedAsThatOfAProgramJustStarted) {
+    const Project project;
     EXPECT_EQ(MaterialCount(project.standardLibrary), 0);
     EXPECT_EQ(MaterialCount(project.userLibrary), 0);
     EXPECT_EQ(project.standardLibraryFile, singleBlank);
     EXPECT_EQ(project.userLibraryFile, "");
+    EXPECT_FALSE(project.standardLoaded);
     EXPECT_FALSE(project.userLoaded);
     EXPECT_FALSE(project.userLibraryNeeded);
-    EXPECT_FALSE(project.standardLoaded);
     EXPECT_FALSE(project.closingInProgress);
     EXPECT_FALSE(project.changed);
     EXPECT_EQ(project.clipboard[1].name, "");
     EXPECT_EQ(project.constructionFile, "");
+    EXPECT_EQ(project.constructionCount, 0);
     EXPECT_EQ(project.constructions.Size(), 1);
     EXPECT_EQ(project.currentConstruction, 1);
     EXPECT_EQ(project.shownLibrary, 1);
+    EXPECT_EQ(project.helpFile, ".");
+    EXPECT_EQ(project.rememberedLibrary, "..\\stdmat.lby");
     EXPECT_FALSE(InUse(project, 1)) << "slot 1 exists but is no construction";
+}
+
+TEST(StartUp, AddsTheSettings) {
+    Project project;
+    StartUp(project, {"help.html", "std.lby"});
+    EXPECT_EQ(project.helpFile, "help.html");
+    EXPECT_EQ(project.rememberedLibrary, "std.lby");
+    EXPECT_EQ(project.startDirectory, std::filesystem::current_path().string());
 }
 
 TEST(EndOfStartUp, OrdersTheEmptyMaterialListWithoutACommandLine) {
     ScriptedPrompts prompts;
-    Project project = StartedProject(prompts);
-    prompts.calls.clear();
+    Project project;
+    project.selectedMaterial = 1;
     FinishStartUp(project, "", prompts);
-    EXPECT_THAT(prompts.calls, ElementsAre("RefreshMaterialList"));
+    EXPECT_EQ(project.selectedMaterial, 0);
+    EXPECT_THAT(prompts.calls, testing::IsEmpty());
 }
 
 TEST(EndOfStartUp, TakesTheWholeCommandLineAsOnePath) {
@@ -70,7 +55,7 @@ TEST(EndOfStartUp, TakesTheWholeCommandLineAsOnePath) {
     folder.Write("my house.con", "!CONSTRUCTION 'Wall'\r\n!END\r\n");
     folder.Write("stdmat.lby", standardLibraryBytes);
     ScriptedPrompts prompts;
-    Project project = StartedProject(prompts);
+    Project project;
     project.rememberedLibrary = "stdmat.lby";
     FinishStartUp(project, "my house.con", prompts);
     EXPECT_EQ(project.constructionFile, "my house.con");
@@ -80,7 +65,7 @@ TEST(EndOfStartUp, TakesTheWholeCommandLineAsOnePath) {
 TEST(EndOfStartUp, ReportsAPathThatCannotBeReadAsACommandLineError) {
     const TemporaryFolder folder;
     ScriptedPrompts prompts;
-    Project project = StartedProject(prompts);
+    Project project;
     FinishStartUp(project, "missing house.con", prompts);
     EXPECT_THAT(prompts.messages,
                 ElementsAre(Message{"Command line error\rConstruction file (p) is missing.", ""}));

@@ -26,7 +26,7 @@ constexpr char original[] = "!MATERIALS FILE = 'stdmat.lby'\r\n!CONSTRUCTION 'Wa
 /// A project read from a file, and who keeps work on it.
 class KeptWork : public testing::Test {
 protected:
-    KeptWork() : project(StartedProject(prompts)) {
+    KeptWork() {
         work.Write("stdmat.lby", "1'BRICK' 0.84 1700 800\r\n");
         file = work.Write("a b.con", original);
         ReadConstructionFile(project, file, prompts);
@@ -184,7 +184,7 @@ TEST_F(KeptWork, AProjectThatTheQuestionSparedKeepsItsCopy) {
     keeper->ExpectReplacement(project, AsksAboutChanges(project));
     prompts.Answers(Answer::no);
     EXPECT_FALSE(NewProject(project, prompts));
-    Look(0);
+    LookUntilWritten(0);
     keeper->EndExpectation();
     EXPECT_THAT(Copies(), ElementsAre("x"));
 }

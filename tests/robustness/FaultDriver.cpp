@@ -42,21 +42,6 @@ public:
     std::optional<std::string> AskOpenFile(const FilePrompt&) override { return std::nullopt; }
     std::optional<std::string> AskSaveFile(const FilePrompt&) override { return file; }
     void Beep() override { std::cout << "beep\n"; }
-    void OpenConstructionWindow(int) override {}
-    void CloseConstructionWindow(int) override {}
-    void RefreshConstructionWindow(int) override {}
-    void ActivateConstructionWindow(int) override {}
-    void RefreshMaterialList() override {}
-    void ShowMaterialDialog() override {}
-    void EnableMatOption(int, bool) override {}
-    void SelectMatOption(int) override {}
-    void RefreshGlassTypeList() override {}
-    void ShowProgress(std::size_t, std::size_t) override {}
-    void ShowHelpContents() override {}
-    void QuitHelp() override {}
-
-protected:
-    void OnProgramEnd() override { std::cout << "ended\n"; }
 
 private:
     std::string file;
@@ -118,7 +103,7 @@ void Run(std::string_view command, const std::string& file) {
     Project project;
     Settings settings;
     settings.stdMat = "stdmat.lby";
-    StartUp(project, settings, prompts);
+    StartUp(project, settings);
     if (command == "read")
         return Read(project, file, prompts);
     if (command == "save-new") {

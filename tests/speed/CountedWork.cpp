@@ -29,7 +29,7 @@ std::string FileBytes() {
 void ReadAndLink(std::string_view bytes, Project& project) {
     SilentPrompts prompts;
     Parse(bytes, project);
-    RelinkLayers(project, prompts);
+    RelinkLayers(project);
 }
 
 /// Each step returns a number that shows that it did its work.

@@ -1,19 +1,17 @@
 #pragma once
 
+#include "edit/ConstructionSlots.h"
 #include "files/ConstructionParser.h"
-#include "project/NewProject.h"
-#include "support/TestProject.h"
 
 #include <string_view>
 
 namespace strativo {
 
 /// Parses the text of a construction file into the project; libraries are not loaded.
-inline ParsedFile ParseText(std::string_view text, Project& project, ScriptedPrompts& prompts) {
-    return ParseConstructionFile(text, project, prompts, [&] {
-        OpenConstructionWindow(project, prompts);
-        project.constructions[project.currentConstruction].name.clear();
-    });
+inline ParsedFile ParseText(std::string_view text, Project& project) {
+    ParserEvents events;
+    events.createConstruction = [&] { CreateUnnamedConstruction(project); };
+    return ParseConstructionFile(text, project, events);
 }
 
 } // namespace strativo

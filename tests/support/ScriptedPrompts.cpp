@@ -66,42 +66,6 @@ void ScriptedPrompts::Beep() {
     calls.emplace_back("Beep");
 }
 
-void ScriptedPrompts::OpenConstructionWindow(int number) {
-    calls.push_back("Open " + std::to_string(number));
-}
-
-void ScriptedPrompts::CloseConstructionWindow(int number) {
-    calls.push_back("Close " + std::to_string(number));
-}
-
-void ScriptedPrompts::RefreshConstructionWindow(int number) {
-    calls.push_back("Refresh " + std::to_string(number));
-}
-
-void ScriptedPrompts::ActivateConstructionWindow(int number) {
-    calls.push_back("Activate " + std::to_string(number));
-}
-
-void ScriptedPrompts::RefreshMaterialList() {
-    calls.emplace_back("RefreshMaterialList");
-}
-
-void ScriptedPrompts::ShowMaterialDialog() {
-    calls.emplace_back("ShowMaterialDialog");
-}
-
-void ScriptedPrompts::EnableMatOption(int index, bool enabled) {
-    calls.push_back("EnableOption " + std::to_string(index) + (enabled ? " 1" : " 0"));
-}
-
-void ScriptedPrompts::SelectMatOption(int index) {
-    calls.push_back("SelectOption " + std::to_string(index));
-}
-
-void ScriptedPrompts::RefreshGlassTypeList() {
-    calls.emplace_back("RefreshGlassTypeList");
-}
-
 void ScriptedPrompts::ShowProgress(std::size_t done, std::size_t total) {
     EXPECT_LE(done, total);
 }
@@ -112,11 +76,6 @@ void ScriptedPrompts::ShowHelpContents() {
 
 void ScriptedPrompts::QuitHelp() {
     calls.emplace_back("QuitHelp");
-}
-
-void ScriptedPrompts::OnProgramEnd() {
-    calls.emplace_back("EndProgram");
-    ended = true;
 }
 
 int ScriptedPrompts::Count(const std::string& call) const {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "port/Desktop.h"
+#include "port/Prompts.h"
 
 #include <deque>
 #include <string>
@@ -8,7 +8,7 @@
 
 namespace strativo {
 
-/// A desktop for tests: it answers prompts and questions from a script, in order, and records every
+/// A user for tests: it answers prompts and questions from a script, in order, and records every
 /// call. An unexpected prompt or question fails the test, and so does a scripted answer left over.
 class ScriptedPrompts : public Prompts {
 public:
@@ -24,15 +24,6 @@ public:
     std::optional<std::string> AskOpenFile(const FilePrompt& prompt) override;
     std::optional<std::string> AskSaveFile(const FilePrompt& prompt) override;
     void Beep() override;
-    void OpenConstructionWindow(int number) override;
-    void CloseConstructionWindow(int number) override;
-    void RefreshConstructionWindow(int number) override;
-    void ActivateConstructionWindow(int number) override;
-    void RefreshMaterialList() override;
-    void ShowMaterialDialog() override;
-    void EnableMatOption(int index, bool enabled) override;
-    void SelectMatOption(int index) override;
-    void RefreshGlassTypeList() override;
     void ShowProgress(std::size_t done, std::size_t total) override;
     void ShowHelpContents() override;
     void QuitHelp() override;
@@ -42,15 +33,10 @@ public:
     /// Texts of the messages shown, in order.
     std::vector<std::string> Texts() const;
 
-    /// Every call in order but progress reports: "Beep", "Message TEXT", "Open 1", "Close 1",
-    /// "Refresh 1", "Activate 1", "AskOpen TITLE", "EnableOption 1 0", "SelectOption 0" and so on.
+    /// Every call in order but progress reports: "Beep", "Message TEXT", "AskOpen TITLE" and so on.
     std::vector<std::string> calls;
     std::vector<Message> messages;
     std::vector<FilePrompt> filePrompts;
-    bool ended = false;
-
-protected:
-    void OnProgramEnd() override;
 
 private:
     std::optional<std::string> TakeFile(std::deque<std::string>& files, const FilePrompt& prompt);

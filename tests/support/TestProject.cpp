@@ -1,7 +1,7 @@
 #include "support/TestProject.h"
 
+#include "edit/ConstructionSlots.h"
 #include "edit/LayerClipboard.h"
-#include "project/NewProject.h"
 
 #include <algorithm>
 #include <fstream>
@@ -48,15 +48,8 @@ std::vector<std::string> TemporaryFolder::Entries() const {
     return names;
 }
 
-Project StartedProject(ScriptedPrompts& prompts) {
-    Project project;
-    StartUp(project, Settings(), prompts);
-    return project;
-}
-
-int AddConstruction(Project& project, ScriptedPrompts& prompts,
-                    const std::vector<std::string>& layerNames) {
-    OpenConstructionWindow(project, prompts);
+int AddConstruction(Project& project, const std::vector<std::string>& layerNames) {
+    OpenConstructionWindow(project);
     const int number = project.currentConstruction;
     Construction& construction = project.constructions[number];
     for (std::size_t i = 0; i < layerNames.size(); ++i) {

@@ -29,13 +29,9 @@ private:
     std::filesystem::path before;
 };
 
-/// A project as it is after start-up, with default settings.
-Project StartedProject(ScriptedPrompts& prompts);
-
 /// Opens a construction with one layer for each name, 100 mm thick with conductivity 0.5 and
 /// material codes 1, 2, ... of the standard library; layer 1 is current.
-int AddConstruction(Project& project, ScriptedPrompts& prompts,
-                    const std::vector<std::string>& layerNames);
+int AddConstruction(Project& project, const std::vector<std::string>& layerNames);
 
 /// Names of the layers of a construction, in slot order, joined without separator.
 std::string LayerNames(const Project& project, int number);

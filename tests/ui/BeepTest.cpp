@@ -11,7 +11,7 @@ namespace {
 class Beeps : public WindowTest {
 protected:
     void Open() {
-        number = AddConstruction(project, prompts, {"A", "B"});
+        number = AddConstruction(project, {"A", "B"});
         window = std::make_unique<UValue>(number, program);
         Show(*window);
         prompts.calls.clear();

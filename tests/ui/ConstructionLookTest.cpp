@@ -25,7 +25,7 @@ protected:
         Start();
         Choose("NewUValue");
         TheProject().constructions[1].type = transparentType;
-        program->RefreshConstruction(1);
+        program->ShowProject();
     }
 
     QLabel* Label(const char* name) { return Find<QLabel>(1, name); }
@@ -226,7 +226,7 @@ TEST_F(Look, NamesOfLayersAreNoMarkup) {
     StartWithTransparentConstruction();
     Insert("PLASTER");
     TheProject().constructions[1].layers.Edit(1).name = "<b>A&B</b>";
-    program->RefreshConstruction(1);
+    program->ShowProject();
     EXPECT_EQ(Label("ConName")->textFormat(), Qt::PlainText);
     EXPECT_EQ(TextOf(1, "ConName"), "<b>A&B</b>");
 }

@@ -93,7 +93,7 @@ protected:
 };
 
 TEST_F(ControlNames, EveryWindowHasTheGivenOnesAndGivesThemToNothingElse) {
-    AddConstruction(project, prompts, {"BRICK"});
+    AddConstruction(project, {"BRICK"});
     AddGlassType(project, "CLEAR");
     ExpectGivenNames(UValue(1, program));
     ExpectGivenNames(UvalsDialog(program));

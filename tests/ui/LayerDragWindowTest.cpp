@@ -34,7 +34,7 @@ protected:
         for (std::size_t i = 0; i < names.size(); ++i)
             record.layers.Edit(static_cast<int>(i) + 1).name = names.substr(i, 1);
         record.currentLayer = 1;
-        program->RefreshConstruction(number);
+        program->ShowProject();
     }
 
     std::string Layers(int number) { return LayerNames(TheProject(), number); }
@@ -243,7 +243,7 @@ TEST_F(LayerDragging, ThePictureIsThatOfTheRowAndShowsEveryDraggedLine) {
 TEST_F(LayerDragging, NamesInThePictureAreNoMarkup) {
     StartWithTwoWindows();
     TheProject().constructions[1].layers.Edit(1).name = "A<br>B<br>C";
-    program->RefreshConstruction(1);
+    program->ShowProject();
     StartDrag(List(1), 0);
     EXPECT_LT(Picture(0).height(), 2 * QFontMetrics(List(1)->font()).lineSpacing());
 }

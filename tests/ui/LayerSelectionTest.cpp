@@ -20,7 +20,7 @@ protected:
             record.layers.Edit(layer).name = std::string(1, static_cast<char>('A' + layer - 1));
             record.layers.Edit(layer).thickness = 10 * layer;
         }
-        program->RefreshConstruction(1);
+        program->ShowProject();
         ClickLine(List(1), 0);
         TheProject().changed = false;
     }
@@ -148,7 +148,7 @@ TEST_F(LayerSelection, MerelyGettingTheFocusMovesNothing) {
 TEST_F(LayerSelection, AFocusedListWithoutACurrentLayerTouchesNone) {
     StartWithFiveLayers();
     Mark(TheProject(), 1, {}, 0);
-    program->RefreshConstruction(1);
+    program->ShowProject();
     Find(1, "NameText")->setFocus();
     List(1)->setFocus();
     EXPECT_EQ(Current(), 0);
@@ -291,14 +291,14 @@ TEST_F(LayerSelection, DeleteOfTheLastLineGoesOnWithTheOneThatIsLastThen) {
 TEST_F(LayerSelection, AClickLeavesEmptySlotsWhereTheyAre) {
     StartWithFiveLayers();
     TheProject().constructions[1].layers.Edit(2) = Layer();
-    program->RefreshConstruction(1);
+    program->ShowProject();
     const std::string result = TextOf(1, "Result");
     ClickLine(List(1), 1);
     EXPECT_EQ(TextOf(1, "ConName"), "C");
     EXPECT_EQ(TextOf(1, "EditThick"), "30");
     EXPECT_THAT(MarksShown(1), ElementsAre(1));
     EXPECT_EQ(TheProject().constructions[1].layers[3].name, "C");
-    program->RefreshConstruction(1);
+    program->ShowProject();
     EXPECT_EQ(TextOf(1, "Result"), result);
     Press(Qt::Key_Delete);
     EXPECT_EQ(Layers(), "ADE");

@@ -336,7 +336,7 @@ TEST_F(SelectMaterial, TheDragLabelsKeepTheirCaptions) {
 TEST_F(SelectMaterial, NamesInTheDragPictureAreNoMarkup) {
     StartWithConstruction();
     TheProject().standardLibrary[9].name = "<b>A&B</b>";
-    program->RefreshDialog();
+    program->ShowProject();
     Materials()->scrollToBottom();
     StartDrag(Materials(), 8);
     EXPECT_GE(Picture(3).width(),

@@ -35,6 +35,7 @@ protected:
         row->addWidget(window);
         row->addWidget(elsewhere);
         list = Find<QListWidget>(*window, "WinList");
+        atEndOfAction = [this] { window->ShowGlassTypes(); };
         Show(host);
         list->setFocus();
     }
@@ -144,7 +145,8 @@ TEST_F(GlassTypesWindow, ArrowKeysSelectAsWell) {
 TEST_F(GlassTypesWindow, ARefreshSelectsNothing) {
     Open({"CLEAR", "TINTED"});
     ClickLine(1);
-    window->RefreshGlassTypeList();
+    RefreshGlassTypeList(project);
+    window->ShowGlassTypes();
     EXPECT_THAT(Listed(), ElementsAre("CLEAR", "TINTED"));
     EXPECT_THAT(list->selectedItems(), IsEmpty());
     ExpectSelectionButtons(false);
@@ -383,7 +385,8 @@ TEST_F(GlassTypesWindow, TheFirstEntryIsReachedByKeys) {
         AddTypes({std::string(static_cast<std::size_t>(types), 'A')});
         if (window == nullptr)
             Open();
-        window->RefreshGlassTypeList();
+        RefreshGlassTypeList(project);
+        window->ShowGlassTypes();
         elsewhere->setFocus();
         list->setFocus(Qt::TabFocusReason);
         ExpectSelectionButtons(false);

@@ -188,8 +188,8 @@ TEST_F(WindowKeys, ANewWindowLeavesTheTypesOfOthersAlone) {
     EXPECT_EQ(Record().type, transparentType);
     EXPECT_EQ(TheProject().constructions[2].type, opaqueType);
     Area().Activate(1);
-    program->RefreshConstruction(1);
-    program->RefreshConstruction(2);
+    program->ShowProject();
+    program->ShowProject();
     EXPECT_EQ(Find<QComboBox>(1, "TypeCombo")->currentText(), QStringLiteral("Transparent"));
     EXPECT_EQ(TheProject().constructions[2].type, opaqueType);
 }

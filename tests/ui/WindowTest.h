@@ -16,10 +16,10 @@
 
 namespace strativo {
 
-/// Windows on a started project, with a scripted desktop behind them.
+/// Windows on a project, with a scripted user in front of them.
 class WindowTest : public testing::Test {
 protected:
-    WindowTest() : project(StartedProject(prompts)) { prompts.calls.clear(); }
+    WindowTest() { prompts.calls.clear(); }
 
     /// The control of that name, or a failure and null.
     template <class Control = QWidget>
@@ -65,7 +65,11 @@ protected:
 
     ScriptedPrompts prompts;
     Project project;
-    Program program{project, prompts, [](const std::function<void()>& action) { action(); }};
+    std::function<void()> atEndOfAction = [] {}; ///< shows what became of it
+    Program program{project, prompts, [this](const std::function<void()>& action) {
+                        action();
+                        atEndOfAction();
+                    }};
 
 private:
     int dialogsExpected = 0;

@@ -109,7 +109,7 @@ private:
         construction.currentLayer = static_cast<std::int16_t>(layer);
         ClearMarks(construction);
         construction.layers.Edit(layer).selected = true;
-        RefreshLayerList(project, project.currentConstruction, prompts);
+        RefreshLayerList(project.constructions[project.currentConstruction]);
     }
 
     void BuildTutorialWall() {

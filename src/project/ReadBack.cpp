@@ -1,10 +1,8 @@
-#include "files/ReadBack.h"
+#include "project/ReadBack.h"
 
 #include "edit/ConstructionSlots.h"
-#include "edit/GlassTypes.h"
 #include "files/ConstructionParser.h"
 #include "files/ConstructionWriter.h"
-#include "files/SilentPrompts.h"
 #include "text/RuntimeError.h"
 
 #include <algorithm>
@@ -22,15 +20,10 @@ bool IsHarmless(const std::string& name) {
 /// Writes the project and reads it again, as far as that goes.
 Project WrittenAndRead(const Project& written) {
     Project read;
-    SilentPrompts prompts;
-    ResetGlassTypes(read);
-    const CreateConstruction create = [&] {
-        const int number = FirstFreeConstructionSlot(read);
-        read.constructions[number].window.open = true;
-        read.currentConstruction = number;
-    };
+    ParserEvents events;
+    events.createConstruction = [&] { CreateUnnamedConstruction(read); };
     try {
-        ParseConstructionFile(FormatConstructionFile(written), read, prompts, create);
+        ParseConstructionFile(FormatConstructionFile(written), read, events);
     } catch (const RuntimeError&) {
         read = Project(); // a reader would have stopped here: nothing came back
     }
@@ -39,16 +32,14 @@ Project WrittenAndRead(const Project& written) {
 
 bool ConstructionComesBack(const std::string& name) {
     Project trial;
-    trial.constructions.Append();
+    OpenConstructionWindow(trial);
     trial.constructions[1].name = name;
-    trial.constructions[1].window.open = true;
     const Project read = WrittenAndRead(trial);
     return read.constructions.Size() == 1 && read.constructions[1].name == name;
 }
 
 bool GlassTypeComesBack(const std::string& name) {
     Project trial;
-    trial.glassTypes.Append();
     trial.glassTypes[1].name = name;
     const Project read = WrittenAndRead(trial);
     return read.glassTypes.Size() == 1 && read.glassTypes[1].name == name;
@@ -56,7 +47,6 @@ bool GlassTypeComesBack(const std::string& name) {
 
 bool GlassType2DComesBack(const std::string& name) {
     Project trial;
-    trial.glassTypes2D.Append();
     trial.glassTypes2D[1].name = name;
     const Project read = WrittenAndRead(trial);
     return read.glassTypes2D.Size() == 1 && read.glassTypes2D[1].name == name;
@@ -88,9 +78,8 @@ std::vector<std::string> UnreadableNames(const Project& project) {
     test(project.standardLibraryFile, standardComesBack);
     if (project.userLoaded)
         test(project.userLibraryFile, userComesBack);
-    for (int number = 1; number <= project.constructions.Size(); ++number)
-        if (InUse(project, number))
-            test(project.constructions[number].name, ConstructionComesBack);
+    for (const int number : ConstructionsInUse(project))
+        test(project.constructions[number].name, ConstructionComesBack);
     for (const GlassType& type : project.glassTypes)
         test(type.name, GlassTypeComesBack);
     for (const GlassType2D& type : project.glassTypes2D)

@@ -1,7 +1,7 @@
-#include "files/ReadBack.h"
+#include "project/ReadBack.h"
 
 #include "edit/GlassTypes.h"
-#include "files/SaveChecks.h"
+#include "project/SaveQuestions.h"
 #include "support/TestProject.h"
 
 #include <gmock/gmock.h>
@@ -23,11 +23,10 @@ class NamesInFiles : public testing::TestWithParam<NameCase> {};
 
 TEST_P(NamesInFiles, AreListedWhenTheyWouldNotComeBack) {
     ScriptedPrompts prompts;
-    Project constructions = StartedProject(prompts);
-    constructions.constructions[AddConstruction(constructions, prompts, {"A"})].name =
-        GetParam().name;
+    Project constructions;
+    constructions.constructions[AddConstruction(constructions, {"A"})].name = GetParam().name;
     EXPECT_EQ(UnreadableNames(constructions).empty(), GetParam().construction);
-    Project glass = StartedProject(prompts);
+    Project glass;
     AddGlassType(glass, GetParam().name);
     EXPECT_EQ(UnreadableNames(glass).empty(), GetParam().glass);
 }
@@ -51,7 +50,7 @@ INSTANTIATE_TEST_SUITE_P(All, NamesInFiles,
 
 TEST(UnreadableNames, ListsLibraryPathsThatWouldBeCut) {
     ScriptedPrompts prompts;
-    Project project = StartedProject(prompts);
+    Project project;
     project.standardLibraryFile = "/home/o'neill/stdmat.lby";
     project.userLibraryFile = "/tmp/a*b.lby";
     EXPECT_THAT(UnreadableNames(project), ElementsAre("/home/o'neill/stdmat.lby"));
@@ -61,7 +60,7 @@ TEST(UnreadableNames, ListsLibraryPathsThatWouldBeCut) {
 
 TEST(UnreadableNames, TakesTwoDimensionalTypesForWhatTheyAre) {
     ScriptedPrompts prompts;
-    Project project = StartedProject(prompts);
+    Project project;
     AddGlassType2D(project, "Blind 2D");
     EXPECT_THAT(UnreadableNames(project), IsEmpty());
     AddGlassType2D(project, "Blind / 2D");
@@ -71,8 +70,8 @@ TEST(UnreadableNames, TakesTwoDimensionalTypesForWhatTheyAre) {
 
 TEST(UnreadableNames, LeavesOutRemovedConstructions) {
     ScriptedPrompts prompts;
-    Project project = StartedProject(prompts);
-    const int number = AddConstruction(project, prompts, {"A"});
+    Project project;
+    const int number = AddConstruction(project, {"A"});
     project.constructions[number].name = "it's";
     project.constructions[number].window.open = false;
     EXPECT_THAT(UnreadableNames(project), IsEmpty());
@@ -80,8 +79,8 @@ TEST(UnreadableNames, LeavesOutRemovedConstructions) {
 
 TEST(SaveCheck, AsksAboutNamesLastAndInTheSameForm) {
     ScriptedPrompts prompts;
-    Project project = StartedProject(prompts);
-    const int number = AddConstruction(project, prompts, {"A"});
+    Project project;
+    const int number = AddConstruction(project, {"A"});
     project.constructions[number].name = "it's";
     prompts.Answers(Answer::no);
     EXPECT_FALSE(CheckBeforeSave(project, prompts));

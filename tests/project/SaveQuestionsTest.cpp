@@ -1,6 +1,7 @@
-#include "files/SaveChecks.h"
+#include "project/SaveQuestions.h"
 
 #include "edit/ConstructionSlots.h"
+#include "files/SaveChecks.h"
 #include "support/TestProject.h"
 
 #include <gmock/gmock.h>
@@ -14,9 +15,9 @@ using testing::IsEmpty;
 
 class SaveChecks : public testing::Test {
 protected:
-    SaveChecks() : project(StartedProject(prompts)) {
+    SaveChecks() {
         for (const char* name : {"One", "Two", "Three"})
-            project.constructions[AddConstruction(project, prompts, {"A", "B"})].name = name;
+            project.constructions[AddConstruction(project, {"A", "B"})].name = name;
     }
 
     void MakeTransparent(int number, float absorption) {
@@ -93,12 +94,12 @@ TEST_F(SaveChecks, LeaveOutEmptySlotsAndRemovedConstructions) {
     project.constructions[1].layers.Edit(2).name.clear();
     project.constructions[1].layers.Edit(2).thickness = 0;
     project.constructions[2].layers.Edit(2).thickness = 0;
-    RemoveConstruction(project, 2, prompts);
+    RemoveConstruction(project, 2);
     EXPECT_THAT(ZeroThicknessConstructions(project), IsEmpty());
 }
 
 TEST_F(SaveChecks, FindAnEmptyConstructionNeither) {
-    MakeTransparent(AddConstruction(project, prompts, {"A"}), 0);
+    MakeTransparent(AddConstruction(project, {"A"}), 0);
     project.constructions[4].layers.ClearFrom(1);
     EXPECT_TRUE(CheckBeforeSave(project, prompts));
 }

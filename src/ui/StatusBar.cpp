@@ -1,0 +1,91 @@
+#include "ui/StatusBar.h"
+
+#include "ui/Text.h"
+
+#include <QApplication>
+#include <QFileInfo>
+#include <QLabel>
+#include <QProgressBar>
+
+#include <utility>
+
+namespace strativo {
+
+namespace {
+
+QString FileName(const std::string& path) {
+    return QFileInfo(PathText(path)).fileName();
+}
+
+} // namespace
+
+StatusBar::StatusBar(QWidget* parent) : QStatusBar(parent) {
+    ui.FileStatus = AddLabel("FileStatus", 0);
+    ui.ChangedStatus = AddLabel("ChangedStatus", 1);
+    ui.LibraryStatus = AddLabel("LibraryStatus", 0);
+    ui.Progress = new QProgressBar(this);
+    ui.Progress->setObjectName(QStringLiteral("Progress"));
+    ui.Progress->setAccessibleName(tr("Part of the file read"));
+    ui.Progress->setFixedSize(180, 16);
+    ui.Progress->setRange(0, 1000);
+    ui.Progress->hide();
+    addPermanentWidget(ui.Progress);
+}
+
+QLabel* StatusBar::AddLabel(const char* objectName, int stretch) {
+    auto* label = new QLabel(this);
+    label->setObjectName(QLatin1String(objectName));
+    label->setTextFormat(Qt::PlainText);
+    label->setMinimumWidth(1); // a long name is cut; it must not widen the main window
+    addWidget(label, stretch);
+    return label;
+}
+
+void StatusBar::ShowProject(const Project& project) {
+    const std::string& file = project.constructionFile;
+    ui.FileStatus->setText(file.empty() ? tr("Untitled") : FileName(file));
+    ui.FileStatus->setToolTip(PathText(file));
+    ui.ChangedStatus->setText(project.changed ? tr("* unsaved changes") : QString());
+    ShowLibraries(project);
+}
+
+void StatusBar::ShowLibraries(const Project& project) {
+    const QString libraries = tr("Standard library: %1   User library: %2");
+    const QString none = tr("none loaded");
+    const std::string& standard = project.standardLibraryFile;
+    const std::string& user = project.userLibraryFile;
+    ui.LibraryStatus->setText(libraries.arg(project.standardLoaded ? FileName(standard) : none,
+                                            project.userLoaded ? FileName(user) : none));
+    ui.LibraryStatus->setToolTip(libraries.arg(project.standardLoaded ? PathText(standard) : none,
+                                               project.userLoaded ? PathText(user) : none));
+}
+
+void StatusBar::EndProgress() {
+    if (std::exchange(busyPointer, false))
+        QApplication::restoreOverrideCursor();
+    reading.invalidate();
+    ui.Progress->hide();
+}
+
+void StatusBar::ShowProgress(std::size_t done, std::size_t total) {
+    constexpr qint64 untilPointer = 100; // ms
+    constexpr qint64 untilBar = 500;     // ms
+    if (done >= total) {
+        EndProgress();
+        return;
+    }
+    if (!reading.isValid())
+        reading.start();
+    if (reading.elapsed() >= untilPointer && !std::exchange(busyPointer, true))
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+    if (reading.elapsed() < untilBar)
+        return;
+    // Drawn at once and without looking at any event, so that nothing else can begin meanwhile.
+    ui.Progress->setValue(
+        static_cast<int>(1000.0 * static_cast<double>(done) / static_cast<double>(total)));
+    ui.Progress->show();
+    repaint();
+    ui.Progress->repaint();
+}
+
+} // namespace strativo

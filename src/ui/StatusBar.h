@@ -1,0 +1,43 @@
+#pragma once
+
+#include "model/Project.h"
+
+#include <QElapsedTimer>
+#include <QStatusBar>
+
+class QLabel;
+class QProgressBar;
+
+namespace strativo {
+
+/// The status bar of the main window: the file, whether it has unsaved changes, the libraries, and
+/// how far a long read has come.
+class StatusBar : public QStatusBar {
+    Q_OBJECT
+
+public:
+    explicit StatusBar(QWidget* parent);
+
+    void ShowProject(const Project& project);
+    /// Most files are read before anybody could see that something goes on: pointer and bar show
+    /// it only after a while, until done == total.
+    void ShowProgress(std::size_t done, std::size_t total);
+    void EndProgress();
+
+private:
+    QLabel* AddLabel(const char* objectName, int stretch);
+    void ShowLibraries(const Project& project);
+
+    struct Ui {
+        QLabel* FileStatus;
+        QLabel* ChangedStatus;
+        QLabel* LibraryStatus;
+        QProgressBar* Progress;
+    };
+
+    Ui ui{};
+    QElapsedTimer reading;    ///< runs while a file is read
+    bool busyPointer = false; ///< shown while that takes long
+};
+
+} // namespace strativo
