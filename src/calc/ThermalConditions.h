@@ -2,6 +2,8 @@
 
 #include "calc/SteadyState.h"
 
+#include <string_view>
+
 namespace strativo {
 
 /// What a file does not say about a construction, and its user chooses.
@@ -16,5 +18,8 @@ struct ThermalConditions {
         return {insideFilm.value_or(films.inside), outsideFilm.value_or(films.outside)};
     }
 };
+
+/// The number that the text is, as far as it lies within the limits; nothing for another text.
+std::optional<double> NumberWithin(std::string_view text, double lowest, double highest);
 
 } // namespace strativo

@@ -1,12 +1,9 @@
 #include "cli/ThermalOptions.h"
 
 #include "text/Format.h"
-#include "text/Numbers.h"
-#include "text/RuntimeError.h"
 #include "text/Windows1252.h"
 
 #include <array>
-#include <functional>
 
 namespace strativo {
 
@@ -47,15 +44,8 @@ std::vector<HeatFlow> FlowsOf(const std::string& text) {
     return flows;
 }
 
-/// The number that the option was given; nothing for any other text and out of its range.
 std::optional<double> NumberOf(const NumberOption& option, const std::string& text) {
-    try {
-        const auto number = WholeNumber(text);
-        return number && *number >= option.lowest && *number <= option.highest ? number
-                                                                               : std::nullopt;
-    } catch (const RuntimeError&) {
-        return std::nullopt;
-    }
+    return NumberWithin(text, option.lowest, option.highest);
 }
 
 } // namespace

@@ -13,6 +13,7 @@
 #include "ui/KeyRepeat.h"
 #include "ui/ProjectView.h"
 #include "ui/QtPrompts.h"
+#include "ui/SectionWindow.h"
 #include "ui/StatusBar.h"
 #include "ui/Text.h"
 #include "ui/UValue.h"
@@ -25,6 +26,7 @@
 #include <QDir>
 #include <QDragEnterEvent>
 #include <QFileInfo>
+#include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QUrl>
@@ -149,10 +151,7 @@ QWidget* UValueMDI::MakeContent(int id) {
         return glass;
     auto* window = new UValue(id, program);
     view->Follow(window);
-    connect(window, &UValue::ContextMenuWanted, this, [this](QPoint position) {
-        Editmenu_Click();
-        ui.Editmenu->popup(position);
-    });
+    connect(window, &UValue::ContextMenuWanted, this, &UValueMDI::ShowLayerMenu);
     return window;
 }
 
@@ -172,6 +171,8 @@ int UValueMDI::ActiveConstruction() const {
 
 void UValueMDI::ShowProject() {
     view->Update();
+    if (section != nullptr)
+        section->ShowConstruction();
 }
 
 void UValueMDI::ActiveChanged(int id) {
@@ -181,6 +182,8 @@ void UValueMDI::ActiveChanged(int id) {
         dialog->Form_Deactivate();
     if (InUse(project, id))
         ActivateConstruction(project, id);
+    if (section != nullptr)
+        section->ShowConstruction();
 }
 
 /// Constructions are closed only by the program's own command; an empty window may go.
@@ -210,6 +213,26 @@ void UValueMDI::OpenGlassTypes() {
         area->Open(glassId, glass->windowTitle(), {.remade = false});
     }
     area->Activate(glassId);
+}
+
+void UValueMDI::OpenSection() {
+    if (section == nullptr)
+        section = new SectionWindow(program, this);
+    section->Open();
+}
+
+/// The Edit menu's items, and what concerns the construction as a whole.
+void UValueMDI::ShowLayerMenu(QPoint position) {
+    if (layerMenu == nullptr) {
+        layerMenu = new QMenu(this);
+        layerMenu->setObjectName(QStringLiteral("LayerMenu"));
+        layerMenu->addActions(ui.Editmenu->actions());
+        layerMenu->addSeparator();
+        QAction* item = layerMenu->addAction(tr("Section\tF9"), this, [this] { OpenSection(); });
+        item->setObjectName(QStringLiteral("OpenSection"));
+    }
+    Editmenu_Click();
+    layerMenu->popup(position);
 }
 
 void UValueMDI::CloseActive() {

@@ -14,6 +14,7 @@ namespace strativo {
 class HelpViewer;
 class ProjectView;
 class QtPrompts;
+class SectionWindow;
 class StatusBar;
 class UValue;
 class UvalsDialog;
@@ -109,6 +110,8 @@ private:
     void ChildCloseRequested(int id);
     void CloseActive();
     void OpenGlassTypes();
+    void OpenSection();
+    void ShowLayerMenu(QPoint position);
     void PlaceDialog();
     void Perform(const std::function<void()>& action);
     void EndProgram();
@@ -124,6 +127,8 @@ private:
     std::unique_ptr<ProjectView> view;
     WinForm* glass = nullptr; ///< belongs to its frame in the window area
     std::unique_ptr<HelpViewer> help;
+    SectionWindow* section = nullptr; ///< made on first use
+    QMenu* layerMenu = nullptr;       ///< likewise
     Ui ui{};
     bool workKept = false; ///< a recovery copy was made, and the program went on
     int performing = 0;

@@ -150,6 +150,7 @@ void UValueMDI::BuildShortcuts() {
     addKey(Qt::CTRL | Qt::Key_F4, [this] { CloseActive(); });
     addKey(Qt::NoModifier | Qt::Key_F10,
            [this] { menuBar()->setActiveAction(menuBar()->actions().front()); });
+    addKey(Qt::NoModifier | Qt::Key_F9, [this] { OpenSection(); });
     new AccessKeys([this] { return area->Content(area->Active()); }, *menuBar(), this);
 }
 

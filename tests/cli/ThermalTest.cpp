@@ -60,6 +60,15 @@ TEST_F(ThermalCommand, ShowsAWallOfTheExampleHouseInColumns) {
                    "\nConstruction 2  "));
 }
 
+TEST_F(ThermalCommand, PrintsTheWorkedWallOfTheManual) {
+    const std::string page = SourceFile("docs/manual/thermal.html");
+    const std::string start = "<pre id=\"worked\">";
+    const std::size_t from = page.find(start) + start.size();
+    const std::string worked = page.substr(from, page.find("</pre>", from) - from);
+    ASSERT_GT(worked.size(), 500U);
+    EXPECT_THAT(RunHouse({}).out, StartsWith(worked + "\n"));
+}
+
 TEST_F(ThermalCommand, SaysOnceThatCavityResistancesAreFixed) {
     const std::string note = "\n\nCavities have the fixed resistances of the program, not those of "
                              "ISO 6946 for width, direction and ventilation; for another value use "

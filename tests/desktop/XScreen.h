@@ -24,6 +24,7 @@ enum class Key : unsigned long {
     end = 0xff57,
     insert = 0xff63,
     f4 = 0xffc1,
+    f9 = 0xffc6,
     f10 = 0xffc7,
     shift = 0xffe1,
     ctrl = 0xffe3,

@@ -213,12 +213,20 @@ TEST_F(LayerSelection, TheContextMenuIsAboutTheLineUnderThePointer) {
     EXPECT_EQ(MarksShown(1).size(), 2U) << "marked lines stay marked";
 }
 
-TEST_F(LayerSelection, TheContextMenuHasTheItemsOfTheEditMenu) {
+TEST_F(LayerSelection, TheContextMenuHasTheItemsOfTheEditMenuAndTheSection) {
     StartWithFiveLayers();
     emit List(1)->customContextMenuRequested(QPoint(5, 5));
-    EXPECT_TRUE(Menu("Editmenu")->isVisible());
+    auto* menu = program->findChild<QMenu*>(QStringLiteral("LayerMenu"));
+    ASSERT_NE(menu, nullptr);
+    EXPECT_TRUE(menu->isVisible());
+    const QList<QAction*> items = menu->actions();
+    const QList<QAction*> edit = Menu("Editmenu")->actions();
+    ASSERT_EQ(items.size(), edit.size() + 2);
+    for (int item = 0; item < edit.size(); ++item)
+        EXPECT_EQ(items[item], edit[item]);
+    EXPECT_EQ(items.last()->text(), QStringLiteral("Section\tF9"));
     EXPECT_TRUE(IsEnabled("Edit_delete"));
-    Menu("Editmenu")->close();
+    menu->close();
 }
 
 TEST_F(LayerSelection, DeleteRemovesTheMarkedLinesOnRelease) {

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "port/Prompts.h"
+
+#include <string>
+
+namespace strativo {
+
+/// Asks for a file and writes the SVG text there; a failure becomes a message. False when nothing
+/// was written.
+bool SaveDrawing(const std::string& svg, Prompts& prompts);
+
+} // namespace strativo

@@ -1,0 +1,33 @@
+#include "ui/Printing.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <QLibrary>
+
+namespace strativo {
+
+namespace {
+
+/// Beside the program where it was built, else where it is installed.
+QString ModulePath() {
+    const QString name = QLatin1String(printModule) + QStringLiteral(".so");
+    const QString folder = QCoreApplication::applicationDirPath() + QLatin1Char('/');
+    if (QFileInfo::exists(folder + name))
+        return folder + name;
+    return folder + QStringLiteral(STRATIVO_MODULES "/") + name;
+}
+
+} // namespace
+
+QString PrintPage(QWidget* parent, const QString& title, const PagePainter& paint,
+                  const QString& pdfFile) {
+    QLibrary module(ModulePath());
+    const auto print = reinterpret_cast<PrintFunction>(module.resolve(printFunction));
+    if (print == nullptr)
+        return module.errorString();
+    const bool printed = print(parent, title, pdfFile, paint);
+    return printed || pdfFile.isEmpty() ? QString()
+                                        : QCoreApplication::translate("Printing", "not written");
+}
+
+} // namespace strativo

@@ -1,0 +1,72 @@
+#pragma once
+
+#include "calc/ThermalConditions.h"
+#include "ui/Program.h"
+
+#include <QWidget>
+
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QPainter;
+class QPlainTextEdit;
+class QPushButton;
+
+namespace strativo {
+
+class DrawingView;
+
+/// The window that shows what the current construction does to heat: its section to scale with the
+/// temperature through it, and the figures below. A window beside the main one, which stays the
+/// one that works on the project.
+class SectionWindow : public QWidget {
+    Q_OBJECT
+
+public:
+    SectionWindow(Program& owner, QWidget* mainWindow);
+
+    /// Brings the window to the front.
+    void Open();
+    /// Shows the current construction as it is stored by now, if the window is open.
+    void ShowConstruction();
+    /// Prints heading, drawing and figures; into a PDF file where one is named.
+    void Print(const QString& pdfFile = {});
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    struct Ui {
+        QComboBox* Flow;
+        QComboBox* FirstLayer;
+        QLineEdit* Inside;
+        QLineEdit* Outside;
+        QLineEdit* Rsi;
+        QLineEdit* Rse;
+        QPushButton* Print;
+        QPushButton* Save;
+        QLabel* Heading;
+        DrawingView* Section;
+        QPlainTextEdit* Figures;
+        QLabel* Note;
+    };
+
+    void BuildConditions();
+    void BuildViews();
+    void LayOut();
+    void ConnectSignals();
+    QLineEdit* AddNumber(const char* objectName, const QString& name);
+    QSize FirstSize() const;
+
+    HeatFlow Flow() const;
+    void ReadConditions();
+    void ShowNothing();
+    void Save();
+    void PaintPage(QPainter& painter, const QRectF& page) const;
+
+    Program& program;
+    ThermalConditions conditions;
+    Ui ui{};
+};
+
+} // namespace strativo

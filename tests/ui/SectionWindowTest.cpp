@@ -1,0 +1,199 @@
+#include "ui/SectionWindow.h"
+
+#include "MainWindowTest.h"
+#include "ui/DrawingView.h"
+#include "ui/WindowArea.h"
+
+#include <QComboBox>
+#include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+
+namespace strativo {
+namespace {
+
+using testing::HasSubstr;
+using testing::Not;
+
+class Section : public MainWindowTest {
+protected:
+    /// One construction with a layer of brick, and its section.
+    void Open() {
+        Start();
+        Choose("NewUValue");
+        Insert("FACE BRICK");
+        Press(Qt::Key_F9);
+        ASSERT_NE(Shown(), nullptr);
+        ASSERT_TRUE(Shown()->isVisible());
+    }
+    void SetThickness(int slot, double thickness) {
+        TheProject().constructions[1].layers.Edit(slot).thickness = thickness;
+    }
+    SectionWindow* Shown() const {
+        return program->findChild<SectionWindow*>(QStringLiteral("SectionWindow"));
+    }
+    template <class Control>
+    Control* In(const char* name) const {
+        return Shown()->findChild<Control*>(QLatin1String(name));
+    }
+    std::string Figures() const {
+        return In<QPlainTextEdit>("Figures")->toPlainText().toStdString();
+    }
+    std::string Heading() const { return In<QLabel>("Heading")->text().toStdString(); }
+    bool Draws(const std::string& text) const {
+        for (const DrawnShape& shape : In<DrawingView>("Section")->Shown().shapes)
+            if (const auto* drawn = std::get_if<DrawnText>(&shape); drawn && drawn->utf8 == text)
+                return true;
+        return false;
+    }
+    void EnterIn(const char* field, const char* text) const {
+        In<QLineEdit>(field)->setText(QLatin1String(text));
+    }
+};
+
+TEST_F(Section, IsAWindowOfItsOwnThatLeavesTheMainWindowAsItIs) {
+    Start();
+    Choose("NewUValue");
+    Insert("FACE BRICK");
+    const int current = TheProject().currentConstruction;
+    const int active = Area().Active();
+    const bool cut = IsEnabled("Edit_Cut");
+    const bool save = IsEnabled("SaveProject");
+    Press(Qt::Key_F9);
+    ASSERT_NE(Shown(), nullptr);
+    EXPECT_TRUE(Shown()->isWindow());
+    EXPECT_EQ(Shown()->parentWidget(), program.get());
+    EXPECT_FALSE(Shown()->isModal());
+    EXPECT_EQ(TheProject().currentConstruction, current);
+    EXPECT_EQ(Area().Active(), active);
+    EXPECT_EQ(IsEnabled("Edit_Cut"), cut);
+    EXPECT_EQ(IsEnabled("SaveProject"), save);
+}
+
+TEST_F(Section, ShowsTheCurrentConstructionAndItsFigures) {
+    Open();
+    EXPECT_THAT(Heading(), HasSubstr("Construction 1"));
+    EXPECT_THAT(Heading(), HasSubstr("(Opaque)"));
+    SetThickness(1, 105);
+    Shown()->ShowConstruction();
+    EXPECT_THAT(Figures(), HasSubstr("    1 FACE BRICK                       105.0  0.125"));
+    EXPECT_THAT(In<QLabel>("Note")->text().toStdString(),
+                HasSubstr("Cavities have the fixed resistances"));
+    EXPECT_TRUE(Draws("Inside air 20.0 °C"));
+}
+
+TEST_F(Section, FollowsEveryEditAtOnce) {
+    Open();
+    SetThickness(1, 105);
+    TakeKeyboard(*program);
+    Insert("PLASTER");
+    EXPECT_THAT(Figures(), HasSubstr("not available: layer 1: zero thickness"));
+    auto* thickness = Find<QLineEdit>(1, "EditThick");
+    thickness->setFocus();
+    thickness->selectAll();
+    Type("215");
+    QTest::keyClick(thickness, Qt::Key_Return);
+    EXPECT_THAT(Figures(), HasSubstr("    1 PLASTER                          215.0"));
+    Choose("NewUValue");
+    EXPECT_THAT(Heading(), HasSubstr("Construction 2"));
+    EXPECT_THAT(Figures(), HasSubstr("not available: no layers"));
+    Area().Activate(1);
+    EXPECT_THAT(Heading(), HasSubstr("Construction 1"));
+}
+
+TEST_F(Section, OfATransparentConstructionSaysWhyItHasNoFigures) {
+    Open();
+    Find<QComboBox>(1, "TypeCombo")->setFocus();
+    auto* type = Find<QComboBox>(1, "TypeCombo");
+    QTest::keyClick(type, Qt::Key_Down);
+    ASSERT_EQ(TheProject().constructions[1].type, transparentType);
+    EXPECT_THAT(Figures(), HasSubstr("not available: transparent construction"));
+    EXPECT_TRUE(Draws("Not available: transparent construction"));
+    EXPECT_TRUE(In<QPushButton>("Print")->isEnabled());
+}
+
+TEST_F(Section, TakesFlowFilmsTemperaturesAndSide) {
+    Open();
+    SetThickness(1, 105);
+    In<QComboBox>("Flow")->setCurrentIndex(2);
+    EXPECT_THAT(Figures(), HasSubstr("Downward, inside 20.0, outside 0.0"));
+    EXPECT_EQ(In<QLineEdit>("Rsi")->placeholderText(), QStringLiteral("0.17"));
+    EnterIn("Outside", "-5");
+    EnterIn("Inside", "22.5");
+    EnterIn("Rsi", "0.25");
+    EXPECT_THAT(Figures(), HasSubstr("Downward, inside 22.5, outside -5.0"));
+    EXPECT_THAT(Figures(), HasSubstr("horizontal    0.25   0.04"));
+    EnterIn("Rsi", "");
+    EXPECT_THAT(Figures(), HasSubstr("horizontal    0.13   0.04"));
+    EnterIn("Outside", "cold");
+    EXPECT_THAT(Figures(), HasSubstr("outside -5.0")) << "what is no number changes nothing";
+    EnterIn("Outside", "");
+    EXPECT_THAT(Figures(), HasSubstr("outside 0.0"));
+    TakeKeyboard(*program);
+    Insert("PLASTER");
+    SetThickness(1, 13);
+    In<QComboBox>("FirstLayer")->setCurrentIndex(1);
+    const std::string figures = Figures();
+    EXPECT_LT(figures.find("    2 "), figures.find("    1 "));
+}
+
+TEST_F(Section, WithoutAConstructionIsEmpty) {
+    Start();
+    Press(Qt::Key_F9);
+    ASSERT_NE(Shown(), nullptr);
+    EXPECT_EQ(Heading(), "No construction");
+    EXPECT_EQ(Figures(), "");
+    EXPECT_FALSE(In<QPushButton>("Print")->isEnabled());
+    EXPECT_FALSE(In<QPushButton>("Save")->isEnabled());
+}
+
+TEST_F(Section, SavesItsDrawingAsSvg) {
+    Open();
+    ChooseFile((folder.Path() / "wall.svg").string());
+    QTest::mouseClick(In<QPushButton>("Save"), Qt::LeftButton);
+    const std::string svg = folder.Read("wall.svg");
+    EXPECT_THAT(svg, HasSubstr("<svg xmlns=\"http://www.w3.org/2000/svg\""));
+    EXPECT_THAT(svg, HasSubstr("</svg>"));
+}
+
+TEST_F(Section, PrintsAPage) {
+    Open();
+    SetThickness(1, 105);
+    Shown()->ShowConstruction();
+    const QString file = QString::fromStdString((folder.Path() / "wall.pdf").string());
+    Shown()->Print(file);
+    EXPECT_THAT(folder.Read("wall.pdf"), testing::StartsWith("%PDF-"));
+    EXPECT_THAT(boxes, testing::IsEmpty());
+}
+
+TEST_F(Section, SaysWhyItCannotBePrinted) {
+    Open();
+    Answer("OK");
+    Shown()->Print(QString::fromStdString((folder.Path() / "missing/wall.pdf").string()));
+    EXPECT_THAT(LastBox().text, HasSubstr("The section cannot be printed"));
+}
+
+TEST_F(Section, IsClosedByEscapeAndOpensAgainWithItsConditions) {
+    Open();
+    SetThickness(1, 105);
+    EnterIn("Inside", "18");
+    QTest::keyClick(Shown(), Qt::Key_Escape);
+    EXPECT_FALSE(Shown()->isVisible());
+    TakeKeyboard(*program);
+    Press(Qt::Key_F9);
+    EXPECT_TRUE(Shown()->isVisible());
+    EXPECT_THAT(Figures(), HasSubstr("inside 18.0"));
+}
+
+TEST_F(Section, NamesItsControlsForThoseWhoCannotSeeThem) {
+    Open();
+    for (const char* name :
+         {"Flow", "FirstLayer", "Inside", "Outside", "Rsi", "Rse", "Section", "Figures"})
+        EXPECT_FALSE(In<QWidget>(name)->accessibleName().isEmpty()) << name;
+    EXPECT_FALSE(In<QWidget>("Section")->accessibleDescription().isEmpty());
+}
+
+} // namespace
+} // namespace strativo
