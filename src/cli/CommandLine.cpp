@@ -5,7 +5,9 @@
 #include "cli/ExitStatus.h"
 #include "cli/TextOutput.h"
 #include "cli/ThermalOptions.h"
+#include "files/FileAccess.h"
 #include "files/Finding.h"
+#include "text/RuntimeError.h"
 
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
@@ -134,6 +136,15 @@ void CheckOperands(const Invocation& call, const Command& command) {
             throw WrongUsage("a file name is empty", &command);
 }
 
+/// What is written by -o is another kind of file than what is read.
+void CheckOutput(const Invocation& call, const Command& command) {
+    std::vector<std::string> inputs = call.operands;
+    inputs.insert(inputs.end(), {call.standardLibrary, call.userLibrary});
+    for (const std::string& input : inputs)
+        if (IsSameFile(call.output, input))
+            throw WrongUsage(PathToUtf8(call.output) + outputIsInput, &command);
+}
+
 int Dispatch(int argc, const char* const* argv, std::ostream& out, std::ostream& err) {
     Arguments arguments = Parse(argc, argv);
     Invocation& call = arguments.call;
@@ -150,6 +161,7 @@ int Dispatch(int argc, const char* const* argv, std::ostream& out, std::ostream&
         throw WrongUsage("no command given", nullptr);
     CheckOptions(arguments, *command);
     CheckOperands(call, *command);
+    CheckOutput(call, *command);
     return command->run(call, out, err);
 }
 
@@ -164,7 +176,7 @@ int RunCommandLine(int argc, const char* const* argv, std::ostream& out, std::os
         err << UsageLine(error.command) << '\n';
         return exitWrongUsage;
     } catch (const std::exception& error) {
-        PrintError(err, error.what());
+        PrintError(err, FailureText(error));
         status = exitFailure;
     }
     if (!out.flush()) {

@@ -5,6 +5,7 @@
 #include "cli/TextOutput.h"
 #include "cli/ThermalOptions.h"
 #include "files/FileAccess.h"
+#include "files/FileMessages.h"
 
 #include <cstdlib>
 #include <ctime>
@@ -62,17 +63,23 @@ int WriteReport(const Invocation& call, std::ostream& out, std::ostream& err) {
         WriteHtmlReport(out, session.project, details);
         return session.Status();
     }
+    if (session.HasLibrary(call.output)) {
+        PrintError(err, PathToUtf8(call.output) + outputIsInput);
+        return exitWrongUsage;
+    }
     std::ostringstream page;
     WriteHtmlReport(page, session.project, details);
     try {
         FileStamp stamp;
-        ReplaceFile(
+        const std::string notSafe = ReplaceFile(
             call.output, [&](const ByteSink& sink) { sink(page.str()); }, stamp);
+        if (!notSafe.empty())
+            PrintError(err, PathToUtf8(call.output) + ": " + savedButNotSafe + notSafe);
+        return session.Status();
     } catch (const WriteError& error) {
         PrintError(err, PathToUtf8(call.output) + ": " + error.what());
-        return exitFailure;
     }
-    return session.Status();
+    return exitFailure;
 }
 
 } // namespace strativo

@@ -1,9 +1,11 @@
 #include "cli/Session.h"
 
 #include "cli/ExitStatus.h"
+#include "files/FileAccess.h"
 #include "project/NewProject.h"
 #include "project/ReadConstructionFile.h"
 #include "project/Settings.h"
+#include "text/RuntimeError.h"
 
 #include <exception>
 
@@ -31,7 +33,7 @@ bool Session::Run(const std::function<bool()>& action) {
         ran = false;
         prompts.NoteEnd();
     } catch (const std::exception& error) {
-        prompts.Report(error.what());
+        prompts.Report(FailureText(error));
     }
     failed = failed || !ran;
     return ran;
@@ -43,6 +45,15 @@ void Session::Read() {
         fileRead = result == FileReading::whole || result == FileReading::withoutLibrary;
         return result == FileReading::whole;
     });
+}
+
+bool Session::HasLibrary(const std::string& path) const {
+    const std::string folder = FolderOf(project.constructionFile);
+    const auto isAt = [&](const std::string& name) {
+        return IsSameFile(path, FindFile(name, folder));
+    };
+    return (project.standardLoaded && isAt(project.standardLibraryFile))
+           || (project.userLoaded && isAt(project.userLibraryFile));
 }
 
 int Session::Status() const {

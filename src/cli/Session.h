@@ -28,6 +28,8 @@ public:
     bool FileRead() const { return fileRead; }
     /// An action did not go well.
     bool Failed() const { return failed; }
+    /// Whether the path leads to a library that the file names.
+    bool HasLibrary(const std::string& path) const;
     /// 0, or 3 when an action did not go well.
     int Status() const;
 

@@ -11,6 +11,9 @@ namespace strativo {
 
 inline constexpr char programName[] = "strativo-cli";
 
+/// What is wrong with an output file, after its name.
+inline constexpr char outputIsInput[] = " is one of the files that are read";
+
 /// The message's text or title as UTF-8, its line breaks kept.
 std::string MessageText(const Message& message);
 std::string MessageTitle(const Message& message);

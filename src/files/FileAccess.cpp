@@ -1,7 +1,9 @@
 #include "files/FileAccess.h"
 
 #include <cerrno>
+#include <cstring>
 #include <fcntl.h>
+#include <new>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -37,6 +39,8 @@ private:
     int descriptor;
 };
 
+constexpr off_t maxFileSize = off_t{1} << 30;
+
 /// The size of a regular file; anything else (a folder, a FIFO, a device) is error 75.
 std::size_t RegularFileSize(int descriptor) {
     struct stat status {};
@@ -44,6 +48,8 @@ std::size_t RegularFileSize(int descriptor) {
         throw RuntimeError(ErrorNumber::deviceIo);
     if (!S_ISREG(status.st_mode))
         throw RuntimeError(ErrorNumber::pathFileAccess);
+    if (status.st_size > maxFileSize)
+        throw RuntimeError(ErrorNumber::outOfMemory);
     return static_cast<std::size_t>(status.st_size);
 }
 
@@ -63,6 +69,8 @@ std::string ReadToEnd(int descriptor, std::size_t expectedSize) {
         if (count == 0)
             break;
         length += static_cast<std::size_t>(count);
+        if (length > maxFileSize)
+            throw RuntimeError(ErrorNumber::outOfMemory);
     }
     bytes.resize(length);
     return bytes;
@@ -98,7 +106,7 @@ ErrorNumber ErrorNumberOf(int systemError) {
     }
 }
 
-std::string ReadFileBytes(const std::string& path) {
+std::string ReadFileBytes(const std::string& path) try {
     constexpr int attempts = 3;
     for (int attempt = 1; attempt <= attempts; ++attempt) {
         const OpenFile file(path);
@@ -109,11 +117,23 @@ std::string ReadFileBytes(const std::string& path) {
             return bytes;
     }
     throw RuntimeError(ErrorNumber::deviceIo);
+} catch (const std::bad_alloc&) {
+    throw RuntimeError(ErrorNumber::outOfMemory);
+}
+
+void CheckCall(bool wentWell) {
+    if (!wentWell)
+        throw WriteError(std::strerror(errno));
 }
 
 FileStamp StampOf(const std::string& path) {
     struct stat status {};
     return stat(path.c_str(), &status) == 0 ? MakeStamp(status) : FileStamp();
+}
+
+bool IsSameFile(const std::string& path, const std::string& other) {
+    const FileStamp stamp = StampOf(path);
+    return stamp != FileStamp() && stamp == StampOf(other);
 }
 
 FileStamp MakeStamp(const struct stat& status) {

@@ -23,6 +23,10 @@ extern const FileMessages userLibraryMessages;
 extern const FileMessages constructionFileMessages;
 extern const FileMessages glassImportMessages;
 
+/// Goes before the operating system's message.
+inline constexpr char savedButNotSafe[] =
+    "The file was saved, but is not yet safe against a loss of power: ";
+
 inline constexpr char incorrectFormat[] = "Construction file is incorrect format";
 
 } // namespace strativo

@@ -1,9 +1,12 @@
 #include "files/FileAccess.h"
+#include "files/FileRights.h"
 
 #include <array>
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
+#include <ctime>
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -12,13 +15,35 @@ namespace strativo {
 
 namespace {
 
-[[noreturn]] void ThrowSystemError() {
-    throw WriteError(std::strerror(errno));
+constexpr char temporaryName[] = ".strativo-";
+constexpr char randomPart[] = "XXXXXX"; // as the system's call wants it
+
+/// Whether anybody may make files in the folder, but only the owner of each may remove it.
+bool IsOpenToAll(const struct stat& folder) {
+    return (folder.st_mode & S_ISVTX) != 0 && (folder.st_mode & S_IWOTH) != 0;
 }
 
-void Check(bool ok) {
-    if (!ok)
-        ThrowSystemError();
+std::string FolderToLookAt(const std::string& path) {
+    const std::string folder = FolderOf(path);
+    return folder.empty() ? "." : folder;
+}
+
+/// A link of another user in a folder open to all may lead anywhere, and be there for just that.
+void RefuseForeignLinks(const std::string& path) {
+    auto end = std::string::size_type{0};
+    while (end != std::string::npos) {
+        end = path.find('/', end + 1);
+        const std::string part = path.substr(0, end);
+        struct stat link {};
+        const bool exists = lstat(part.c_str(), &link) == 0;
+        CheckCall(exists || errno == ENOENT);
+        if (!exists || !S_ISLNK(link.st_mode) || link.st_uid == geteuid())
+            continue;
+        struct stat folder {};
+        CheckCall(stat(FolderToLookAt(part).c_str(), &folder) == 0);
+        if (IsOpenToAll(folder))
+            throw WriteError("Another user's link in a folder open to all leads there");
+    }
 }
 
 /// The file behind any symbolic links, whether it exists or not.
@@ -26,10 +51,11 @@ std::string FollowLinks(std::string path) {
     constexpr int maxLinks = 40;
     std::array<char, 4096> target{};
     for (int links = 0; links < maxLinks; ++links) {
+        RefuseForeignLinks(path);
         const ssize_t length = readlink(path.c_str(), target.data(), target.size());
         if (length < 0) {
             // Not a link, or nothing there yet; after any other failure it may be a link.
-            Check(errno == EINVAL || errno == ENOENT);
+            CheckCall(errno == EINVAL || errno == ENOENT);
             return path;
         }
         std::string next(target.data(), static_cast<std::size_t>(length));
@@ -37,8 +63,7 @@ std::string FollowLinks(std::string path) {
             next.insert(0, path, 0, path.rfind('/') + 1); // it counts from the link's folder
         path = next;
     }
-    errno = ELOOP;
-    ThrowSystemError();
+    throw WriteError(std::strerror(ELOOP));
 }
 
 /// Permissions for the new file: those of the old one, or none where there is no old one.
@@ -51,7 +76,7 @@ OldFile CheckOldFile(const std::string& path) {
     OldFile old;
     old.exists = stat(path.c_str(), &old.status) == 0;
     if (!old.exists) {
-        Check(errno == ENOENT);
+        CheckCall(errno == ENOENT);
         return old;
     }
     if (S_ISDIR(old.status.st_mode))
@@ -60,7 +85,7 @@ OldFile CheckOldFile(const std::string& path) {
         throw WriteError("It is not a regular file");
     if ((old.status.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0)
         throw WriteError("The file is read-only");
-    Check(faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0);
+    CheckCall(faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0);
     if (old.status.st_nlink > 1)
         throw WriteError(
             "The file has further hard links, which would go on naming the old content");
@@ -70,9 +95,10 @@ OldFile CheckOldFile(const std::string& path) {
 /// A new file beside the old one; removed again unless it took the old one's place.
 class TemporaryFile {
 public:
-    explicit TemporaryFile(const std::string& folder) : path(folder + "/.strativo-XXXXXX") {
+    explicit TemporaryFile(const std::string& folder)
+        : path(folder + "/" + temporaryName + randomPart) {
         descriptor = mkostemp(path.data(), O_CLOEXEC);
-        Check(descriptor >= 0);
+        CheckCall(descriptor >= 0);
     }
     ~TemporaryFile() {
         if (descriptor >= 0)
@@ -90,35 +116,26 @@ public:
                 continue;
             if (count == 0)
                 errno = EIO; // a device that takes nothing would be asked for ever
-            Check(count > 0);
+            CheckCall(count > 0);
             bytes.remove_prefix(static_cast<std::size_t>(count));
         }
     }
 
-    void TakePermissions(const OldFile& old) {
-        constexpr mode_t permissionBits = 0777;
-        constexpr uid_t anyOwner = static_cast<uid_t>(-1);
-        if (!old.exists) {
-            const mode_t mask = umask(0);
-            umask(mask);
-            Check(fchmod(descriptor, 0666 & ~mask) == 0);
-            return;
-        }
-        // Only a privileged user can keep the owner; the group stays wherever that is allowed.
-        const bool groupKept = fchown(descriptor, old.status.st_uid, old.status.st_gid) == 0
-                               || fchown(descriptor, anyOwner, old.status.st_gid) == 0;
-        const mode_t mode = old.status.st_mode & permissionBits;
-        Check(fchmod(descriptor, groupKept ? mode : mode & ~S_IRWXG) == 0);
+    void TakeRights(const OldFile& old, const std::string& target, const std::string& folder) {
+        if (!old.exists)
+            return GiveUsualRights(folder, descriptor);
+        CarryAttributes(target, path);
+        CarryRights(target, old.status, descriptor);
     }
 
     void Replace(const std::string& target, FileStamp& stamp) {
         struct stat status {};
-        Check(fstat(descriptor, &status) == 0);
-        Check(fsync(descriptor) == 0);
+        CheckCall(fstat(descriptor, &status) == 0);
+        CheckCall(fsync(descriptor) == 0);
         const int closing = descriptor;
         descriptor = -1;
-        Check(close(closing) == 0);
-        Check(rename(path.c_str(), target.c_str()) == 0);
+        CheckCall(close(closing) == 0);
+        CheckCall(rename(path.c_str(), target.c_str()) == 0);
         path.clear();
         stamp = MakeStamp(status);
     }
@@ -128,34 +145,57 @@ private:
     int descriptor = -1;
 };
 
-/// Brings the folder's new entry to the disk. A folder that may be written to but not read, and a
-/// file system without such a call, cannot be asked for it; any other failure is one of saving,
-/// since the old entry may come back after a loss of power.
-void SyncFolder(const std::string& folder) {
-    const int descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (descriptor < 0 && errno == EACCES)
+/// The old name may come back after a loss of power until the folder is on the disk. A folder that
+/// may be written to but not read, and a file system without such a call, cannot be asked for it.
+/// Otherwise the system's message where it failed, "" where it did not.
+std::string SyncFolder(int folder) {
+    return fsync(folder) == 0 || errno == EINVAL ? "" : std::strerror(errno);
+}
+
+bool IsLeftover(int folder, const char* name) {
+    constexpr time_t day = 24 * 60 * 60; // s
+    struct stat status {};
+    return std::string_view(name).starts_with(temporaryName)
+           && std::strlen(name) == std::strlen(temporaryName) + std::strlen(randomPart)
+           && fstatat(folder, name, &status, AT_SYMLINK_NOFOLLOW) == 0 && S_ISREG(status.st_mode)
+           && status.st_uid == geteuid() && std::time(nullptr) - status.st_mtime > day;
+}
+
+/// Removes what saves of the same user that were killed left here more than a day ago. Takes the
+/// descriptor over.
+void RemoveLeftovers(int folder) {
+    DIR* entries = fdopendir(folder);
+    if (entries == nullptr) {
+        close(folder);
         return;
-    Check(descriptor >= 0);
-    const bool synced = fsync(descriptor) == 0 || errno == EINVAL;
-    const int systemError = errno;
-    close(descriptor);
-    errno = systemError;
-    Check(synced);
+    }
+    while (const dirent* entry = readdir(entries))
+        if (IsLeftover(folder, entry->d_name))
+            unlinkat(folder, entry->d_name, 0);
+    closedir(entries);
+}
+
+/// Brings the folder's new entry to the disk, and puts the folder in order.
+std::string FinishFolder(const std::string& path) {
+    const int folder = open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (folder < 0)
+        return errno == EACCES ? "" : std::strerror(errno);
+    std::string failure = SyncFolder(folder);
+    RemoveLeftovers(folder);
+    return failure;
 }
 
 } // namespace
 
-void ReplaceFile(const std::string& path, const ByteSource& source, FileStamp& stamp) {
+std::string ReplaceFile(const std::string& path, const ByteSource& source, FileStamp& stamp) {
     const std::string target = FollowLinks(path);
     const OldFile old = CheckOldFile(target);
-    std::string folder = FolderOf(target);
-    if (folder.empty())
-        folder = ".";
+    const std::string folder = FolderToLookAt(target);
     TemporaryFile file(folder);
     source([&](std::string_view piece) { file.Write(piece); });
-    file.TakePermissions(old);
+    file.TakeRights(old, target, folder);
     file.Replace(target, stamp);
-    SyncFolder(folder);
+    return FinishFolder(folder);
 }
 
 void ReplacePrivateFile(const std::string& path, std::string_view bytes) {
@@ -164,7 +204,9 @@ void ReplacePrivateFile(const std::string& path, std::string_view bytes) {
     file.Write(bytes);
     FileStamp stamp;
     file.Replace(path, stamp);
-    SyncFolder(folder);
+    const std::string failure = FinishFolder(folder);
+    if (!failure.empty())
+        throw WriteError(failure);
 }
 
 } // namespace strativo

@@ -5,6 +5,7 @@
 #include "files/ConstructionPrompts.h"
 #include "files/ConstructionWriter.h"
 #include "files/FileAccess.h"
+#include "files/FileMessages.h"
 #include "project/NewProject.h"
 #include "project/ReadConstructionFile.h"
 #include "project/SaveQuestions.h"
@@ -14,8 +15,8 @@ namespace strativo {
 
 namespace {
 
-Message WriteFailure(const std::string& path, const WriteError& error) {
-    Message message{PathToUtf8(path) + "\nThe file was not saved: " + error.what(), ""};
+Message AboutFile(const std::string& path, const std::string& text) {
+    Message message{PathToUtf8(path) + "\n" + text, ""};
     message.encoding = Encoding::utf8;
     return message;
 }
@@ -41,13 +42,16 @@ bool WriteNamedFile(Project& project, Prompts& prompts) {
         return false;
     try {
         const auto write = [&](const ByteSink& sink) { WriteConstructionText(project, sink); };
-        ReplaceFile(project.constructionFile, write, project.stamp);
+        const std::string notSafe = ReplaceFile(project.constructionFile, write, project.stamp);
         project.stampedFile = project.constructionFile;
         project.changed = false;
         ++project.contentsSaved;
+        if (!notSafe.empty())
+            prompts.ShowMessage(AboutFile(project.constructionFile, savedButNotSafe + notSafe));
         return true;
     } catch (const WriteError& error) {
-        prompts.ShowMessage(WriteFailure(project.constructionFile, error));
+        prompts.ShowMessage(AboutFile(project.constructionFile,
+                                      std::string("The file was not saved: ") + error.what()));
         return false;
     }
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <new>
 #include <stdexcept>
 #include <string>
 
@@ -9,6 +10,7 @@ namespace strativo {
 enum class ErrorNumber {
     invalidArgument = 5,
     overflow = 6,
+    outOfMemory = 7,
     subscriptOutOfRange = 9,
     fileNotFound = 53,
     deviceIo = 57,
@@ -32,5 +34,12 @@ public:
 private:
     ErrorNumber number;
 };
+
+/// What people are told of a failure that has no message of its own.
+inline std::string FailureText(const std::exception& error) {
+    const bool noMemory = dynamic_cast<const std::bad_alloc*>(&error) != nullptr
+                          || dynamic_cast<const std::length_error*>(&error) != nullptr;
+    return noMemory ? "There is not enough memory for that" : error.what();
+}
 
 } // namespace strativo

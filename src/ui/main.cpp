@@ -1,11 +1,14 @@
+#include "files/Process.h"
 #include "project/Recovery.h"
 #include "ui/CrashGuard.h"
 #include "ui/STRATVMD.h"
+#include "ui/StartMessages.h"
 
 #include <QApplication>
 #include <QIcon>
 #include <QSocketNotifier>
 
+#include <memory>
 #include <string>
 
 namespace {
@@ -22,7 +25,10 @@ std::string CommandLine(int argc, char** argv) {
 } // namespace
 
 int main(int argc, char** argv) {
+    strativo::PrepareProcess();
+    auto startMessages = std::make_unique<strativo::StartMessages>();
     QApplication application(argc, argv);
+    startMessages.reset();
     Q_INIT_RESOURCE(strativo); // lies in a library, which would otherwise be linked without it
     QApplication::setApplicationName(QStringLiteral("strativo"));
     QApplication::setDesktopFileName(QStringLiteral("strativo"));

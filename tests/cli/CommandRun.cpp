@@ -45,14 +45,21 @@ private:
 };
 
 [[noreturn]] void BecomeProgram(const std::vector<const char*>& arguments, int out, int err,
-                                bool asNobody) {
+                                const ProcessOptions& options) {
     constexpr unsigned secondsToLive = 60;
     constexpr uid_t nobody = 65534;
     const int program = open(STRATIVO_CLI, O_RDONLY | O_CLOEXEC);
     dup2(out, STDOUT_FILENO);
     dup2(err, STDERR_FILENO);
     alarm(secondsToLive);
-    const bool mayRun = !asNobody || geteuid() != 0 || (setgid(nobody) == 0 && setuid(nobody) == 0);
+    if (options.closed >= 0)
+        close(options.closed);
+    if (options.largestFile != RLIM_INFINITY) {
+        const rlimit limit{options.largestFile, options.largestFile};
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    const bool mayRun =
+        !options.asNobody || geteuid() != 0 || (setgid(nobody) == 0 && setuid(nobody) == 0);
     if (mayRun)
         fexecve(program, const_cast<char* const*>(arguments.data()), environ);
     _exit(127);
@@ -78,7 +85,7 @@ RunResult RunProgram(const std::vector<std::string>& arguments, ProcessOptions o
     const pid_t child = fork();
     if (child == 0)
         BecomeProgram(pointers, redirected >= 0 ? redirected : out.Descriptor(), err.Descriptor(),
-                      options.asNobody);
+                      options);
     int status = 0;
     if (child < 0 || waitpid(child, &status, 0) != child)
         throw std::runtime_error("the program could not be run");

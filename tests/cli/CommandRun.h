@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 #include <string>
+#include <sys/resource.h>
 #include <vector>
 
 namespace strativo {
@@ -23,6 +24,8 @@ RunResult RunTool(const std::vector<std::string>& arguments);
 struct ProcessOptions {
     bool asNobody = false;                ///< with the rights of a user who owns nothing
     const char* standardOutput = nullptr; ///< path; null: collected in the result
+    rlim_t largestFile = RLIM_INFINITY;   ///< bytes that a file may have at most
+    int closed = -1;                      ///< descriptor that is closed at the start; -1: none
 };
 
 /// Runs the program itself.

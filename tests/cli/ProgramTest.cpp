@@ -110,6 +110,36 @@ TEST_F(Program, GoesOnAfterAFileThatCannotBeRead) {
                  std::string("strativo-cli: gone.con: ") + commandLineError + "is missing.\n");
 }
 
+TEST_F(Program, RefusesAFileAboveOneGibibyte) {
+    ASSERT_EQ(truncate(folder.Write("huge.con", "").c_str(), (off_t{1} << 30) + 1), 0);
+    ExpectResult(RunProgram({"show", "huge.con"}), 3, "",
+                 std::string("strativo-cli: huge.con: ") + commandLineError
+                     + "error 7 occurred.\n");
+}
+
+TEST_F(Program, SaysThatAFileMayNotGrowAndKeepsTheOldOne) {
+    folder.Write("out.con", "as it was");
+    std::vector<std::string> parts(15, brickPart);
+    folder.Write("large.con", WallFile(parts));
+    ExpectResult(RunProgram({"rewrite", "large.con", "out.con"}, {.largestFile = 300}), 3, "",
+                 "strativo-cli: large.con: out.con The file was not saved: File too large\n");
+    EXPECT_EQ(folder.Read("out.con"), "as it was");
+    EXPECT_THAT(folder.Entries(), testing::SizeIs(4)) << "no temporary file is left";
+}
+
+TEST_F(Program, WritesNothingIntoAFileThatTakesTheNumberOfAClosedDescriptor) {
+    folder.Write("flat.con", WallFile({"_ 1 =       12      0.000      0            * x"}));
+    const std::string whole = RunProgram({"report", "flat.con"}).out;
+    for (const int descriptor : {0, 1, 2}) {
+        const RunResult result =
+            RunProgram({"report", "flat.con", "-o", "page.html"}, {.closed = descriptor});
+        EXPECT_EQ(folder.Read("page.html"), whole) << descriptor;
+        EXPECT_EQ(result.status, 0);
+    }
+    ExpectResult(RunProgram({"show", "a.con"}, {.closed = 1}), 3, "",
+                 "strativo-cli: standard output could not be written\n");
+}
+
 TEST_F(Program, EndsWithAnErrorWhenItsOutputCannotBeWritten) {
     for (const std::vector<std::string>& arguments :
          std::vector<std::vector<std::string>>{{"show", "a.con"},

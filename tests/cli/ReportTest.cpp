@@ -1,5 +1,6 @@
 #include "cli/CommandRun.h"
 
+#include <filesystem>
 #include <gmock/gmock.h>
 
 namespace strativo {
@@ -64,6 +65,23 @@ TEST_F(ReportCommand, WritesTheFileThatOutputNames) {
     EXPECT_EQ(result.status, 0);
     EXPECT_EQ(result.out, "");
     EXPECT_EQ(folder.Read("wall.html"), RunTool({"report", "wall.con"}).out);
+}
+
+TEST_F(ReportCommand, ReplacesNoFileThatItReads) {
+    folder.Write("user.lby", userLibraryBytes);
+    folder.Write("other.lby", standardLibraryBytes);
+    folder.Write("both.con", WallFile({standardLine, userLine}, {hempPart}));
+    std::filesystem::create_hard_link("both.con", "hard.con");
+    std::filesystem::create_symlink("std.lby", "soft.lby");
+    for (const std::string output :
+         {"both.con", "./both.con", "hard.con", "std.lby", "soft.lby", "user.lby", "other.lby"}) {
+        const std::string before = folder.Read(output);
+        const RunResult result =
+            RunTool({"report", "--standard", "other.lby", "both.con", "-o", output});
+        EXPECT_EQ(result.status, 2) << output;
+        EXPECT_THAT(result.err, HasSubstr(output + " is one of the files that are read"));
+        EXPECT_EQ(folder.Read(output), before) << output;
+    }
 }
 
 TEST_F(ReportCommand, SaysWhyTheFileCouldNotBeWritten) {

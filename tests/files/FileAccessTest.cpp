@@ -5,6 +5,7 @@
 #include "support/TestProject.h"
 
 #include <cerrno>
+#include <cstdlib>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -35,6 +36,40 @@ TEST(ReadFileBytes, ReadsAnEmptyFile) {
 
 TEST(ReadFileBytes, ReadsAFileWhoseSizeIsNotKnownBefore) {
     EXPECT_NE(ReadFileBytes("/proc/self/status").find("VmSize"), std::string::npos);
+}
+
+TEST(ReadFileBytes, RefusesAFileAboveOneGibibyteWithoutReadingIt) {
+    const TemporaryFolder folder;
+    constexpr off_t gibibyte = off_t{1} << 30;
+    ASSERT_EQ(truncate(folder.Write("huge.con", "").c_str(), gibibyte + 1), 0);
+    EXPECT_EQ(ReadingFailure("huge.con"), 7);
+}
+
+TEST(ReadFileBytes, SaysByNumberThatThereIsNotEnoughMemory) {
+    const TemporaryFolder folder;
+    ASSERT_EQ(truncate(folder.Write("large.con", "").c_str(), off_t{1} << 29), 0);
+    EXPECT_EXIT(
+        {
+            rlimit limit{};
+            getrlimit(RLIMIT_AS, &limit);
+            limit.rlim_cur = std::size_t{1} << 28;
+            setrlimit(RLIMIT_AS, &limit);
+            std::_Exit(ReadingFailure("large.con"));
+        },
+        testing::ExitedWithCode(7), "");
+}
+
+TEST(IsSameFile, LooksAtTheFileAndNotAtItsName) {
+    const TemporaryFolder folder;
+    folder.Write("a.con", "x");
+    folder.Write("b.con", "x");
+    std::filesystem::create_hard_link("a.con", "hard");
+    std::filesystem::create_symlink("a.con", "soft");
+    for (const std::string name : {"a.con", "./a.con", "hard", "soft"})
+        EXPECT_TRUE(IsSameFile("a.con", name)) << name;
+    EXPECT_FALSE(IsSameFile("a.con", "b.con"));
+    EXPECT_FALSE(IsSameFile("a.con", "missing"));
+    EXPECT_FALSE(IsSameFile("missing", "missing"));
 }
 
 TEST(ReadFileBytes, NumbersTheFailures) {

@@ -30,6 +30,7 @@ MAY_INCLUDE = {
 LIBRARIES = {
     "ui": r"Q[A-Za-z]+|Qt[A-Za-z]+/\w+|q\w+\.h",
     "cli": r"CLI/.*|nlohmann/.*",
+    "files": r"acl/libacl\.h|attr/(error_context|libattr)\.h",
     "project": r"SimpleIni\.h",
 }
 SYSTEM = r"[a-z_]+|(?:sys/)?[a-z]+\.h"

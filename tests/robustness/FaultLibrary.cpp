@@ -13,12 +13,15 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <dirent.h>
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <string>
+#include <sys/acl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 #include <vector>
 
@@ -225,6 +228,12 @@ int flock(int descriptor, int operation) noexcept {
     return Next<int(int, int)>("flock")(descriptor, operation);
 }
 
+int fstatat(int folder, const char* path, struct stat* status, int flags) noexcept {
+    if (Fails(Effect("fstatat", path)))
+        return -1;
+    return Next<int(int, const char*, struct stat*, int)>("fstatat")(folder, path, status, flags);
+}
+
 int fstat(int descriptor, struct stat* status) noexcept {
     if (Fails(Effect("fstat", PathOf(descriptor))))
         return -1;
@@ -279,6 +288,63 @@ int fchown(int descriptor, uid_t user, gid_t group) noexcept {
     if (Fails(Effect("fchown", PathOf(descriptor))))
         return -1;
     return Next<int(int, uid_t, gid_t)>("fchown")(descriptor, user, group);
+}
+
+acl_t acl_get_file(const char* path, acl_type_t type) {
+    if (Fails(Effect("acl_get_file", path)))
+        return nullptr;
+    return Next<acl_t(const char*, acl_type_t)>("acl_get_file")(path, type);
+}
+
+int acl_set_fd(int descriptor, acl_t acl) {
+    if (Fails(Effect("acl_set_fd", PathOf(descriptor))))
+        return -1;
+    return Next<int(int, acl_t)>("acl_set_fd")(descriptor, acl);
+}
+
+ssize_t llistxattr(const char* path, char* names, size_t size) noexcept {
+    if (Fails(Effect("llistxattr", path)))
+        return -1;
+    return Next<ssize_t(const char*, char*, size_t)>("llistxattr")(path, names, size);
+}
+
+ssize_t lgetxattr(const char* path, const char* name, void* value, size_t size) noexcept {
+    if (Fails(Effect("lgetxattr", path)))
+        return -1;
+    return Next<ssize_t(const char*, const char*, void*, size_t)>("lgetxattr")(path, name, value,
+                                                                               size);
+}
+
+int lsetxattr(const char* path, const char* name, const void* value, size_t size,
+              int flags) noexcept {
+    if (Fails(Effect("lsetxattr", path)))
+        return -1;
+    return Next<int(const char*, const char*, const void*, size_t, int)>("lsetxattr")(
+        path, name, value, size, flags);
+}
+
+DIR* fdopendir(int descriptor) {
+    if (Fails(Effect("fdopendir", PathOf(descriptor))))
+        return nullptr;
+    return Next<DIR*(int)>("fdopendir")(descriptor);
+}
+
+dirent* readdir(DIR* entries) {
+    if (Fails(Effect("readdir", PathOf(dirfd(entries)))))
+        return nullptr;
+    return Next<dirent*(DIR*)>("readdir")(entries);
+}
+
+int closedir(DIR* entries) {
+    const std::string effect = Effect("closedir", PathOf(dirfd(entries)));
+    const int result = Next<int(DIR*)>("closedir")(entries);
+    return Fails(effect) ? -1 : result;
+}
+
+int unlinkat(int folder, const char* path, int flags) noexcept {
+    if (Fails(Effect("unlinkat", path)))
+        return -1;
+    return Next<int(int, const char*, int)>("unlinkat")(folder, path, flags);
 }
 
 /// A descriptor is free after a close that failed, too.
