@@ -5,7 +5,7 @@
 namespace strativo {
 
 /// Tells the presses of a user from those that the window system makes of a key held down. What
-/// the toolkit says of a release depends on what lies in its queue at that moment, and on a busy
+/// Qt says of a release depends on what lies in its queue at that moment, and on a busy
 /// machine a key held down looks like one that is pressed again and again; but a release that is
 /// none, and the press after it, were made at the same time.
 class HeldKeys {
@@ -17,7 +17,7 @@ public:
         releasedAt = time;
     }
 
-    /// Whether the press only repeats a key that is held down: the toolkit says so, or it carries
+    /// Whether the press only repeats a key that is held down: Qt says so, or it carries
     /// the time of the same key's release right before it.
     bool IsRepeat(int key, std::uint64_t time, bool saidToRepeat) const {
         return saidToRepeat || (time != 0 && key == releasedKey && time == releasedAt);

@@ -82,7 +82,7 @@ bool AccessKeys::eventFilter(QObject* watched, QEvent* event) {
         return false;
     const QKeyCombination wanted(Qt::AltModifier, static_cast<Qt::Key>(key.key()));
     if (asks)
-        event->accept(); // keeps the toolkit from choosing among all controls of that letter
+        event->accept(); // keeps Qt from choosing among all controls of that letter
     else if (QWidget* control = ControlFor(wanted))
         UseControl(control);
     else

@@ -50,7 +50,7 @@ ChildWindow::ChildWindow(int windowId, QWidget* parent)
       minimiseButton(AddButton(QStringLiteral("MinimiseButton"))),
       closeButton(AddButton(QStringLiteral("CloseButton"))) {
     setObjectName(QStringLiteral("ChildWindow"));
-    // It paints all of itself; unless the toolkit knows, all windows below are painted for nothing.
+    // It paints all of itself; unless Qt knows, all windows below are painted for nothing.
     setAttribute(Qt::WA_OpaquePaintEvent);
     title->setTextFormat(Qt::PlainText);
     title->setAttribute(Qt::WA_TransparentForMouseEvents);

@@ -83,7 +83,7 @@ void LayerList::MarkWhereMoveEnds(const QKeyEvent& event) {
     currentItem()->setSelected(true);
 }
 
-/// Shift and a key that moves through the lines. The toolkit's own range would start where its
+/// Shift and a key that moves through the lines. Qt's own range would start where its
 /// keyboard was last used, not at the line that was clicked since.
 bool LayerList::ExtendRange(const QKeyEvent& event) {
     const std::optional<CursorAction> action = MoveOf(event.key());

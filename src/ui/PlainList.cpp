@@ -26,7 +26,7 @@ void PlainList::FocusLine(int line) {
 }
 
 void PlainList::keyPressEvent(QKeyEvent* event) {
-    // The toolkit would put the line into the system's clipboard, over what the user has there.
+    // Qt would put the line into the system's clipboard, over what the user has there.
     if (!event->matches(QKeySequence::Copy))
         QListWidget::keyPressEvent(event);
 }

@@ -14,7 +14,7 @@
 namespace {
 
 /// Everything behind the program's name, joined by blanks, is one path; its bytes are not touched.
-/// The toolkit has taken out its own options by then.
+/// Qt has taken out its own options by then.
 std::string CommandLine(int argc, char** argv) {
     std::string line;
     for (int i = 1; i < argc; ++i)
