@@ -2,6 +2,7 @@
 
 #include "edit/LayerClipboard.h"
 #include "edit/MaterialList.h"
+#include "files/LibraryFindings.h"
 #include "files/MaterialLibraryFile.h"
 #include "fuzz/Invariants.h"
 
@@ -28,6 +29,15 @@ std::optional<LibraryContent> ReadLibrary(Parser parse, std::string_view bytes) 
         RequireNumber(error, {ErrorNumber::invalidArgument});
         return std::nullopt;
     }
+}
+
+/// The findings tell where the loader stops, and of nothing like it in a library that it reads.
+inline void RequireToldWhereLoaderStops(std::string_view bytes, LibraryLayout layout, bool stops) {
+    const std::vector<Finding> findings = FindingsOfLibrary(bytes, layout);
+    const bool told = std::any_of(findings.begin(), findings.end(), [](const Finding& finding) {
+        return finding.rule == "line-not-read" || finding.rule == "too-many-materials";
+    });
+    Require(told == stops, "what is found in a library agrees with its loader");
 }
 
 using MaterialKey = std::tuple<std::string, double, double, double, double>;

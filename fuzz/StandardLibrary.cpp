@@ -17,6 +17,7 @@ void RequireCavities(const MaterialLibrary& library) {
 void StandardLibrary(std::string_view bytes) {
     const auto content = ReadLibrary(ParseStandardLibrary, bytes);
     RequireSameWithWindowsLineEnds(ParseStandardLibrary, bytes, "\r");
+    RequireToldWhereLoaderStops(bytes, LibraryLayout::standard, !content || content->wrongVersion);
     if (!content)
         return;
     RequireInvariants(content->library);

@@ -7,6 +7,7 @@ void UserLibrary(std::string_view bytes) {
     const auto content = ReadLibrary(ParseUserLibrary, bytes);
     // A quoted field keeps the line ends that stand in it.
     RequireSameWithWindowsLineEnds(ParseUserLibrary, bytes, "\r\"");
+    RequireToldWhereLoaderStops(bytes, LibraryLayout::user, !content || content->wrongVersion);
     if (!content)
         return;
     RequireInvariants(content->library);

@@ -25,6 +25,10 @@ std::string_view NameOf(std::string_view path) {
     return path.substr(path.find_last_of('/') + 1);
 }
 
+bool IsLayerOfKnownWidth(const Layer& layer) {
+    return !layer.name.empty() && layer.conductivity != resistanceCavity;
+}
+
 class Report {
 public:
     Report(std::ostream& stream, const Project& source, const ReportDetails& itsDetails)
@@ -106,8 +110,10 @@ private:
         out << "<tr><td>" << number << "</td><td class=\"text\"><a href=\"#construction-" << number
             << "\">" << ReportText(construction.name) << "</a></td><td class=\"text\">"
             << (construction.type == transparentType ? "transparent" : "opaque") << "</td><td>"
-            << TotalThicknessText(construction) << "</td><td>" << resistance << "</td><td>"
-            << transmittance << "</td><td>" << UValueText(construction) << "</td></tr>\n";
+            << FormatNumber(KnownThickness(construction), "0.0")
+            << (HasUnknownWidth(construction) ? " + cavity" : "") << "</td><td>" << resistance
+            << "</td><td>" << transmittance << "</td><td>" << UValueText(construction)
+            << "</td></tr>\n";
     }
 
     bool HasGlass() const {
@@ -216,16 +222,21 @@ void WriteReportComments(std::ostream& out, const CommentLines& comments) {
     out << "</p>\n";
 }
 
-std::string TotalThicknessText(const Construction& construction) {
+double KnownThickness(const Construction& construction) {
     double sum = 0;
-    bool withCavity = false;
+    for (int slot = 1; slot <= construction.layers.HighestUsed(); ++slot)
+        if (IsLayerOfKnownWidth(construction.layers[slot]))
+            sum += construction.layers[slot].thickness;
+    return sum;
+}
+
+bool HasUnknownWidth(const Construction& construction) {
     for (int slot = 1; slot <= construction.layers.HighestUsed(); ++slot) {
         const Layer& layer = construction.layers[slot];
-        const bool cavity = layer.conductivity == resistanceCavity;
-        withCavity = withCavity || (cavity && !layer.name.empty());
-        sum += cavity || layer.name.empty() ? 0 : layer.thickness;
+        if (!layer.name.empty() && !IsLayerOfKnownWidth(layer))
+            return true;
     }
-    return FormatNumber(sum, "0.0") + (withCavity ? " + cavity" : "");
+    return false;
 }
 
 void WriteHtmlReport(std::ostream& out, const Project& project, const ReportDetails& details) {

@@ -80,7 +80,8 @@ private:
 
     void WriteFigures() {
         out << "<dl class=\"figures\">\n";
-        WriteFigure("Thickness", TotalThicknessText(construction), "mm");
+        WriteFigure("Thickness", FormatNumber(KnownThickness(construction), "0.0"),
+                    HasUnknownWidth(construction) ? "mm + cavity" : "mm");
         if (steady) {
             const LayerSums sums = SumsOf(thermal.layers);
             WriteFigure("Mass", FormatNumber(sums.mass, "0.0"), "kg/m&sup2;");
@@ -151,7 +152,7 @@ private:
 
     void WriteTotal(const ArealSums& total) {
         out << "<tfoot><tr><td></td><td class=\"text\">Sum</td>";
-        WriteCell(TotalThicknessText(construction));
+        WriteCell(FormatNumber(KnownThickness(construction), "0.0"));
         WriteCell("");
         WriteCell(steady ? FormatNumber(SumsOf(thermal.layers).resistance, "0.000") : "");
         WriteCell(Sum(total.mass));
@@ -190,13 +191,13 @@ private:
             out << "</tr>\n";
         }
         out << "</tbody>\n</table>\n<p class=\"note\">In the drawing: heat flow " << FlowName(flow)
-            << ", inside " << TemperatureText(Conditions().air.inside) << " &deg;C, outside "
+            << ", inside " << TemperatureText(Conditions().air.inside) << "&nbsp;&deg;C, outside "
             << TemperatureText(Conditions().air.outside)
-            << " &deg;C: " << FormatNumber(steady->heatFlux, "0.00")
+            << "&nbsp;&deg;C: " << FormatNumber(steady->heatFlux, "0.00")
             << " W/m&sup2;; inside surface " << TemperatureText(steady->InsideSurface().temperature)
-            << " &deg;C, f<sub>Rsi</sub> " << FormatNumber(steady->temperatureFactor, "0.000")
+            << "&nbsp;&deg;C, f<sub>Rsi</sub> " << FormatNumber(steady->temperatureFactor, "0.000")
             << "; outside surface " << TemperatureText(steady->OutsideSurface().temperature)
-            << " &deg;C.</p>\n";
+            << "&nbsp;&deg;C.</p>\n";
     }
 
     using Shown = std::function<std::string(const DynamicCharacteristics&)>;

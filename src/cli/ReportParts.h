@@ -17,8 +17,10 @@ std::string ColourKey(MaterialKind kind);
 /// The comment lines of a construction or glass type, as they stand in the file.
 void WriteReportComments(std::ostream& out, const CommentLines& comments);
 
-/// The layers' thickness, mm. A cavity given by its resistance is named beside it.
-std::string TotalThicknessText(const Construction& construction);
+/// The layers' thickness, mm, those of unknown width left out.
+double KnownThickness(const Construction& construction);
+/// A cavity is given by its resistance.
+bool HasUnknownWidth(const Construction& construction);
 
 // Sections of the page.
 void WriteReportConstruction(std::ostream& out, const Project& project, int number,

@@ -125,14 +125,14 @@ TEST_F(ReportCommand, SaysWhichSurfaceResistanceIsWhich) {
     EXPECT_THAT(result.out, HasSubstr("always with 0.12 inside and 0.06 outside"));
     EXPECT_THAT(result.out, HasSubstr("<tr class=\"chosen\"><th class=\"text\">upward</th>"
                                       "<td>0.10</td><td>0.04</td><td>0.265</td><td>3.774</td>"));
-    EXPECT_THAT(result.out, HasSubstr("In the drawing: heat flow upward, inside 20.0 &deg;C"));
+    EXPECT_THAT(result.out, HasSubstr("In the drawing: heat flow upward, inside 20.0&nbsp;&deg;C"));
 }
 
 TEST_F(ReportCommand, FollowsTemperaturesFilmsSideAndFlows) {
     const RunResult result = RunTool({"report", "wall.con", "--inside", "24", "--outside", "-12",
                                       "--rsi", "0.25", "--first-layer", "inside", "--flow", "all"});
     EXPECT_EQ(result.status, 0);
-    EXPECT_THAT(result.out, HasSubstr("inside 24.0 &deg;C, outside -12.0 &deg;C"));
+    EXPECT_THAT(result.out, HasSubstr("inside 24.0&nbsp;&deg;C, outside -12.0&nbsp;&deg;C"));
     EXPECT_THAT(result.out, HasSubstr("<td>0.25</td><td>0.04</td><td>0.415</td><td>2.410</td>"));
     EXPECT_THAT(result.out, HasSubstr("Layer 1 is the innermost one"));
     EXPECT_THAT(result.out,
