@@ -2,6 +2,7 @@
 #include "ui/STRATVMD.h"
 #include "ui/UValue.h"
 #include "ui/WindowArea.h"
+#include "ui/WorkWatch.h"
 
 #include <QAbstractEventDispatcher>
 #include <QAction>
@@ -14,6 +15,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <iostream>
 #include <stdexcept>
 #include <unistd.h>
@@ -65,6 +67,7 @@ public:
         MeasureKeys();
         MeasureRemoval();
         Open(3, "open5000");
+        MeasureStall();
         if (print)
             std::printf("%s\n", line.c_str());
         line.clear();
@@ -146,6 +149,29 @@ private:
         Note("remove1000", TimeOf([&] { RemoveAll(); }));
     }
 
+    /// A thickness is changed, and the longest time for which the event loop stands still until
+    /// the change was noticed and its recovery copy was made.
+    void MeasureStall() {
+        constexpr int untilWritten = 1000; // ms
+        Settle();
+        QTest::qWait(untilWritten); // what came with opening is over
+        auto* loop = QAbstractEventDispatcher::instance();
+        long long awake = Nanoseconds();
+        long long longest = 0;
+        const QObject connections;
+        QObject::connect(loop, &QAbstractEventDispatcher::awake, &connections,
+                         [&] { awake = Nanoseconds(); });
+        QObject::connect(loop, &QAbstractEventDispatcher::aboutToBlock, &connections,
+                         [&] { longest = std::max(longest, Nanoseconds() - awake); });
+        window.TheProject().constructions[1].layers.Edit(1).thickness += 1;
+        window.TheProject().changed = true;
+        window.findChild<QAction*>(QStringLiteral("ArrangeIcons"))->trigger();
+        QTest::qWait(untilWritten);
+        if (!window.Watch().Keeper().HasCopy())
+            throw std::runtime_error("no recovery copy was made");
+        Note("stall5000", static_cast<double>(longest) / 1000);
+    }
+
     char** files;
     UValueMDI window;
     std::string line;
@@ -155,6 +181,7 @@ private:
 } // namespace strativo
 
 int main(int argc, char** argv) {
+    setenv("STRATIVO_KEEP_INTERVALS", "300,900", 1);
     QApplication application(argc, argv);
     if (argc != 6) {
         std::cerr << strativo::usage;

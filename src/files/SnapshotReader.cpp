@@ -138,6 +138,7 @@ void ReadOwned(SnapshotIn& in, OwnedComments& comments) {
         for (std::string& line : lines)
             comments.Add(owner, std::move(line));
     }
+    Check(comments.LastOwner() == owners - 1);
 }
 
 void CheckState(const Project& project) {

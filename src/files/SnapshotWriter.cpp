@@ -67,7 +67,10 @@ void WriteLibrary(SnapshotOut& out, const MaterialLibrary& library) {
         MaterialFields(out, library[slot]);
 }
 
-void WriteOwned(SnapshotOut& out, const OwnedComments& comments, int lastOwner) {
+void WriteOwned(SnapshotOut& out, const OwnedComments& comments) {
+    int lastOwner = comments.LastOwner();
+    while (lastOwner >= 0 && comments.Of(lastOwner).empty())
+        --lastOwner; // they were dropped
     out.Count(static_cast<std::size_t>(lastOwner) + 1);
     for (int owner = 0; owner <= lastOwner; ++owner)
         out(comments.Of(owner));
@@ -99,9 +102,9 @@ std::string Body(const Project& project, const SnapshotHead& head) {
     WriteLibrary(out, project.standardLibrary);
     WriteLibrary(out, project.userLibrary);
     CommentFields(out, project.comments);
-    WriteOwned(out, project.comments.constructions, project.comments.constructions.LastOwner());
-    WriteOwned(out, project.comments.glassTypes, project.comments.glassTypes.LastOwner());
-    WriteOwned(out, project.comments.glassTypes2D, project.comments.glassTypes2D.LastOwner());
+    WriteOwned(out, project.comments.constructions);
+    WriteOwned(out, project.comments.glassTypes);
+    WriteOwned(out, project.comments.glassTypes2D);
     StateFields(out, project);
     return std::move(out.bytes);
 }

@@ -49,8 +49,7 @@ void LoadUserSorted(Project& project, LibrariesRead& libraries, Prompts& prompts
     SortLibraryByName(project.userLibrary);
 }
 
-ParsedFile ReadLines(Project& project, const std::string& source, LibrariesRead& libraries,
-                     Prompts& prompts) {
+ParsedFile ReadLines(Project& project, LibrariesRead& libraries, Prompts& prompts) {
     ParserEvents events;
     events.createConstruction = [&, triedLibrary = false]() mutable {
         // A library that cannot be loaded is reported once, not for each construction.
@@ -64,7 +63,7 @@ ParsedFile ReadLines(Project& project, const std::string& source, LibrariesRead&
     };
     project.stampedFile = project.constructionFile;
     project.stamp = StampOf(project.constructionFile);
-    const std::string bytes = ReadFileBytes(source);
+    const std::string bytes = ReadFileBytes(project.constructionFile);
     return ParseConstructionFile(bytes, project, events);
 }
 
@@ -131,9 +130,8 @@ FileReading ResultOf(const LibrariesRead& libraries, Project& project) {
     return both ? FileReading::whole : FileReading::withoutLibrary;
 }
 
-FileReading ReadFile(Project& project, const std::string& source, LibrariesRead& libraries,
-                     Prompts& prompts) {
-    const ParsedFile parsed = ReadLines(project, source, libraries, prompts);
+FileReading ReadFile(Project& project, LibrariesRead& libraries, Prompts& prompts) {
+    const ParsedFile parsed = ReadLines(project, libraries, prompts);
     if (parsed.formatBad)
         RecoverFromBadFormat(project, libraries, prompts);
     LoadNeededUserLibrary(parsed, project, libraries, prompts);
@@ -173,9 +171,8 @@ void ForgetNames(Project& project, const LibrariesRead& libraries) {
         project.userLibraryFile.clear();
 }
 
-/// Reads the source into the project, which has its file name by now.
-FileReading ReplaceProject(Project& project, const std::string& source,
-                           const std::string& messagePrefix, Prompts& prompts) {
+/// Reads the file into the project, which has its name by now.
+FileReading ReplaceProject(Project& project, const std::string& messagePrefix, Prompts& prompts) {
     const ContentReplacement replacement(project);
     ResetForReading(project);
     const unsigned activationsBefore = project.activations;
@@ -183,7 +180,7 @@ FileReading ReplaceProject(Project& project, const std::string& source,
     libraries.standardName = project.standardLibraryFile;
     FileReading result = FileReading::stopped;
     try {
-        result = ReadFile(project, source, libraries, prompts);
+        result = ReadFile(project, libraries, prompts);
     } catch (const RuntimeError& error) {
         ForgetNames(project, libraries);
         prompts.ShowMessage({messagePrefix + constructionFileMessages.Text(error.Number()), ""});
@@ -207,15 +204,7 @@ FileReading ReadConstructionFile(Project& project, const std::string& path, Prom
     project.constructionFile = chosen.value_or("");
     if (!chosen)
         return FileReading::cancelled;
-    return ReplaceProject(project, *chosen, path.empty() ? "" : "Command line error\r", prompts);
-}
-
-FileReading ReadRecoveryCopy(Project& project, const std::string& copy,
-                             const std::string& originalName, Prompts& prompts) {
-    project.constructionFile = originalName;
-    const FileReading result = ReplaceProject(project, copy, "", prompts);
-    project.changed = true;
-    return result;
+    return ReplaceProject(project, path.empty() ? "" : "Command line error\r", prompts);
 }
 
 } // namespace strativo

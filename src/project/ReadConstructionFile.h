@@ -22,9 +22,4 @@ enum class FileReading {
 /// library stopped with an error. Ends the program when a library that the file needs is refused.
 FileReading ReadConstructionFile(Project& project, const std::string& path, Prompts& prompts);
 
-/// The same for a copy kept when the program ended with unsaved changes: the project gets the name
-/// of the file that it was a copy of, and is marked as changed.
-FileReading ReadRecoveryCopy(Project& project, const std::string& copy,
-                             const std::string& originalName, Prompts& prompts);
-
 } // namespace strativo

@@ -1,165 +1,130 @@
 #include "project/Recovery.h"
 
-#include "files/ConstructionWriter.h"
+#include "edit/GlassTypes.h"
+#include "edit/MaterialList.h"
 #include "files/FileAccess.h"
 #include "project/FileCommands.h"
-#include "project/ReadConstructionFile.h"
 
-#include <algorithm>
-#include <cstdlib>
 #include <ctime>
 #include <filesystem>
-#include <sstream>
-#include <unistd.h>
-#include <vector>
 
 namespace strativo {
 
 namespace {
 
-namespace fs = std::filesystem;
+constexpr char title[] = "Recovered project";
 
-constexpr char waiting[] = "recovery-";
-constexpr char offered[] = "offered-";
-
-/// The first line of a copy, a comment that the reader drops: the stamp and the name of the file
-/// that it is a copy of.
-struct CopyHead {
-    FileStamp stamp;
-    std::string originalName;
+/// A copy as it was read.
+struct ReadCopy {
+    Project project;
+    SnapshotHead head;
 };
 
-constexpr char headMark[] = "*Recovery copy ";
-
-std::string HeadLine(const Project& project) {
-    const std::string& name = project.constructionFile;
-    const FileStamp stamp = project.stampedFile == name ? project.stamp : FileStamp();
-    std::ostringstream line;
-    line << headMark << stamp.device << ' ' << stamp.inode << ' ' << stamp.size << ' '
-         << stamp.modified << ' ';
-    if (!name.empty())
-        line << fs::absolute(name).string();
-    line << "\r\n";
-    return line.str();
-}
-
-CopyHead ReadHead(const std::string& path) {
-    std::string line = ReadFileBytes(path);
-    line.resize(std::min(line.find("\r\n"), line.size()));
-    CopyHead head;
-    if (!line.starts_with(headMark))
-        return head;
-    std::istringstream fields(line.substr(sizeof headMark - 1));
-    fields >> head.stamp.device >> head.stamp.inode >> head.stamp.size >> head.stamp.modified;
-    fields.ignore(1);
-    std::getline(fields, head.originalName, '\0');
-    return head;
-}
-
-std::string MakeCopyName() {
-    char time[32] = {};
-    const std::time_t now = std::time(nullptr);
+std::string ShownTime(std::int64_t seconds) {
+    char text[64] = {};
+    const std::time_t time = seconds;
     std::tm parts{};
-    localtime_r(&now, &parts);
-    std::strftime(time, sizeof time, "%Y-%m-%d-%H%M%S-", &parts);
-    return std::string(waiting) + time + std::to_string(getpid()) + ".con";
+    if (localtime_r(&time, &parts) == nullptr)
+        return "";
+    std::strftime(text, sizeof text, "%Y-%m-%d %H:%M:%S", &parts);
+    return text;
 }
 
-/// The name outlives all other objects: a process that is ended by others asks for it last.
-std::string PathOfCopy(const std::string& folder) {
-    static const std::string& name = *new std::string(MakeCopyName());
-    return folder + "/" + name;
+Message Offer(const ReadCopy& copy) {
+    const int count = copy.project.constructionCount;
+    return {"Strativo ended before the changes to this file were saved:\n"
+                + ShownFileName(copy.head.originalPath) + "\n\nA copy of "
+                + ShownTime(copy.head.time) + " was kept, with " + std::to_string(count)
+                + (count == 1 ? " construction" : " constructions")
+                + ".  Do you wish to open it?\n\n"
+                  "No sets it aside. Cancel leaves it for the next start.",
+            title,
+            Buttons::yesNoCancel,
+            Icon::question,
+            Answer::yes,
+            Encoding::utf8};
 }
 
-/// The copies not offered yet, oldest first.
-std::vector<fs::path> WaitingCopies(const std::string& folder) {
-    std::vector<fs::path> copies;
-    std::error_code error;
-    for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
-         entry.increment(error)) {
-        const std::string name = entry->path().filename().string();
-        if (name.starts_with(waiting) && name.ends_with(".con"))
-            copies.push_back(entry->path());
-    }
-    std::sort(copies.begin(), copies.end());
-    return copies;
-}
-
-/// Renames the copy so that it is not offered again; its path afterwards.
-std::string MarkAsOffered(const fs::path& copy) {
-    const std::string rest = copy.filename().string().substr(sizeof waiting - 1);
-    const fs::path renamed = copy.parent_path() / (offered + rest);
-    std::error_code error;
-    fs::rename(copy, renamed, error);
-    return error ? copy.string() : renamed.string();
-}
-
-Message Offer(const std::string& originalName) {
-    Message message = YesNoQuestion(
-        "Strativo ended before the changes to this file were saved:\n" + ShownFileName(originalName)
-            + "\n\nA copy of the project was kept.  Do you wish to open it?",
-        "Recovered project");
+void TellDamaged(const LeftCopy& copy, const std::string& reason, Prompts& prompts) {
+    const std::string path = SetDamagedCopyAside(copy);
+    Message message{
+        "A copy of unsaved work cannot be opened: " + reason + ".\nIt stays here:\n" + path, title};
     message.encoding = Encoding::utf8;
-    return message;
+    prompts.ShowMessage(message);
 }
 
-/// Asks about one copy; true when it was opened.
-bool OfferCopy(Project& project, const fs::path& path, Prompts& prompts) {
-    const CopyHead head = ReadHead(path.string());
-    const bool wanted = prompts.ShowMessage(Offer(head.originalName)) == Answer::yes;
-    const std::string copy = MarkAsOffered(path);
-    if (!wanted)
-        return false;
-    ReadRecoveryCopy(project, copy, head.originalName, prompts);
-    // The original may have been changed since the copy was kept: saving is to notice that.
-    project.stampedFile = project.constructionFile;
-    project.stamp = head.stamp;
-    return true;
+bool Read(const LeftCopy& copy, ReadCopy& read, Prompts& prompts) {
+    try {
+        read.head = ReadSnapshot(ReadFileBytes(copy.path), read.project);
+        return true;
+    } catch (const DamagedSnapshot& damaged) {
+        TellDamaged(copy, damaged.what(), prompts);
+    } catch (const RuntimeError& error) {
+        TellDamaged(copy, "run-time error " + std::to_string(static_cast<int>(error.Number())),
+                    prompts);
+    }
+    return false;
+}
+
+/// The same file, or the same name where there is none.
+bool IsOf(const std::string& original, const std::string& path) {
+    if (IsSameFile(path, original))
+        return true;
+    std::error_code error;
+    const std::filesystem::path absolute = std::filesystem::absolute(path, error);
+    return !original.empty()
+           && absolute.lexically_normal() == std::filesystem::path(original).lexically_normal();
+}
+
+/// The windows are those of other constructions than before.
+void AskForWindows(Project& project) {
+    ++project.beginnings;
+    for (const int number : ConstructionsInUse(project))
+        project.constructions[number].window.opening = ++project.openings;
+    project.windowToActivate = project.currentConstruction;
+    RefreshMaterialList(project);
+    RefreshGlassTypeList(project);
+}
+
+void Open(const LeftCopy& copy, ReadCopy&& read, Project& project, WorkKeeper& keeper) {
+    const bool ofTheFile = read.project.stampedFile == read.project.constructionFile;
+    project = std::move(read.project);
+    project.constructionFile = read.head.originalPath;
+    // Saving is to notice when the original was changed since then.
+    project.stampedFile = ofTheFile ? project.constructionFile : "";
+    project.changed = true;
+    ++project.contentsReplaced;
+    keeper.TakeOver(copy, read.head, project);
+    AskForWindows(project);
 }
 
 } // namespace
 
-std::string RecoveryFolder() {
-    const char* state = std::getenv("XDG_STATE_HOME");
-    if (state != nullptr && *state != 0)
-        return std::string(state) + "/strativo";
-    const char* home = std::getenv("HOME");
-    return std::string(home != nullptr ? home : "") + "/.local/state/strativo";
-}
-
-std::string KeepRecoveryCopy(const Project& project, const std::string& folder) noexcept {
-    try {
-        if (!project.changed)
-            return "";
-        fs::create_directories(folder);
-        const std::string path = PathOfCopy(folder);
-        FileStamp stamp;
-        const auto write = [&](const ByteSink& sink) {
-            sink(HeadLine(project));
-            WriteConstructionText(project, sink);
-        };
-        ReplaceFile(path, write, stamp);
-        return path;
-    } catch (const std::exception&) {
-        return ""; // the program is ending: there is nobody left to tell
-    }
-}
-
-void DropRecoveryCopy(const std::string& folder) noexcept {
-    std::error_code error;
-    fs::remove(PathOfCopy(folder), error);
-}
-
-bool OfferRecovery(Project& project, const std::string& folder, Prompts& prompts) {
-    for (const fs::path& copy : WaitingCopies(folder)) {
-        try {
-            if (OfferCopy(project, copy, prompts))
-                return true;
-        } catch (const RuntimeError&) {
-            MarkAsOffered(copy); // cannot be read, now or at the next start
+RecoveryResult OfferRecovery(Project& project, WorkKeeper& keeper, const std::string& commandLine,
+                             Prompts& prompts) {
+    RecoveryResult result;
+    for (const LeftCopy& copy : FindLeftCopies(keeper.Folders())) {
+        ReadCopy read{project, {}};
+        if (!Read(copy, read, prompts))
+            continue;
+        if (!commandLine.empty() && !IsOf(read.head.originalPath, commandLine)) {
+            result.notice = "Unsaved work on " + ShownFileName(read.head.originalPath)
+                            + " is kept, and offered at a start without a file";
+            continue;
         }
+        const Answer answer = prompts.ShowMessage(Offer(read));
+        if (answer == Answer::no) {
+            RefuseCopy(copy);
+            continue;
+        }
+        if (answer == Answer::yes) {
+            Open(copy, std::move(read), project, keeper);
+            result.opened = true;
+        }
+        break;
     }
-    return false;
+    RemoveOldCopies(keeper.Folders(), std::time(nullptr));
+    return result;
 }
 
 } // namespace strativo

@@ -224,7 +224,12 @@ std::string RecoveryStore::NewPath(const std::string& folder) {
         ownFolder = folder;
         held.push_back(std::move(lock));
     }
-    return own->PathOfCopy(++copies);
+    // In a container a process can have the number of the one before, and its owner's name with it.
+    struct stat status {};
+    do
+        ++copies;
+    while (Look(own->PathOfCopy(copies), status));
+    return own->PathOfCopy(copies);
 }
 
 bool RecoveryStore::Write(std::string_view bytes) {

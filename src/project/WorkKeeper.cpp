@@ -57,6 +57,11 @@ bool WorkKeeper::IsUnsettled(const Project& project) const {
     return project.contentsReplaced != replacedSeen || project.contentsSaved != savedSeen;
 }
 
+bool WorkKeeper::IsUnsaved(const Project& project) const {
+    return !project.replacingContent && !IsUnsettled(project) && HasWork(project)
+           && ContentDigest(project) != saved;
+}
+
 std::optional<std::chrono::milliseconds> WorkKeeper::Look(const Project& project,
                                                           CopySchedule::Clock::time_point now) {
     if (writing.valid() && !IsWriting())

@@ -33,8 +33,8 @@ public:
     /// after what time it wants to be called again; nothing when not before the next action.
     std::optional<std::chrono::milliseconds> Look(const Project& project,
                                                   CopySchedule::Clock::time_point now);
-    /// The project as it was last looked at is not what its file holds.
-    bool HasUnsavedWork() const { return seen != saved; }
+    /// The project is not what its file holds.
+    bool IsUnsaved(const Project& project) const;
     /// The content was saved or replaced, and has not been looked at since.
     bool IsUnsettled(const Project& project) const;
 
@@ -51,6 +51,8 @@ public:
     /// The project was read from a copy, which stays until the work is saved or given up.
     void TakeOver(const LeftCopy& copy, const SnapshotHead& head, const Project& project);
 
+    /// There is a copy of the project as it is or was, and no other is being written.
+    bool HasCopy() const { return !IsWriting() && store.HasCopy(); }
     /// What has come up since the last call.
     KeepNotice TakeNotice();
     const std::vector<std::string>& Folders() const { return store.Folders(); }

@@ -20,6 +20,7 @@
 #include "ui/UvalsDialog.h"
 #include "ui/WINFORM.h"
 #include "ui/WindowArea.h"
+#include "ui/WorkWatch.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -30,8 +31,6 @@
 #include <QMenuBar>
 #include <QMimeData>
 #include <QUrl>
-
-#include <utility>
 
 namespace strativo {
 
@@ -58,7 +57,8 @@ QString ManualPath() {
 } // namespace
 
 UValueMDI::UValueMDI(QWidget* parent)
-    : QMainWindow(parent), prompts(std::make_unique<QtPrompts>(*this)),
+    : QMainWindow(parent), watch(new WorkWatch(project, this)),
+      prompts(std::make_unique<QtPrompts>(*this)),
       program{project, *prompts, [this](const std::function<void()>& action) { Perform(action); }},
       area(new WindowArea([this](int id) { return MakeContent(id); },
                           [this](int id) { return ContentSize(id); }, this)) {
@@ -77,6 +77,7 @@ UValueMDI::UValueMDI(QWidget* parent)
     BuildMenus();
     BuildShortcuts();
     ShowProject();
+    connect(watch, &WorkWatch::Told, this, &UValueMDI::TellInStatusBar);
     connect(area, &WindowArea::ActiveChanged, this, &UValueMDI::ActiveChanged);
     connect(area, &WindowArea::CloseRequested, this, &UValueMDI::ChildCloseRequested);
 }
@@ -93,9 +94,20 @@ void UValueMDI::MDIForm_Load(const std::string& commandLine) {
         StartUp(project, ReadSettings(SettingsFiles()));
         show();
         PlaceDialog();
-        const bool recovered = OfferRecovery(project, RecoveryFolder(), *prompts);
-        FinishStartUp(project, recovered ? "" : commandLine, *prompts);
+        OfferKeptWork(commandLine);
     });
+}
+
+void UValueMDI::OfferKeptWork(const std::string& commandLine) {
+    const RecoveryResult result = OfferRecovery(project, watch->Keeper(), commandLine, *prompts);
+    FinishStartUp(project, result.opened ? "" : commandLine, *prompts);
+    if (!result.notice.empty())
+        TellInStatusBar(PathText(result.notice));
+}
+
+void UValueMDI::TellInStatusBar(const QString& text) {
+    constexpr int longEnough = 10000; // ms
+    status->showMessage(text, longEnough);
 }
 
 void UValueMDI::PlaceDialog() {
@@ -109,6 +121,8 @@ void UValueMDI::PlaceDialog() {
 
 /// Every action of the user comes through here. An action may show boxes and so start others.
 void UValueMDI::Perform(const std::function<void()>& action) {
+    if (performing == 0)
+        watch->ActionBegins();
     ++performing;
     try {
         action();
@@ -124,13 +138,11 @@ void UValueMDI::Perform(const std::function<void()>& action) {
     if (performing > 0)
         return;
     status->EndProgress();
-    if (!project.changed && std::exchange(workKept, false))
-        DropRecoveryCopy(RecoveryFolder());
+    watch->ActionEnded();
 }
 
 void UValueMDI::KeepWork() {
-    if (!KeepRecoveryCopy(project, RecoveryFolder()).empty())
-        workKept = true;
+    watch->KeepNow();
 }
 
 void UValueMDI::EndByRequest() {
@@ -139,7 +151,7 @@ void UValueMDI::EndByRequest() {
 
 void UValueMDI::EndProgram() {
     ended = true;
-    KeepRecoveryCopy(project, RecoveryFolder());
+    watch->End(false);
     QuitHelp();
     QApplication::exit(0);
 }
@@ -261,9 +273,10 @@ bool UValueMDI::MDIForm_QueryUnload() {
 }
 
 void UValueMDI::closeEvent(QCloseEvent* event) {
+    const bool userIsAsked = project.changed;
     event->setAccepted(ended || !MDIForm_QueryUnload());
     if (event->isAccepted() && !ended)
-        DropRecoveryCopy(RecoveryFolder()); // of a log-out that was cancelled
+        watch->End(userIsAsked);
 }
 
 /// The path dropped, as the file system's bytes; empty unless it is one local file.
@@ -295,7 +308,10 @@ void UValueMDI::dropEvent(QDropEvent* event) {
         this,
         [this, path] {
             activateWindow();
-            Perform([&] { OpenDroppedFiles(project, {path}, *prompts); });
+            Perform([&] {
+                watch->Keeper().ExpectReplacement(project, false);
+                OpenDroppedFiles(project, {path}, *prompts);
+            });
         },
         Qt::QueuedConnection);
 }

@@ -20,6 +20,7 @@ class UValue;
 class UvalsDialog;
 class WindowArea;
 class WinForm;
+class WorkWatch;
 
 /// The main window: menu bar, window area and status bar. It is the only place where windows,
 /// commands and the core's port are wired together.
@@ -36,9 +37,9 @@ public:
     bool HasEnded() const { return ended; }
     /// Ends the program without a question; unsaved changes are kept as a recovery copy.
     void EndByRequest();
-    /// Keeps unsaved changes as a recovery copy, for a session that ends and may not wait; the copy
-    /// goes when the program went on and they are saved after all.
+    /// Brings the recovery copy up to date, for a session that ends and may not wait.
     void KeepWork();
+    WorkWatch& Watch() { return *watch; }
 
     Project& TheProject() { return project; }
     WindowArea& Area() { return *area; }
@@ -96,6 +97,8 @@ private:
     void Editmenu_Click();
     void Winmenu_Click();
     void CloseUValue_Click();
+    template <class Result>
+    void Replace_Click(Result (*command)(Project&, Prompts&));
     void Edit_Click(Command command);
     void Edit_Paste_Click(Command command);
     void EditWin_Click();
@@ -113,11 +116,14 @@ private:
     void OpenSection();
     void ShowLayerMenu(QPoint position);
     void PlaceDialog();
+    void OfferKeptWork(const std::string& commandLine);
+    void TellInStatusBar(const QString& text);
     void Perform(const std::function<void()>& action);
     void EndProgram();
     std::string DroppedPath(const QDropEvent& event) const;
 
     Project project;
+    WorkWatch* watch;
     std::unique_ptr<QtPrompts> prompts;
     Program program;
     WindowArea* area;
@@ -130,7 +136,6 @@ private:
     SectionWindow* section = nullptr; ///< made on first use
     QMenu* layerMenu = nullptr;       ///< likewise
     Ui ui{};
-    bool workKept = false; ///< a recovery copy was made, and the program went on
     int performing = 0;
     bool ended = false;
 };

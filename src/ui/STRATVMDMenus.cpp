@@ -13,6 +13,7 @@
 #include "ui/QtPrompts.h"
 #include "ui/STRATVMD.h"
 #include "ui/WindowArea.h"
+#include "ui/WorkWatch.h"
 
 #include <QAction>
 #include <QMenuBar>
@@ -67,9 +68,9 @@ void UValueMDI::BuildFileMenu() {
     QMenu* menu = ui.Filemenu = AddMenu("Filemenu", tr("&File"));
     connect(menu, &QMenu::aboutToShow, this, &UValueMDI::Filemenu_Click);
     AddItem(menu, "NewProject", tr("&New construction file"),
-            [this] { NewProject(project, *prompts); });
+            [this] { Replace_Click(NewProject); });
     AddItem(menu, "OpenProject", tr("&Open construction file..."),
-            [this] { OpenProject(project, *prompts); });
+            [this] { Replace_Click(OpenProject); });
     ui.SaveProject = AddItem(menu, "SaveProject", tr("&Save construction file"),
                              [this] { SaveProject(project, *prompts); });
     AddItem(menu, "SaveProjectAs", tr("Save construction file &as..."),
@@ -171,6 +172,13 @@ void UValueMDI::Editmenu_Click() {
 
 void UValueMDI::CloseUValue_Click() {
     CloseConstruction(project, ActiveConstruction());
+}
+
+/// A command that asks about unsaved changes before it replaces the project.
+template <class Result>
+void UValueMDI::Replace_Click(Result (*command)(Project&, Prompts&)) {
+    watch->Keeper().ExpectReplacement(project, AsksAboutChanges(project));
+    command(project, *prompts);
 }
 
 void UValueMDI::Edit_Click(Command command) {

@@ -1,6 +1,5 @@
 #include "files/Process.h"
-#include "project/Recovery.h"
-#include "ui/CrashGuard.h"
+#include "ui/EndRequests.h"
 #include "ui/STRATVMD.h"
 #include "ui/StartMessages.h"
 
@@ -37,8 +36,8 @@ int main(int argc, char** argv) {
     font.setPointSizeF(8.25);
     QApplication::setFont(font);
     strativo::UValueMDI window;
-    const strativo::CrashGuard guard(window.TheProject());
-    const QSocketNotifier endRequests(guard.EndRequests(), QSocketNotifier::Read);
+    const strativo::EndRequests requests;
+    const QSocketNotifier endRequests(requests.Descriptor(), QSocketNotifier::Read);
     QObject::connect(&endRequests, &QSocketNotifier::activated, &window,
                      &strativo::UValueMDI::EndByRequest);
     // A log-out asks nothing: the session may end before anybody has answered.

@@ -1,7 +1,9 @@
 #include "desktop/ChildProcess.h"
 
 #include <csignal>
+#include <fstream>
 #include <stdexcept>
+#include <string>
 #include <sys/prctl.h>
 #include <sys/wait.h>
 #include <thread>
@@ -46,6 +48,22 @@ bool ChildProcess::IsRunning() {
 
 void ChildProcess::Signal(int number) const {
     kill(id, number);
+}
+
+void ChildProcess::SpoilHeap(char byte) const {
+    const std::string process = "/proc/" + std::to_string(id);
+    std::ifstream maps(process + "/maps");
+    std::fstream memory(process + "/mem", std::ios::in | std::ios::out | std::ios::binary);
+    for (std::string line; std::getline(maps, line);) {
+        if (line.find("[heap]") == std::string::npos)
+            continue;
+        const auto first = std::stoull(line, nullptr, 16);
+        const auto last = std::stoull(line.substr(line.find('-') + 1), nullptr, 16);
+        memory.seekp(static_cast<std::streamoff>(first));
+        memory << std::string(last - first, byte) << std::flush;
+    }
+    if (!memory)
+        throw std::runtime_error("the heap cannot be written to");
 }
 
 std::optional<int> ChildProcess::ExitStatus(std::chrono::milliseconds patience) {

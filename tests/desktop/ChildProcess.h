@@ -20,6 +20,8 @@ public:
     std::optional<int> ExitStatus(std::chrono::milliseconds patience);
     bool IsRunning();
     void Signal(int number) const;
+    /// Overwrites everything that it has allocated.
+    void SpoilHeap(char byte) const;
 
 private:
     pid_t id = -1;

@@ -1,6 +1,7 @@
 #include "desktop/ProgramStory.h"
 #include "desktop/SessionManager.h"
 
+#include <algorithm>
 #include <csignal>
 #include <cstdlib>
 #include <gmock/gmock.h>
@@ -12,15 +13,33 @@ class RecoveryStory : public ProgramStory {
 protected:
     RecoveryStory() {
         setenv("XDG_STATE_HOME", (folder.Path() / "state").c_str(), 1);
+        setenv("STRATIVO_KEEP_INTERVALS", "200,1000", 1);
         folder.Write("work/wall.con", original);
     }
-    ~RecoveryStory() override { unsetenv("XDG_STATE_HOME"); }
+    ~RecoveryStory() override {
+        unsetenv("XDG_STATE_HOME");
+        unsetenv("STRATIVO_KEEP_INTERVALS");
+    }
 
     void StartAndChange() {
         Start({"wall.con"});
         WaitForActive(mainTitle);
         Press(Key::home);
         Press(Key::del);
+    }
+
+    int Copies() const {
+        const std::filesystem::path copies = folder.Path() / "state/strativo/recovery";
+        if (!std::filesystem::exists(copies))
+            return 0;
+        const std::filesystem::directory_iterator entries(copies);
+        return static_cast<int>(std::count_if(begin(entries), end(entries), [](const auto& entry) {
+            return entry.path().extension() == ".copy";
+        }));
+    }
+
+    void WaitForCopy() {
+        WaitFor("the copy", [this] { return Copies() == 1; });
     }
 
     void ExpectTheChangeIsOffered() { ExpectIsOffered(changed); }
@@ -61,17 +80,38 @@ protected:
 
 class CrashStory : public RecoveryStory, public testing::WithParamInterface<int> {};
 
-TEST_P(CrashStory, KeepsTheChangesAndOffersThemOnce) {
+TEST_P(CrashStory, TakesNothingOfWhatWasDoneASecondAgo) {
     StartAndChange();
+    WaitForCopy();
     program->Signal(GetParam());
-    EXPECT_EQ(program->ExitStatus(patience), std::nullopt);
+    if (program->ExitStatus(std::chrono::seconds(2)) == std::nullopt && program->IsRunning()) {
+        program->Signal(SIGKILL); // there are signals that the program does not end by
+        program->ExitStatus(patience);
+    }
     EXPECT_FALSE(program->IsRunning());
     ExpectTheChangeIsOffered();
     ExpectNothingIsOffered();
 }
 
 INSTANTIATE_TEST_SUITE_P(Signals, CrashStory,
-                         testing::Values(SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGABRT));
+                         testing::Values(SIGQUIT, SIGILL, SIGTRAP, SIGABRT, SIGBUS, SIGFPE, SIGKILL,
+                                         SIGUSR1, SIGSEGV, SIGUSR2, SIGPIPE, SIGALRM, SIGSTKFLT,
+                                         SIGXCPU, SIGXFSZ, SIGVTALRM, SIGPROF));
+
+class SpoiltHeapStory : public RecoveryStory, public testing::WithParamInterface<char> {};
+
+TEST_P(SpoiltHeapStory, EndsTheProgramAndTakesNothingOfWhatWasDoneASecondAgo) {
+    StartAndChange();
+    WaitForCopy();
+    program->SpoilHeap(GetParam());
+    Press(Key::down);
+    EXPECT_EQ(program->ExitStatus(patience), std::nullopt);
+    EXPECT_FALSE(program->IsRunning());
+    ExpectTheChangeIsOffered();
+}
+
+INSTANTIATE_TEST_SUITE_P(Bytes, SpoiltHeapStory,
+                         testing::Values('\0', '\x01', 'A', '\x80', '\xFF'));
 
 class EndRequestStory : public RecoveryStory, public testing::WithParamInterface<int> {};
 
@@ -84,8 +124,9 @@ TEST_P(EndRequestStory, EndsTheProgramWithoutAQuestionAndKeepsTheChanges) {
 
 INSTANTIATE_TEST_SUITE_P(Signals, EndRequestStory, testing::Values(SIGTERM, SIGHUP, SIGINT));
 
-TEST_F(RecoveryStory, ALostDisplayKeepsTheChanges) {
+TEST_F(RecoveryStory, ALostDisplayTakesNothingOfWhatWasDoneASecondAgo) {
     StartAndChange();
+    WaitForCopy();
     Screen().CutOff(MainWindow());
     EXPECT_NE(program->ExitStatus(patience), std::nullopt);
     ExpectTheChangeIsOffered();
@@ -109,28 +150,56 @@ TEST_F(RecoveryStory, AfterALogOutThatIsCancelledSavedWorkIsNotOffered) {
     Press({Key::alt, KeyOf('f')});
     Press(KeyOf('s'));
     WaitForFile("wall.con", changed);
-    WaitFor("the copy's end", [&] { return std::filesystem::is_empty("../state/strativo"); });
+    WaitFor("the copy's end", [this] { return Copies() == 0; });
     program->Signal(SIGKILL);
     EXPECT_EQ(program->ExitStatus(patience), std::nullopt);
     ExpectNothingIsOffered();
 }
 
-TEST_F(RecoveryStory, AfterALogOutThatIsCancelledALostDisplayKeepsTheLatestChange) {
-    SessionManager session;
+TEST_F(RecoveryStory, WorkIsOfferedAgainUntilTheQuestionIsAnswered) {
     StartAndChange();
-    ASSERT_TRUE(session.PrepareLogOut());
-    session.CancelLogOut();
-    Press(Key::del);
-    Screen().CutOff(MainWindow());
-    EXPECT_NE(program->ExitStatus(patience), std::nullopt);
-    ExpectIsOffered(Pair({Plaster(1)}, {}));
+    WaitForCopy();
+    program->Signal(SIGKILL);
+    program->ExitStatus(patience);
+    for (const int ending : {SIGKILL, SIGTERM}) {
+        Start();
+        WaitForActive("Recovered project");
+        program->Signal(ending);
+        program->ExitStatus(patience);
+    }
+    ExpectTheChangeIsOffered();
+    ExpectNothingIsOffered();
+}
+
+TEST_F(RecoveryStory, RefusedWorkIsNotOfferedAgain) {
+    StartAndChange();
+    program->Signal(SIGTERM);
+    EXPECT_EQ(program->ExitStatus(patience), 0);
+    Start();
+    WaitForActive("Recovered project");
+    Press({Key::alt, KeyOf('n')});
+    WaitForActive(mainTitle);
+    Quit();
+    ExpectNothingIsOffered();
+}
+
+TEST_F(RecoveryStory, AStartWithAnotherFileDoesNotAsk) {
+    StartAndChange();
+    program->Signal(SIGTERM);
+    EXPECT_EQ(program->ExitStatus(patience), 0);
+    folder.Write("work/other.con", original);
+    Start({"other.con"});
+    WaitForActive(mainTitle);
+    Quit();
+    ExpectTheChangeIsOffered();
 }
 
 TEST_F(RecoveryStory, AProgramWithoutChangesKeepsNothing) {
     Start({"wall.con"});
     WaitForActive(mainTitle);
-    program->Signal(SIGSEGV);
-    EXPECT_EQ(program->ExitStatus(patience), std::nullopt);
+    program->Signal(SIGTERM);
+    EXPECT_EQ(program->ExitStatus(patience), 0);
+    EXPECT_EQ(Copies(), 0);
     ExpectNothingIsOffered();
 }
 

@@ -141,6 +141,13 @@ TEST_F(ProjectSnapshot, TheNextConstructionTakesTheSlotOfTheRemovedOne) {
     EXPECT_EQ(FirstFreeConstructionSlot(read), 2);
 }
 
+TEST_F(ProjectSnapshot, DroppedCommentsLeaveNoTrace) {
+    const std::string bytes = Bytes();
+    project.comments.constructions.Add(7, "of the last");
+    project.comments.constructions.Drop(7);
+    EXPECT_EQ(Bytes(), bytes);
+}
+
 TEST_F(ProjectSnapshot, IsRefusedForEachSingleByteThatIsAnother) {
     const std::string bytes = Bytes();
     for (std::size_t at = 0; at < bytes.size(); ++at) {

@@ -53,8 +53,8 @@ const EventKind& Pick(Dice& dice, const EventKinds& kinds) {
 
 } // namespace
 
-Monkey::Monkey(unsigned seed, int events, Journal& journal)
-    : wantedEvents(events), stage{Dice(seed), journal, world, {}} {}
+Monkey::Monkey(unsigned seed, int events, Journal& journal, EditLog* log)
+    : wantedEvents(events), editLog(log), stage{Dice(seed), journal, world, {}} {}
 
 void Monkey::Run() {
     QTimer::singleShot(0, this, &Monkey::Step);
@@ -77,6 +77,8 @@ void Monkey::Sit() {
     if (!program->HasEnded())
         QApplication::exec();
     CheckEnd();
+    if (editLog != nullptr)
+        editLog->Note(0, false);
     stage.program = nullptr;
     program.reset();
     // The end of the program stops every event loop to come until the next start.

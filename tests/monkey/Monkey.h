@@ -1,5 +1,6 @@
 #pragma once
 
+#include "EditLog.h"
 #include "Stage.h"
 
 #include <QObject>
@@ -12,7 +13,8 @@ namespace strativo::monkey {
 /// which have loops of their own, are answered like everything else.
 class Monkey : public QObject {
 public:
-    Monkey(unsigned seed, int events, Journal& journal);
+    /// The log, if there is one, is told of each content of the project.
+    Monkey(unsigned seed, int events, Journal& journal, EditLog* log = nullptr);
 
     /// Sits down at the program, and again when it has ended, until all events have happened.
     void Run();
@@ -29,10 +31,12 @@ private:
     void Check();
     void CountStates();
     void CheckSaved();
+    void CheckSnapshot();
     void CheckEnd();
     const EventKinds* Kinds();
 
     int wantedEvents;
+    EditLog* editLog;
     World world;
     Stage stage;
     std::unique_ptr<UValueMDI> program;

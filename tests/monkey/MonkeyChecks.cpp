@@ -3,12 +3,14 @@
 #include "calc/Relink.h"
 #include "files/ConstructionWriter.h"
 #include "files/FileAccess.h"
+#include "files/ProjectSnapshot.h"
 #include "fuzz/FuzzPrompts.h"
 #include "fuzz/Invariants.h"
 #include "fuzz/ReadsBack.h"
 #include "project/ReadBack.h"
 #include "ui/WINFORM.h"
 #include "ui/WindowArea.h"
+#include "ui/WorkWatch.h"
 
 #include <QApplication>
 
@@ -46,11 +48,15 @@ bool CanBeLinked(Project project) {
 } // namespace
 
 void Monkey::Check() {
-    fuzz::RequireInvariants(program->TheProject());
+    const Project& project = program->TheProject();
+    if (editLog != nullptr)
+        editLog->Note(ContentDigest(project), program->Watch().Keeper().IsUnsaved(project));
+    fuzz::RequireInvariants(project);
     const bool isIdle = depth == 1;
     if (!isIdle)
         return;
     RequireWindows(*program);
+    CheckSnapshot();
     CheckSaved();
     CountStates();
 }
@@ -75,6 +81,14 @@ void Monkey::CountStates() {
     if (project.userLoaded)
         journal.Reach("user library loaded");
     journal.Reach(project.changed ? "unsaved changes" : "no unsaved changes");
+}
+
+/// Whatever the project is, a recovery copy of it comes back as the same.
+void Monkey::CheckSnapshot() {
+    const std::string bytes = WriteSnapshot(program->TheProject(), {});
+    Project read;
+    ReadSnapshot(bytes, read);
+    Require(WriteSnapshot(read, {}) == bytes, "a snapshot holds the project");
 }
 
 /// A file that is another one than the last time was written by the program.
@@ -106,8 +120,9 @@ void Monkey::CheckEnd() {
         Require(depth == 0, "no event is left open at the end");
         fuzz::RequireInvariants(project);
         CheckSaved();
-        Require(!program->HasEnded() || !project.changed || world.HasRecoveryCopy(),
-                "unsaved changes are kept when the program ends without asking");
+        const bool hasWork = program->Watch().Keeper().IsUnsaved(project);
+        Require(!program->HasEnded() || !hasWork || world.HasRecoveryCopy(),
+                "unsaved work is kept when the program ends without asking");
         for (const QWidget* window : QApplication::topLevelWidgets())
             Require(!isUsers || window == program.get() || window->isHidden(),
                     "no window is left at the end");
@@ -118,7 +133,7 @@ void Monkey::CheckEnd() {
         stage.journal.Reach("ended by its user");
     if (program->HasEnded() && !stage.sessionEnding)
         stage.journal.Reach("ended by itself");
-    if (program->HasEnded() && project.changed)
+    if (program->HasEnded() && program->Watch().Keeper().IsUnsaved(project))
         stage.journal.Reach("recovery copies kept");
 }
 

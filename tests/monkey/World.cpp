@@ -173,11 +173,11 @@ void World::Know(const std::string& path) {
 }
 
 bool World::HasRecoveryCopy() const {
-    const fs::path copies = folder.Path() / "state/strativo";
+    const fs::path copies = folder.Path() / "state/strativo/recovery";
     if (!fs::exists(copies))
         return false;
     for (const auto& entry : fs::directory_iterator(copies))
-        if (entry.path().filename().string().starts_with("recovery-"))
+        if (entry.path().extension() == ".copy")
             return true;
     return false;
 }

@@ -1,3 +1,4 @@
+#include "Kills.h"
 #include "Monkey.h"
 
 #include <QApplication>
@@ -6,6 +7,7 @@
 #include <charconv>
 #include <iomanip>
 #include <iostream>
+#include <limits>
 #include <string_view>
 
 namespace {
@@ -17,6 +19,7 @@ struct Options {
     int seeds = 1;
     int events = 5000;
     bool verbose = false;
+    KillOptions killing;
 };
 
 template <class Number>
@@ -38,6 +41,12 @@ bool Read(char** arguments, Options& options) {
             isGood = Take(*++argument, options.seeds);
         else if (name == "--events")
             isGood = Take(*++argument, options.events);
+        else if (name == "--kills")
+            isGood = Take(*++argument, options.killing.kills);
+        else if (name == "--after-last")
+            isGood = Take(*++argument, options.killing.afterLast);
+        else if (name == "--after-first")
+            isGood = Take(*++argument, options.killing.afterFirst);
         else
             isGood = false;
         if (!isGood)
@@ -107,22 +116,53 @@ void HandleToolkitMessage(QtMsgType, const QMessageLogContext&, const QString& m
 
 } // namespace
 
-/// window-monkey [--seed N] [--seeds COUNT] [--events M] [--verbose]: lets a random user loose on
-/// the windows, M events for each seed from N on.
-int main(int argc, char** argv) {
-    Options options;
-    if (!Read(argv, options)) {
-        std::cerr << "usage: window-monkey [--seed N] [--seeds COUNT] [--events M] [--verbose]\n";
-        return 2;
-    }
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
+/// What is there before the first window. The resources' macro stands in no namespace.
+static void PrepareToolkit() {
     Q_INIT_RESOURCE(strativo);
     QFont font = QApplication::font();
     font.setPointSizeF(8.25);
     QApplication::setFont(font);
     QApplication::setKeyboardInputInterval(0); // keys in lists do not depend on the machine's speed
     qInstallMessageHandler(HandleToolkitMessage);
+}
+
+namespace {
+
+/// A user who is never done, with all his files in the folder.
+void WorkWithoutEnd(unsigned seed, const std::string& folder) {
+    setenv("TMPDIR", folder.c_str(), 1);
+    setenv("XDG_RUNTIME_DIR", folder.c_str(), 1);
+    std::string name = "window-monkey";
+    char* arguments[] = {name.data(), nullptr};
+    int count = 1;
+    QApplication application(count, arguments);
+    PrepareToolkit();
+    WatchForCrashes();
+    Journal journal(seed, false);
+    EditLog log(LogIn(folder));
+    Monkey(seed, std::numeric_limits<int>::max(), journal, &log).Run();
+}
+
+} // namespace
+
+/// window-monkey [--seed N] [--seeds COUNT] [--events M] [--verbose]: lets a random user loose on
+/// the windows, M events for each seed from N on.
+/// window-monkey --kills COUNT [--seed N] [--after-last MS] [--after-first MS]: kills that many
+/// users at random times, and tells what was lost of their work.
+int main(int argc, char** argv) {
+    Options options;
+    if (!Read(argv, options)) {
+        std::cerr << "usage: window-monkey [--seed N] [--seeds COUNT] [--events M] [--verbose]\n"
+                     "       window-monkey --kills COUNT [--seed N] [--after-last MS] "
+                     "[--after-first MS]\n";
+        return 2;
+    }
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    options.killing.seed = options.seed;
+    if (options.killing.kills > 0)
+        return KillRandomly(options.killing, WorkWithoutEnd) == 0 ? 0 : 1;
+    QApplication application(argc, argv);
+    PrepareToolkit();
     WatchForCrashes();
     return Run(options);
 }
