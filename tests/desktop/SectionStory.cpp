@@ -14,18 +14,20 @@ protected:
     SectionWindow* Section() const {
         return window->findChild<SectionWindow*>(QStringLiteral("SectionWindow"));
     }
-    bool IsOpen() {
-        return InGui([this] { return Section() != nullptr && Section()->isVisible(); });
+    // In the windows' thread only.
+    bool IsOpen() const { return Section() != nullptr && Section()->isVisible(); }
+    std::string Figures() const {
+        auto* figures = Section()->findChild<QPlainTextEdit*>(QStringLiteral("Figures"));
+        return figures->toPlainText().toStdString();
     }
-    std::string Heading() {
-        return InGui([this] {
-            return Section()->findChild<QLabel*>(QStringLiteral("Heading"))->text().toStdString();
-        });
+    std::string Heading() const {
+        return Section()->findChild<QLabel*>(QStringLiteral("Heading"))->text().toStdString();
     }
-    std::string Figures() {
-        return InGui([this] {
-            auto* figures = Section()->findChild<QPlainTextEdit*>(QStringLiteral("Figures"));
-            return figures->toPlainText().toStdString();
+
+    void WaitForSection(const std::string& heading, const std::string& figures) {
+        WaitFor("the section to show " + figures, [&] {
+            return IsOpen() && Heading().find(heading) != std::string::npos
+                   && Figures().find(figures) != std::string::npos;
         });
     }
     /// Brings the section where it hides neither construction.
@@ -38,32 +40,26 @@ protected:
         });
         WaitForInput();
     }
-    void WaitForFigures(const std::string& part) {
-        WaitFor("the section to show " + part,
-                [&] { return Figures().find(part) != std::string::npos; });
-    }
 };
 
 TEST_F(SectionStory, TheKeyF9ShowsTheSectionWhichFollowsTheWork) {
     Open();
     Click(LayerRow(1, 0));
     Press(Key::f9);
-    WaitFor("the section", [this] { return IsOpen(); });
-    EXPECT_NE(Heading().find("Construction 1  First  (Opaque)"), std::string::npos);
-    EXPECT_NE(Figures().find("    1 FACE BRICK"), std::string::npos);
+    WaitForSection("Construction 1  First  (Opaque)", "    1 FACE BRICK");
     EXPECT_EQ(ActiveWindow(), 1);
     PutAside();
 
     Click(LayerRow(1, 1));
     Enter("140");
-    WaitForFigures("BLOCK                            140.0");
+    WaitForSection("Construction 1  First", "BLOCK                            140.0");
     Click(LayerRow(2, 0));
-    WaitForFigures("INSULATION");
-    EXPECT_NE(Heading().find("Construction 2  Second"), std::string::npos);
+    WaitForSection("Construction 2  Second", "INSULATION");
 
     ChooseMenu("Filemenu", "SaveProject");
     EXPECT_NE(Read("pair.con").find("0.140"), std::string::npos);
-    EXPECT_TRUE(IsOpen()) << "the section does not go with what the main window does";
+    EXPECT_TRUE(InGui([this] { return IsOpen(); }))
+        << "the section does not go with what the main window does";
 }
 
 } // namespace strativo
