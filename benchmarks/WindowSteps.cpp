@@ -64,9 +64,11 @@ public:
         Open(2, "open1000");
         MeasureActivation("again1000", 1000);
         MeasureFirstActivation();
-        MeasureKeys();
+        MeasureDigits(1000);
+        Note("enter", EnterTime(1000));
         MeasureRemoval();
         Open(3, "open5000");
+        Note("enter5000", EnterTime(5000));
         MeasureStall();
         if (print)
             std::printf("%s\n", line.c_str());
@@ -116,6 +118,7 @@ private:
     void MeasureFew() {
         OpenTime(0);
         MeasureActivation("again10", 10);
+        Note("enter10", EnterTime(10));
     }
 
     void MeasureFirstActivation() {
@@ -125,24 +128,40 @@ private:
         Note("first1000", Median(times));
     }
 
-    void PressEnter(QWidget* field) { QTest::keyClick(field, Qt::Key_Return); }
+    QLineEdit* ThicknessField(int number) {
+        window.Area().Activate(number);
+        return window.ConstructionWindow(number)->findChild<QLineEdit*>(
+            QStringLiteral("EditThick"));
+    }
 
-    void MeasureKeys() {
-        window.Area().Activate(1000);
-        auto* field =
-            window.ConstructionWindow(1000)->findChild<QLineEdit*>(QStringLiteral("EditThick"));
-        std::vector<double> digits;
-        std::vector<double> enters;
+    static void SelectAll(QLineEdit* field) {
+        field->setFocus();
+        field->selectAll();
+        Settle();
+    }
+
+    void MeasureDigits(int number) {
+        QLineEdit* field = ThicknessField(number);
+        std::vector<double> times;
         for (int i = 0; i < 30; ++i) {
-            field->setFocus();
-            field->selectAll();
-            Settle();
-            digits.push_back(TimeOf([&] { QTest::keyClick(field, Qt::Key_1); }));
-            digits.push_back(TimeOf([&] { QTest::keyClick(field, Qt::Key(Qt::Key_0 + i % 10)); }));
-            enters.push_back(TimeOf([&] { PressEnter(field); }));
+            SelectAll(field);
+            times.push_back(TimeOf([&] { QTest::keyClick(field, Qt::Key_1); }));
+            times.push_back(TimeOf([&] { QTest::keyClick(field, Qt::Key(Qt::Key_0 + i % 10)); }));
         }
-        Note("digit", Median(digits));
-        Note("enter", Median(enters));
+        Note("digit", Median(times));
+    }
+
+    /// From Enter in the thickness field until the list is painted, a new value each time.
+    double EnterTime(int number) {
+        QLineEdit* field = ThicknessField(number);
+        std::vector<double> times;
+        for (int i = 0; i < 30; ++i) {
+            SelectAll(field);
+            QTest::keyClicks(field, QString::number(10 + i % 10));
+            Settle();
+            times.push_back(TimeOf([&] { QTest::keyClick(field, Qt::Key_Return); }));
+        }
+        return Median(times);
     }
 
     void MeasureRemoval() {
