@@ -46,12 +46,10 @@ public:
         WriteNotes();
         ForEachConstruction(
             [&](int number) { WriteReportConstruction(out, project, number, details); });
-        for (int number = 1; number <= project.glassTypes.Size(); ++number)
-            if (!project.glassTypes[number].name.empty())
-                WriteReportGlassType(out, project, number);
-        for (int number = 1; number <= project.glassTypes2D.Size(); ++number)
-            if (!project.glassTypes2D[number].name.empty())
-                WriteReportGlassType2D(out, project, number);
+        for (const int number : NamedGlassTypes(project.glassTypes))
+            WriteReportGlassType(out, project, number);
+        for (const int number : NamedGlassTypes(project.glassTypes2D))
+            WriteReportGlassType2D(out, project, number);
         WriteFindings();
         out << "</body>\n</html>\n";
     }
@@ -59,9 +57,8 @@ public:
 private:
     template <class Action>
     void ForEachConstruction(Action action) {
-        for (int number = 1; number <= project.constructions.Size(); ++number)
-            if (InUse(project, number))
-                action(number);
+        for (const int number : ConstructionsInUse(project))
+            action(number);
     }
 
     void WriteAboutRow(const char* label, const std::string& html) {

@@ -105,10 +105,8 @@ private:
             WriteHead("Solar absorption", "");
         out << "</tr></thead>\n<tbody>\n";
         ArealSums total;
-        for (int slot = 1; slot <= construction.layers.HighestUsed(); ++slot) {
+        for (const int slot : FilledSlots(construction)) {
             const Layer& layer = construction.layers[slot];
-            if (layer.name.empty())
-                continue;
             const ArealSums sums = ArealSumsOf(layer);
             total.mass += sums.mass;
             total.heatCapacity += sums.heatCapacity;

@@ -20,9 +20,8 @@ public:
     ThermalShow(std::ostream& stream, const ThermalChoice& asked) : out(stream), choice(asked) {}
 
     void ShowProject(const Project& project) {
-        for (int number = 1; number <= project.constructions.Size(); ++number)
-            if (InUse(project, number))
-                ShowConstruction(project.constructions[number], number);
+        for (const int number : ConstructionsInUse(project))
+            ShowConstruction(project.constructions[number], number);
     }
 
     void ShowNote() {
@@ -57,9 +56,7 @@ void WriteConditions(JsonWriter& writer, const ThermalConditions& conditions) {
 void WriteConstructions(JsonWriter& writer, const Project& project, const ThermalChoice& choice) {
     writer.Key("constructions");
     writer.Begin('[');
-    for (int number = 1; number <= project.constructions.Size(); ++number) {
-        if (!InUse(project, number))
-            continue;
+    for (const int number : ConstructionsInUse(project)) {
         const Construction& construction = project.constructions[number];
         Json json = {
             {"number", number}, {"name", ToUtf8(construction.name)}, {"type", construction.type}};

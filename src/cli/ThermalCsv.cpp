@@ -83,9 +83,7 @@ void WriteThermalCsvHead(std::ostream& out) {
 void WriteThermalCsvRows(std::ostream& out, const Project& project, const std::string& file,
                          const ThermalChoice& choice) {
     const AirTemperatures air = choice.conditions.air;
-    for (int number = 1; number <= project.constructions.Size(); ++number) {
-        if (!InUse(project, number))
-            continue;
+    for (const int number : ConstructionsInUse(project)) {
         const Construction& construction = project.constructions[number];
         const auto [layers, reason] = ThermalLayersOf(construction, choice.conditions.firstLayer);
         for (const HeatFlow flow : choice.flows) {

@@ -31,9 +31,8 @@ public:
 
     void Run() {
         WriteLibraries();
-        for (int number = 1; number <= project.constructions.Size(); ++number)
-            if (InUse(project, number))
-                WriteConstruction(number);
+        for (const int number : ConstructionsInUse(project))
+            WriteConstruction(number);
         WriteGlassTypes(project.glassTypes, project.comments.glassTypes, "!WINDOW = '");
         WriteGlassTypes(project.glassTypes2D, project.comments.glassTypes2D, "!WINDOW 2D = '");
         WriteComments(project.comments.noSection);
@@ -71,9 +70,8 @@ private:
         Line(transparent ? "!TYPE TRANSPARENT" : "!TYPE OPAQUE");
         WriteComments(project.comments.constructions.Of(number));
         Line("!PARTS");
-        for (int slot = 1; slot <= construction.layers.HighestUsed(); ++slot)
-            if (!construction.layers[slot].name.empty())
-                WritePart(construction.layers[slot], slot, transparent);
+        for (const int slot : FilledSlots(construction))
+            WritePart(construction.layers[slot], slot, transparent);
         Line("!END");
         Line("");
     }
@@ -122,10 +120,8 @@ private:
     template <class Glass>
     void WriteGlassTypes(const NumberedList<Glass>& types, const OwnedComments& comments,
                          std::string_view keyword) {
-        for (int number = 1; number <= types.Size(); ++number) {
+        for (const int number : NamedGlassTypes(types)) {
             const Glass& type = types[number];
-            if (type.name.empty())
-                continue;
             Line(keyword, type.name, "'");
             WriteComments(comments.Of(number));
             Line("!TRANSMISSION =");

@@ -42,9 +42,7 @@ public:
     void Run() {
         const std::vector<int> zeroThickness = ZeroThicknessConstructions(project);
         const std::vector<int> zeroAbsorption = ZeroAbsorptionConstructions(project);
-        for (int number = 1; number <= project.constructions.Size(); ++number) {
-            if (!InUse(project, number))
-                continue;
+        for (const int number : ConstructionsInUse(project)) {
             if (std::binary_search(zeroThickness.begin(), zeroThickness.end(), number))
                 Add("zero-thickness", number, "at least one zero thickness");
             if (std::binary_search(zeroAbsorption.begin(), zeroAbsorption.end(), number))
@@ -82,10 +80,8 @@ private:
 
     void CheckLayers(int number) {
         const Construction& construction = project.constructions[number];
-        for (int slot = 1; slot <= construction.layers.HighestUsed(); ++slot) {
+        for (const int slot : FilledSlots(construction)) {
             const Layer& layer = construction.layers[slot];
-            if (layer.name.empty())
-                continue;
             const bool user = layer.library == userLibraryNumber;
             const bool linked = (user ? userCodes : standardCodes).contains(layer.materialCode);
             for (const BrokenRule& rule : RulesBrokenByLayer(layer, construction.type, linked))
@@ -143,10 +139,8 @@ public:
         : types(source), kind(kindName), findings(target) {}
 
     void Run() {
-        for (int number = 1; number <= types.Size(); ++number) {
+        for (const int number : NamedGlassTypes(types)) {
             const Glass& type = types[number];
-            if (type.name.empty())
-                continue;
             if (!names.insert(type.name).second)
                 Add("duplicate-glass-name", number, "an earlier one has this name too");
             CheckRange(number, "transmission", type.transmission);
