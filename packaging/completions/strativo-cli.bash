@@ -2,9 +2,10 @@
 
 _strativo_cli() {
     local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]}
-    local commands="show check rewrite import-glass report thermal materials"
+    local commands="show check rewrite import-glass build export report thermal library materials"
     local options="--standard --user-library --json --user --sort --csv --thermal --inside --outside
-        --flow --rsi --rse --first-layer --output --strict --rule --no-rule --help --version"
+        --flow --rsi --rse --first-layer --jsonl --jobs --files-from --null --dry-run --force --format
+        --opaque-only --output --strict --rule --no-rule --help --version"
     local rules="zero-thickness zero-absorption unlinked-material unknown-cavity no-layers
         duplicate-glass-name glass-value-range glass-energy-balance density-heat-swapped
         thickness-range negative-value u-range thin-conductive absorption-range absorption-sum
@@ -24,11 +25,19 @@ _strativo_cli() {
         mapfile -t COMPREPLY < <(compgen -W "horizontal up down all" -- "$current")
         return
         ;;
+    --format)
+        mapfile -t COMPREPLY < <(compgen -W "epjson" -- "$current")
+        return
+        ;;
     --first-layer)
         mapfile -t COMPREPLY < <(compgen -W "outside inside" -- "$current")
         return
         ;;
-    --inside | --outside | --rsi | --rse)
+    --inside | --outside | --rsi | --rse | --jobs)
+        return
+        ;;
+    --files-from | --output | -o)
+        mapfile -t COMPREPLY < <(compgen -f -- "$current")
         return
         ;;
     --standard | --user-library)
@@ -48,6 +57,8 @@ _strativo_cli() {
     "") mapfile -t COMPREPLY < <(compgen -W "$commands" -- "$current") ;;
     materials) mapfile -t COMPREPLY < <(compgen -f -X '!*.[lL][bB][yY]' -- "$current"; compgen -d -- "$current") ;;
     check) mapfile -t COMPREPLY < <(compgen -f -X '!*.@([cC][oO][nN]|[lL][bB][yY])' -- "$current"; compgen -d -- "$current") ;;
+    build) mapfile -t COMPREPLY < <(compgen -f -X '!*.[jJ][sS][oO][nN]' -- "$current"; compgen -f -X '!*.[cC][oO][nN]' -- "$current"; compgen -d -- "$current") ;;
+    library) mapfile -t COMPREPLY < <(compgen -f -X '!*.[cC][sS][vV]' -- "$current"; compgen -f -X '!*.[lL][bB][yY]' -- "$current"; compgen -d -- "$current") ;;
     *) mapfile -t COMPREPLY < <(compgen -f -X '!*.[cC][oO][nN]' -- "$current"; compgen -d -- "$current") ;;
     esac
 }

@@ -1,7 +1,7 @@
 # fish completion for strativo and strativo-cli
 
 set -l rules zero-thickness zero-absorption unlinked-material unknown-cavity no-layers duplicate-glass-name glass-value-range glass-energy-balance density-heat-swapped thickness-range negative-value u-range thin-conductive absorption-range absorption-sum duplicate-name rounded-thickness cavity-resistance conductivity-range density-range heat-range no-conductivity no-heat-storage line-not-read too-many-materials duplicate-code code-range reserved-name empty-name name-changed name-cut text-after-number undefined-byte
-set -l commands show check rewrite import-glass report thermal materials
+set -l commands show check rewrite import-glass build export report thermal library materials
 
 complete -c strativo -k -x -a "(__fish_complete_suffix .con)"
 complete -c strativo-cli -f
@@ -9,15 +9,28 @@ complete -c strativo-cli -n "not __fish_seen_subcommand_from $commands" -a show 
 complete -c strativo-cli -n "not __fish_seen_subcommand_from $commands" -a check -d "Print findings"
 complete -c strativo-cli -n "not __fish_seen_subcommand_from $commands" -a rewrite -d "Read one file and write another"
 complete -c strativo-cli -n "not __fish_seen_subcommand_from $commands" -a import-glass -d "Import glass definitions"
+complete -c strativo-cli -n "not __fish_seen_subcommand_from $commands" -a build -d "A construction file from JSON"
+complete -c strativo-cli -n "not __fish_seen_subcommand_from $commands" -a export -d "Write a format of another program"
+complete -c strativo-cli -n "not __fish_seen_subcommand_from $commands" -a library -d "A material library from a table"
 complete -c strativo-cli -n "not __fish_seen_subcommand_from $commands" -a report -d "One HTML page to print"
 complete -c strativo-cli -n "not __fish_seen_subcommand_from $commands" -a thermal -d "What constructions do to heat"
 complete -c strativo-cli -n "not __fish_seen_subcommand_from $commands" -a materials -d "List a material library"
 complete -c strativo-cli -n "__fish_seen_subcommand_from materials check" -k -a "(__fish_complete_suffix .lby)"
-complete -c strativo-cli -n "__fish_seen_subcommand_from show check rewrite import-glass report thermal" -k -a "(__fish_complete_suffix .con)"
-complete -c strativo-cli -n "__fish_seen_subcommand_from materials check" -l user -d "The library has the user layout"
+complete -c strativo-cli -n "__fish_seen_subcommand_from show check rewrite import-glass export report thermal" -k -a "(__fish_complete_suffix .con)"
+complete -c strativo-cli -n "__fish_seen_subcommand_from build" -k -a "(__fish_complete_suffix .json)"
+complete -c strativo-cli -n "__fish_seen_subcommand_from library" -k -a "(__fish_complete_suffix .csv)"
+complete -c strativo-cli -n "__fish_seen_subcommand_from build library" -s n -l dry-run -d "Write nothing"
+complete -c strativo-cli -n "__fish_seen_subcommand_from build" -l force -d "Write names too that a reader would not get back"
+complete -c strativo-cli -n "__fish_seen_subcommand_from export" -l format -x -a epjson -d "Format"
+complete -c strativo-cli -n "__fish_seen_subcommand_from export" -l opaque-only -d "Nothing about what is transparent"
+complete -c strativo-cli -n "__fish_seen_subcommand_from show check" -l jsonl -d "A line of JSON for each file"
+complete -c strativo-cli -n "__fish_seen_subcommand_from show check report thermal" -l jobs -x -d "Files at a time"
+complete -c strativo-cli -n "__fish_seen_subcommand_from show check report thermal" -l files-from -r -F -d "More names of files"
+complete -c strativo-cli -n "__fish_seen_subcommand_from show check report thermal" -s 0 -l null -d "Names end with a NUL"
+complete -c strativo-cli -n "__fish_seen_subcommand_from materials check library" -l user -d "The library has the user layout"
 complete -c strativo-cli -n "__fish_seen_subcommand_from materials" -l sort -x -a "name conductivity density specific-heat file" -d "Order"
-complete -c strativo-cli -n "__fish_seen_subcommand_from report" -s o -l output -r -F -d "File to write"
-complete -c strativo-cli -n "__fish_seen_subcommand_from show" -l csv -d "One row per layer"
+complete -c strativo-cli -n "__fish_seen_subcommand_from report export" -s o -l output -r -F -d "File to write"
+complete -c strativo-cli -n "__fish_seen_subcommand_from show materials" -l csv -d "A table"
 complete -c strativo-cli -n "__fish_seen_subcommand_from check" -l strict -d "Exit 1 for warnings too"
 complete -c strativo-cli -n "__fish_seen_subcommand_from check" -l rule -x -a "$rules" -d "Findings of this rule only"
 complete -c strativo-cli -n "__fish_seen_subcommand_from check" -l no-rule -x -a "$rules" -d "No findings of this rule"
@@ -28,7 +41,7 @@ complete -c strativo-cli -n "__fish_seen_subcommand_from thermal report" -l outs
 complete -c strativo-cli -n "__fish_seen_subcommand_from thermal report" -l flow -x -a "horizontal up down all" -d "Direction of heat"
 complete -c strativo-cli -n "__fish_seen_subcommand_from thermal report" -l rsi -x -d "Inside surface resistance"
 complete -c strativo-cli -n "__fish_seen_subcommand_from thermal report" -l rse -x -d "Outside surface resistance"
-complete -c strativo-cli -n "__fish_seen_subcommand_from thermal report" -l first-layer -x -a "outside inside" -d "Side that layer 1 faces"
+complete -c strativo-cli -n "__fish_seen_subcommand_from thermal report export" -l first-layer -x -a "outside inside" -d "Side that layer 1 faces"
 complete -c strativo-cli -l json -d "Machine-readable output"
 complete -c strativo-cli -l standard -r -k -a "(__fish_complete_suffix .lby)" -d "Standard library"
 complete -c strativo-cli -l user-library -r -k -a "(__fish_complete_suffix .lby)" -d "User library"

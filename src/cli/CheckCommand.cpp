@@ -36,7 +36,9 @@ Json JsonOf(const Finding& finding) {
     return json;
 }
 
-void PrintAsJson(JsonWriter& writer, const Session& session, const std::vector<Finding>& findings) {
+void PrintAsJson(JsonLayout layout, std::ostream& out, const Session& session,
+                 const std::vector<Finding>& findings) {
+    JsonWriter writer(out, layout);
     writer.Begin('{');
     WriteFileMembers(writer, session);
     writer.Key("findings");
@@ -119,22 +121,17 @@ int StatusOf(const std::vector<Finding>& findings, const Invocation& call) {
 } // namespace
 
 int Check(const Invocation& call, std::ostream& out, std::ostream& err) {
-    int status = exitAllWell;
-    JsonWriter writer(out);
-    if (call.json)
-        writer.Begin('[');
-    for (const std::string& file : call.operands) {
-        Session session(file, call, err);
+    const bool asJson = call.json || call.jsonLines;
+    const auto check = [&](const std::string& file, std::ostream& fileOut, std::ostream& fileErr) {
+        Session session(file, call, fileErr);
         const std::vector<Finding> findings = FindingsIn(session, call);
-        if (call.json)
-            PrintAsJson(writer, session, findings);
+        if (asJson)
+            PrintAsJson(JsonLayoutOf(call), fileOut, session, findings);
         else
-            PrintAsText(out, session, findings);
-        status = std::max({status, session.Status(), StatusOf(findings, call)});
-    }
-    if (call.json)
-        writer.End(']');
-    return status;
+            PrintAsText(fileOut, session, findings);
+        return std::max(session.Status(), StatusOf(findings, call));
+    };
+    return RunOnFiles(call, asJson ? JsonFrame(call) : OutputFrame(), check, out, err);
 }
 
 } // namespace strativo

@@ -1,10 +1,9 @@
 #include "cli/CommandLine.h"
 
 #include "cli/CommandTable.h"
-#include "cli/Commands.h"
 #include "cli/ExitStatus.h"
 #include "cli/TextOutput.h"
-#include "cli/ThermalOptions.h"
+#include "cli/UsageRules.h"
 #include "files/FileAccess.h"
 #include "files/Finding.h"
 #include "text/RuntimeError.h"
@@ -117,19 +116,15 @@ void CheckOptions(const Arguments& arguments, const Command& command) {
     for (const Option& option : options)
         if (option.list != nullptr)
             CheckRules(option, arguments.call, command);
-    const std::string& key = arguments.call.sortKey;
-    if (!IsSortKey(key))
-        throw WrongUsage("--sort knows no order " + PathToUtf8(key), &command);
-    if (arguments.call.thermal && !arguments.call.json)
-        throw WrongUsage("--thermal needs --json", &command);
-    const std::string fault = ThermalFault(arguments.call);
+    const std::string fault = OptionFault(arguments.call, command);
     if (!fault.empty())
         throw WrongUsage(fault, &command);
 }
 
 void CheckOperands(const Invocation& call, const Command& command) {
     const std::size_t count = call.operands.size();
-    if (count < command.operandCount || (count > command.operandCount && !command.moreOperands))
+    const std::size_t least = call.filesFrom.empty() ? command.operandCount : 0;
+    if (count < least || (count > command.operandCount && !command.moreOperands))
         throw WrongUsage(std::string(command.name) + " takes " + command.operands, &command);
     for (const std::string& operand : call.operands)
         if (operand.empty())

@@ -2,8 +2,8 @@
 
 #include "cli/Invocation.h"
 
-#include <array>
 #include <iosfwd>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -29,7 +29,12 @@ enum OwnOptions : unsigned {
     rseOption = 8192,
     firstLayerOption = 16384,
     thermalConditions =
-        insideOption | outsideOption | flowOption | rsiOption | rseOption | firstLayerOption
+        insideOption | outsideOption | flowOption | rsiOption | rseOption | firstLayerOption,
+    forceOption = 1 << 15,
+    dryRunOption = 1 << 16,
+    exportOption = 1 << 17,
+    manyFilesOption = 1 << 18,
+    jsonLinesOption = 1 << 19
 };
 
 struct Command {
@@ -54,8 +59,8 @@ struct Option {
     std::vector<std::string> Invocation::*list = nullptr;
 };
 
-extern const std::array<Command, 7> commands;
-extern const std::array<Option, 19> options;
+extern const std::span<const Command> commands;
+extern const std::span<const Option> options;
 
 /// The command of that name, or null.
 const Command* FindCommand(std::string_view name);

@@ -8,9 +8,9 @@ namespace strativo {
 /// What the caller asked for, after the command's name was taken off the operands.
 struct Invocation {
     std::vector<std::string> operands;
-    std::string standardLibrary; ///< "" when not given
-    std::string userLibrary;     ///< likewise
-    std::string sortKey = "name";
+    std::string standardLibrary;           ///< "" when not given
+    std::string userLibrary;               ///< likewise
+    std::string sortKey;                   ///< likewise
     std::string output;                    ///< "" for standard output
     std::vector<std::string> rules;        ///< of findings; none: all
     std::vector<std::string> leftOutRules; ///< of findings
@@ -20,11 +20,19 @@ struct Invocation {
     std::string rsi; ///< m2 K/W; "" for that of the direction of flow
     std::string rse; ///< likewise
     std::string firstLayer = "outside";
+    std::string format;    ///< "" when not given
+    std::string jobs;      ///< "" when not given
+    std::string filesFrom; ///< likewise
+    bool nullEnds = false; ///< of the names in filesFrom
+    bool jsonLines = false;
+    bool opaqueOnly = false;
     bool strict = false;
     bool json = false;
     bool csv = false;
     bool thermal = false;
     bool user = false;
+    bool force = false;
+    bool dryRun = false;
     bool help = false;
     bool version = false;
 };

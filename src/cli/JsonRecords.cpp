@@ -97,6 +97,14 @@ Json JsonOfMaterial(const MaterialLibrary& library, int slot) {
             {"line", ToUtf8(FormatMaterialLine(material))}};
 }
 
+OutputFrame JsonFrame(const Invocation& call) {
+    return call.jsonLines ? OutputFrame() : OutputFrame{"[", ",", "\n]\n", "]\n"};
+}
+
+JsonLayout JsonLayoutOf(const Invocation& call) {
+    return call.jsonLines ? JsonLayout::line : JsonLayout::item;
+}
+
 void WriteFileMembers(JsonWriter& writer, const Session& session) {
     Json messages = Json::array();
     for (const Message& message : session.prompts.Messages())

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "cli/JsonWriter.h"
+#include "cli/ManyFiles.h"
 #include "cli/Session.h"
 #include "model/Project.h"
 
@@ -12,6 +13,10 @@ Json JsonOfConstruction(const Project& project, int number);
 Json JsonOfGlassType(const Project& project, int number);
 Json JsonOfGlassType2D(const Project& project, int number);
 Json JsonOfMaterial(const MaterialLibrary& library, int slot);
+
+/// What stands around the documents of several files: they are items of one array, or a line each.
+OutputFrame JsonFrame(const Invocation& call);
+JsonLayout JsonLayoutOf(const Invocation& call);
 
 /// The members that the documents of all commands start with: the file, the messages shown for it
 /// and whether the program ended.

@@ -78,18 +78,20 @@ void JsonWriter::Begin(char bracket) {
 }
 
 void JsonWriter::End(char bracket) {
-    const bool onNewLine = hasItems.back();
+    const bool onNewLine = hasItems.back() && layout != JsonLayout::line;
     hasItems.pop_back();
     if (onNewLine)
         StartLine();
     out << bracket;
-    if (hasItems.empty())
+    if (hasItems.empty() && layout != JsonLayout::item)
         out << '\n';
 }
 
-void JsonWriter::Key(const char* name) {
+void JsonWriter::Key(const std::string& name) {
     StartItem();
-    out << '"' << name << "\": ";
+    text.clear();
+    AppendString(text, name);
+    out << text << ": ";
     afterKey = true;
 }
 
@@ -101,19 +103,29 @@ void JsonWriter::Value(const Json& value) {
 }
 
 void JsonWriter::StartItem() {
-    if (afterKey || hasItems.empty()) {
+    if (afterKey) {
         afterKey = false;
         return;
     }
-    if (hasItems.back())
-        out << ',';
+    if (hasItems.empty()) {
+        if (layout == JsonLayout::item)
+            StartLine();
+        return;
+    }
+    const bool isFirst = !hasItems.back();
     hasItems.back() = true;
+    if (layout == JsonLayout::line) {
+        out << (isFirst ? "" : ", ");
+        return;
+    }
+    out << (isFirst ? "" : ",");
     StartLine();
 }
 
 void JsonWriter::StartLine() {
     constexpr std::size_t indent = 2;
-    out << '\n' << std::string(indent * hasItems.size(), ' ');
+    const std::size_t depth = hasItems.size() + (layout == JsonLayout::item ? 1 : 0);
+    out << '\n' << std::string(indent * depth, ' ');
 }
 
 } // namespace strativo

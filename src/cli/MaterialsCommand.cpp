@@ -1,8 +1,10 @@
 #include "cli/Commands.h"
+#include "cli/ExitStatus.h"
 #include "cli/JsonRecords.h"
 #include "cli/Session.h"
 #include "cli/TextOutput.h"
 #include "edit/MaterialList.h"
+#include "exchange/LibraryTable.h"
 #include "files/LibraryLoading.h"
 
 #include <algorithm>
@@ -69,11 +71,18 @@ void PrintAsJson(std::ostream& out, const Session& session, bool user) {
     writer.End('}');
 }
 
+/// Names stand as they are, so that the library made of the table is the same.
+void PrintAsCsv(std::ostream& out, const Session& session) {
+    if (session.Status() == exitAllWell)
+        out << FormatLibraryTable(Library(session.project, session.project.shownLibrary));
+}
+
 } // namespace
 
 bool IsSortKey(const std::string& key) {
-    return std::any_of(sortOrders.begin(), sortOrders.end(),
-                       [&](const SortOrder& order) { return order.key == key; });
+    return key.empty()
+           || std::any_of(sortOrders.begin(), sortOrders.end(),
+                          [&](const SortOrder& order) { return order.key == key; });
 }
 
 int Materials(const Invocation& call, std::ostream& out, std::ostream& err) {
@@ -82,9 +91,11 @@ int Materials(const Invocation& call, std::ostream& out, std::ostream& err) {
     session.Run([&] { return Load(session, call.user); });
     project.shownLibrary =
         static_cast<std::int16_t>(call.user ? userLibraryNumber : standardLibraryNumber);
-    Sort(project, call.sortKey);
+    Sort(project, call.sortKey.empty() && call.csv ? std::string(asStored) : call.sortKey);
     if (call.json)
         PrintAsJson(out, session, call.user);
+    else if (call.csv)
+        PrintAsCsv(out, session);
     else if (!session.prompts.Ended())
         for (const std::string& line : MaterialLines(project))
             out << ShownText(line) << '\n';

@@ -1,6 +1,8 @@
+#include "cli/CommandTable.h"
 #include "cli/Commands.h"
 #include "cli/ExitStatus.h"
 #include "cli/HtmlReport.h"
+#include "cli/ManyFiles.h"
 #include "cli/Session.h"
 #include "cli/TextOutput.h"
 #include "cli/ThermalOptions.h"
@@ -10,6 +12,8 @@
 #include <cstdlib>
 #include <ctime>
 #include <filesystem>
+#include <map>
+#include <mutex>
 #include <ostream>
 #include <sstream>
 #include <system_error>
@@ -39,47 +43,101 @@ std::string AbsolutePath(const std::string& file) {
     return error ? file : path.lexically_normal().string();
 }
 
-ReportDetails DetailsOf(const Invocation& call, const std::string& file) {
+ReportDetails DetailsOf(const Invocation& call, const std::string& file, const std::string& date) {
     const ThermalChoice choice = ThermalChoiceOf(call);
     ReportDetails details;
     details.file = file;
     details.path = AbsolutePath(file);
-    details.date = DateInWords();
+    details.date = date;
     details.program = "Strativo " STRATIVO_VERSION;
     details.conditions = choice.conditions;
     details.flows = choice.flows;
     return details;
 }
 
-} // namespace
+/// Where the page of each file goes.
+struct Pages {
+    std::map<std::string, std::string> paths; ///< by construction file; "" for standard output
+    std::string fault;                        ///< what keeps it from going there; "" nothing
+};
 
-int WriteReport(const Invocation& call, std::ostream& out, std::ostream& err) {
-    Session session(call.operands[0], call, err);
-    session.Read();
-    if (!session.FileRead())
-        return session.Status();
-    const ReportDetails details = DetailsOf(call, session.file);
-    if (call.output.empty()) {
-        WriteHtmlReport(out, session.project, details);
-        return session.Status();
+/// DIR/NAME.html.
+std::string PagePath(const std::string& folder, const std::string& file) {
+    std::string name = file.substr(file.rfind('/') + 1);
+    const auto dot = name.rfind('.');
+    if (dot != std::string::npos && dot > 0)
+        name.resize(dot);
+    return folder + name + ".html";
+}
+
+Pages PlanPages(const std::vector<std::string>& files, const std::string& output) {
+    Pages pages;
+    const bool inFolder = output.ends_with('/');
+    if (files.size() > 1 && !inFolder)
+        pages.fault = "report of several files needs -o DIR/";
+    std::map<std::string, std::string> fileOfPage;
+    for (const std::string& file : files) {
+        const std::string page = inFolder ? PagePath(output, file) : output;
+        const auto [taken, isNew] = fileOfPage.emplace(page, file);
+        if (!isNew && pages.fault.empty())
+            pages.fault = PathToUtf8(taken->second) + " and " + PathToUtf8(file)
+                          + " would both be reported in " + PathToUtf8(page);
+        if (IsSameFile(page, file))
+            pages.fault = PathToUtf8(page) + outputIsInput;
+        pages.paths[file] = page;
     }
-    if (session.HasLibrary(call.output)) {
-        PrintError(err, PathToUtf8(call.output) + outputIsInput);
-        return exitWrongUsage;
-    }
-    std::ostringstream page;
-    WriteHtmlReport(page, session.project, details);
+    return pages;
+}
+
+/// Replaces the page's file; false, with a message, when that fails.
+bool WritePage(const std::string& path, const std::string& page, std::ostream& err) {
     try {
         FileStamp stamp;
         const std::string notSafe = ReplaceFile(
-            call.output, [&](const ByteSink& sink) { sink(page.str()); }, stamp);
+            path, [&](const ByteSink& sink) { sink(page); }, stamp);
         if (!notSafe.empty())
-            PrintError(err, PathToUtf8(call.output) + ": " + savedButNotSafe + notSafe);
-        return session.Status();
+            PrintError(err, PathToUtf8(path) + ": " + savedButNotSafe + notSafe);
+        return true;
     } catch (const WriteError& error) {
-        PrintError(err, PathToUtf8(call.output) + ": " + error.what());
+        PrintError(err, PathToUtf8(path) + ": " + error.what());
+        return false;
     }
-    return exitFailure;
+}
+
+} // namespace
+
+int WriteReport(const Invocation& call, std::ostream& out, std::ostream& err) {
+    Invocation listed = call;
+    listed.operands = AllFiles(call);
+    listed.filesFrom.clear();
+    const Pages pages = PlanPages(listed.operands, call.output);
+    if (!pages.fault.empty()) {
+        PrintError(err, pages.fault);
+        err << UsageLine(FindCommand("report")) << '\n';
+        return exitWrongUsage;
+    }
+    const std::string date = DateInWords(); // one, also when it takes until after midnight
+    std::mutex writing; // a new file's permissions are those of the whole process
+    const auto report = [&](const std::string& file, std::ostream& fileOut, std::ostream& fileErr) {
+        Session session(file, call, fileErr);
+        session.Read();
+        if (!session.FileRead())
+            return session.Status();
+        const std::string& path = pages.paths.at(file);
+        if (path.empty()) {
+            WriteHtmlReport(fileOut, session.project, DetailsOf(call, file, date));
+            return session.Status();
+        }
+        if (session.HasLibrary(path)) {
+            PrintError(fileErr, PathToUtf8(path) + outputIsInput);
+            return exitWrongUsage;
+        }
+        std::ostringstream page;
+        WriteHtmlReport(page, session.project, DetailsOf(call, file, date));
+        const std::lock_guard oneAtATime(writing);
+        return WritePage(path, page.str(), fileErr) ? session.Status() : exitFailure;
+    };
+    return RunOnFiles(listed, {}, report, out, err);
 }
 
 } // namespace strativo

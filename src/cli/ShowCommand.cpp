@@ -9,7 +9,6 @@
 #include "text/Format.h"
 #include "text/Windows1252.h"
 
-#include <algorithm>
 #include <ostream>
 
 namespace strativo {
@@ -83,9 +82,20 @@ private:
     bool anyBlock = false;
 };
 
-void WriteState(JsonWriter& writer, const Project& project) {
+constexpr int schemaVersion = 1;
+
+/// A path's bytes are shown by their meaning, from which they could not be told.
+const char* EncodingOf(const std::string& path) {
+    return IsValidUtf8(path) ? "utf-8" : "windows-1252";
+}
+
+void WriteState(JsonWriter& writer, const Session& session) {
+    const Project& project = session.project;
+    writer.Member("readToEnd", !session.Failed());
     writer.Member("standardLibraryFile", PathToUtf8(project.standardLibraryFile));
+    writer.Member("standardLibraryFileEncoding", EncodingOf(project.standardLibraryFile));
     writer.Member("userLibraryFile", PathToUtf8(project.userLibraryFile));
+    writer.Member("userLibraryFileEncoding", EncodingOf(project.userLibraryFile));
     writer.Member("standardLoaded", project.standardLoaded);
     writer.Member("userLoaded", project.userLoaded);
     writer.Member("userLibraryNeeded", project.userLibraryNeeded);
@@ -124,56 +134,48 @@ void WriteComments(JsonWriter& writer, const Comments& comments) {
                                {"noSection", JsonOf(comments.noSection)}});
 }
 
-int ShowAsJson(const Invocation& call, std::ostream& out, std::ostream& err) {
-    int status = 0;
-    JsonWriter writer(out);
-    writer.Begin('[');
-    for (const std::string& file : call.operands) {
-        Session session(file, call, err);
-        session.Read();
-        writer.Begin('{');
-        WriteFileMembers(writer, session);
-        WriteState(writer, session.project);
-        WriteTables(writer, session.project, call);
-        WriteComments(writer, session.project.comments);
-        writer.End('}');
-        status = std::max(status, session.Status());
-    }
-    writer.End(']');
-    return status;
+void ShowAsJson(const Session& session, const Invocation& call, std::ostream& out) {
+    JsonWriter writer(out, JsonLayoutOf(call));
+    writer.Begin('{');
+    writer.Member("schemaVersion", schemaVersion);
+    WriteFileMembers(writer, session);
+    WriteState(writer, session);
+    WriteTables(writer, session.project, call);
+    WriteComments(writer, session.project.comments);
+    writer.End('}');
 }
 
-int ShowAsText(const Invocation& call, std::ostream& out, std::ostream& err) {
-    int status = 0;
-    TextShow show(out);
-    for (const std::string& file : call.operands) {
-        Session session(file, call, err);
-        session.Read();
-        if (!session.prompts.Ended())
-            show.ShowProject(session.project);
-        status = std::max(status, session.Status());
-    }
-    return status;
+void ShowAsText(const Session& session, std::ostream& out) {
+    if (!session.prompts.Ended())
+        TextShow(out).ShowProject(session.project);
 }
 
-int ShowAsCsv(const Invocation& call, std::ostream& out, std::ostream& err) {
-    int status = 0;
-    WriteCsvHead(out);
-    for (const std::string& file : call.operands) {
-        Session session(file, call, err);
-        session.Read();
-        WriteCsvRows(out, session.project, file);
-        status = std::max(status, session.Status());
-    }
-    return status;
+OutputFrame FrameOf(const Invocation& call) {
+    if (call.json || call.jsonLines)
+        return JsonFrame(call);
+    OutputFrame frame;
+    if (call.csv)
+        frame.start = csvHead;
+    else
+        frame.between = "\n"; // a blank line between blocks
+    return frame;
 }
 
 } // namespace
 
 int Show(const Invocation& call, std::ostream& out, std::ostream& err) {
-    if (call.csv)
-        return ShowAsCsv(call, out, err);
-    return call.json ? ShowAsJson(call, out, err) : ShowAsText(call, out, err);
+    const auto show = [&](const std::string& file, std::ostream& fileOut, std::ostream& fileErr) {
+        Session session(file, call, fileErr);
+        session.Read();
+        if (call.json || call.jsonLines)
+            ShowAsJson(session, call, fileOut);
+        else if (call.csv)
+            WriteCsvRows(fileOut, session.project, file);
+        else
+            ShowAsText(session, fileOut);
+        return session.Status();
+    };
+    return RunOnFiles(call, FrameOf(call), show, out, err);
 }
 
 } // namespace strativo

@@ -8,8 +8,8 @@
 #include "cli/ThermalJson.h"
 #include "edit/ConstructionSlots.h"
 
-#include <algorithm>
 #include <ostream>
+#include <sstream>
 
 namespace strativo {
 
@@ -22,11 +22,6 @@ public:
     void ShowProject(const Project& project) {
         for (const int number : ConstructionsInUse(project))
             ShowConstruction(project.constructions[number], number);
-    }
-
-    void ShowNote() {
-        if (any)
-            out << '\n' << cavityNote << '\n';
     }
 
 private:
@@ -66,49 +61,47 @@ void WriteConstructions(JsonWriter& writer, const Project& project, const Therma
     writer.End(']');
 }
 
-/// Reads each file and hands it on; the highest of the statuses.
-template <class Action>
-int ForEachFile(const Invocation& call, std::ostream& err, Action action) {
-    int status = 0;
-    for (const std::string& file : call.operands) {
-        Session session(file, call, err);
-        session.Read();
-        action(session);
-        status = std::max(status, session.Status());
+void ShowAsJson(JsonLayout layout, std::ostream& out, const Session& session,
+                const ThermalChoice& choice) {
+    JsonWriter writer(out, layout);
+    writer.Begin('{');
+    WriteFileMembers(writer, session);
+    WriteConditions(writer, choice.conditions);
+    WriteConstructions(writer, session.project, choice);
+    writer.End('}');
+}
+
+OutputFrame FrameOf(const Invocation& call) {
+    if (call.json)
+        return JsonFrame(call);
+    OutputFrame frame;
+    if (call.csv) {
+        std::ostringstream head;
+        WriteThermalCsvHead(head);
+        frame.start = head.str();
+    } else {
+        frame.between = "\n"; // a blank line between constructions
+        frame.end = "\n" + std::string(cavityNote) + "\n";
     }
-    return status;
+    return frame;
 }
 
 } // namespace
 
 int Thermal(const Invocation& call, std::ostream& out, std::ostream& err) {
     const ThermalChoice choice = ThermalChoiceOf(call);
-    if (call.csv) {
-        WriteThermalCsvHead(out);
-        return ForEachFile(call, err, [&](const Session& session) {
-            WriteThermalCsvRows(out, session.project, session.file, choice);
-        });
-    }
-    if (!call.json) {
-        ThermalShow show(out, choice);
-        const int status = ForEachFile(call, err, [&](const Session& session) {
-            if (!session.prompts.Ended())
-                show.ShowProject(session.project);
-        });
-        show.ShowNote();
-        return status;
-    }
-    JsonWriter writer(out);
-    writer.Begin('[');
-    const int status = ForEachFile(call, err, [&](const Session& session) {
-        writer.Begin('{');
-        WriteFileMembers(writer, session);
-        WriteConditions(writer, choice.conditions);
-        WriteConstructions(writer, session.project, choice);
-        writer.End('}');
-    });
-    writer.End(']');
-    return status;
+    const auto show = [&](const std::string& file, std::ostream& fileOut, std::ostream& fileErr) {
+        Session session(file, call, fileErr);
+        session.Read();
+        if (call.json)
+            ShowAsJson(JsonLayoutOf(call), fileOut, session, choice);
+        else if (call.csv)
+            WriteThermalCsvRows(fileOut, session.project, session.file, choice);
+        else if (!session.prompts.Ended())
+            ThermalShow(fileOut, choice).ShowProject(session.project);
+        return session.Status();
+    };
+    return RunOnFiles(call, FrameOf(call), show, out, err);
 }
 
 } // namespace strativo

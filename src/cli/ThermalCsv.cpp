@@ -1,8 +1,8 @@
 #include "cli/ThermalCsv.h"
 
 #include "calc/DynamicCharacteristics.h"
-#include "cli/CsvOutput.h"
 #include "cli/TextOutput.h"
+#include "exchange/CsvText.h"
 #include "text/Format.h"
 
 #include <ostream>
@@ -88,8 +88,8 @@ void WriteThermalCsvRows(std::ostream& out, const Project& project, const std::s
         const auto [layers, reason] = ThermalLayersOf(construction, choice.conditions.firstLayer);
         for (const HeatFlow flow : choice.flows) {
             const Films films = choice.conditions.FilmsFor(flow);
-            out << CsvField(ShownPath(file)) << ',' << number << ','
-                << CsvField(ShownText(construction.name)) << ',' << construction.type << ','
+            out << CsvCell(ShownPath(file)) << ',' << number << ','
+                << CsvCell(ShownText(construction.name)) << ',' << construction.type << ','
                 << FlowName(flow) << ',' << FormatGeneral(films.inside) << ','
                 << FormatGeneral(films.outside) << ',' << FormatGeneral(air.inside) << ','
                 << FormatGeneral(air.outside)

@@ -63,27 +63,39 @@ bool LibraryPathsComeBack(const std::string& standard, const std::string& user) 
 
 } // namespace
 
+bool ComesBack(NamedPart part, const std::string& name) {
+    if (IsHarmless(name))
+        return true;
+    switch (part) {
+    case NamedPart::standardLibrary:
+        return LibraryPathsComeBack(name, "");
+    case NamedPart::userLibrary:
+        return LibraryPathsComeBack("", name);
+    case NamedPart::construction:
+        return ConstructionComesBack(name);
+    case NamedPart::glassType:
+        return GlassTypeComesBack(name);
+    case NamedPart::glassType2D:
+        return GlassType2DComesBack(name);
+    }
+    return false;
+}
+
 std::vector<std::string> UnreadableNames(const Project& project) {
     std::vector<std::string> names;
-    const auto test = [&](const std::string& name, bool (*comesBack)(const std::string&)) {
-        if (!IsHarmless(name) && !comesBack(name))
+    const auto test = [&](NamedPart part, const std::string& name) {
+        if (!ComesBack(part, name))
             names.push_back(name);
     };
-    const auto standardComesBack = [](const std::string& path) {
-        return LibraryPathsComeBack(path, "");
-    };
-    const auto userComesBack = [](const std::string& path) {
-        return LibraryPathsComeBack("", path);
-    };
-    test(project.standardLibraryFile, standardComesBack);
+    test(NamedPart::standardLibrary, project.standardLibraryFile);
     if (project.userLoaded)
-        test(project.userLibraryFile, userComesBack);
+        test(NamedPart::userLibrary, project.userLibraryFile);
     for (const int number : ConstructionsInUse(project))
-        test(project.constructions[number].name, ConstructionComesBack);
+        test(NamedPart::construction, project.constructions[number].name);
     for (const GlassType& type : project.glassTypes)
-        test(type.name, GlassTypeComesBack);
+        test(NamedPart::glassType, type.name);
     for (const GlassType2D& type : project.glassTypes2D)
-        test(type.name, GlassType2DComesBack);
+        test(NamedPart::glassType2D, type.name);
     return names;
 }
 

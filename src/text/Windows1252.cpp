@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <optional>
 
 namespace strativo {
 
@@ -13,26 +12,6 @@ constexpr std::array<char16_t, 32> highTable = {
     0x20AC, 0x81,   0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
     0x2039, 0x0152, 0x8D,   0x017D, 0x8F,   0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x9D,   0x017E, 0x0178};
-
-char FromCodePoint(char32_t code) {
-    if (code < 0x80 || (code >= 0xA0 && code < 0x100))
-        return static_cast<char>(code);
-    const auto* const found = std::find(highTable.begin(), highTable.end(), code);
-    return found == highTable.end() ? '?' : static_cast<char>(0x80 + (found - highTable.begin()));
-}
-
-void AppendUtf8(std::string& out, char32_t code) {
-    if (code < 0x80) {
-        out += static_cast<char>(code);
-    } else if (code < 0x800) {
-        out += static_cast<char>(0xC0 | (code >> 6));
-        out += static_cast<char>(0x80 | (code & 0x3F));
-    } else {
-        out += static_cast<char>(0xE0 | (code >> 12));
-        out += static_cast<char>(0x80 | ((code >> 6) & 0x3F));
-        out += static_cast<char>(0x80 | (code & 0x3F));
-    }
-}
 
 char SmallLetter(char letter) {
     const auto code = static_cast<unsigned char>(letter);
@@ -65,30 +44,59 @@ bool IsAllowed(char32_t code, std::size_t length) {
     return code >= smallest[length] && code <= 0x10FFFF && !surrogate;
 }
 
-/// The code point at the front, which is taken off; nothing when the bytes are not UTF-8.
-std::optional<char32_t> TakeCodePoint(std::string_view& text) {
-    const auto lead = static_cast<unsigned char>(text[0]);
+} // namespace
+
+char16_t CodePoint(char byte) {
+    const auto code = static_cast<unsigned char>(byte);
+    return code >= 0x80 && code < 0xA0 ? highTable[code - 0x80U] : code;
+}
+
+std::optional<char> ByteOf(char32_t code) {
+    if (code < 0x80 || (code >= 0xA0 && code < 0x100))
+        return static_cast<char>(code);
+    const auto* const found = std::find(highTable.begin(), highTable.end(), code);
+    if (found == highTable.end())
+        return std::nullopt;
+    return static_cast<char>(0x80 + (found - highTable.begin()));
+}
+
+void AppendUtf8(std::string& out, char32_t code) {
+    const auto following = [&](unsigned shift) {
+        out += static_cast<char>(0x80 | ((code >> shift) & 0x3F));
+    };
+    if (code < 0x80) {
+        out += static_cast<char>(code);
+    } else if (code < 0x800) {
+        out += static_cast<char>(0xC0 | (code >> 6));
+        following(0);
+    } else if (code < 0x10000) {
+        out += static_cast<char>(0xE0 | (code >> 12));
+        following(6);
+        following(0);
+    } else {
+        out += static_cast<char>(0xF0 | (code >> 18));
+        following(12);
+        following(6);
+        following(0);
+    }
+}
+
+std::optional<char32_t> TakeCodePoint(std::string_view& utf8) {
+    const auto lead = static_cast<unsigned char>(utf8[0]);
     const std::size_t length = SequenceLength(lead);
-    if (length == 0 || length > text.size())
+    if (length == 0 || length > utf8.size())
         return std::nullopt;
     char32_t code = length == 1 ? lead : lead & (0xFFU >> (length + 1));
     for (std::size_t i = 1; i < length; ++i) {
-        const auto next = static_cast<unsigned char>(text[i]);
+        const auto next = static_cast<unsigned char>(utf8[i]);
         if ((next & 0xC0U) != 0x80)
             return std::nullopt;
         code = (code << 6) | (next & 0x3FU);
     }
     if (!IsAllowed(code, length))
         return std::nullopt;
-    text.remove_prefix(length);
+    utf8.remove_prefix(length);
     return code;
-}
-
-} // namespace
-
-char16_t CodePoint(char byte) {
-    const auto code = static_cast<unsigned char>(byte);
-    return code >= 0x80 && code < 0xA0 ? highTable[code - 0x80U] : code;
 }
 
 std::string ToUtf8(std::string_view bytes) {
@@ -103,7 +111,7 @@ std::string FromUtf8(std::string_view utf8) {
     std::string out;
     while (!utf8.empty()) {
         const auto code = TakeCodePoint(utf8);
-        out += code ? FromCodePoint(*code) : '?';
+        out += code ? ByteOf(*code).value_or('?') : '?';
         if (!code)
             utf8.remove_prefix(1);
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -19,6 +20,15 @@ std::string FromUtf8(std::string_view utf8);
 std::string LowerCase(std::string_view bytes);
 
 bool IsValidUtf8(std::string_view bytes);
+
+/// The byte that Windows-1252 has for a code point, those without a meaning there included.
+std::optional<char> ByteOf(char32_t code);
+
+/// The code point at the front, which is taken off; nothing when the bytes are not UTF-8.
+std::optional<char32_t> TakeCodePoint(std::string_view& utf8);
+
+/// Adds a code point (no surrogate) to a text in UTF-8.
+void AppendUtf8(std::string& out, char32_t code);
 
 /// A file system path for people to read: as UTF-8 when it is valid UTF-8, else as Windows-1252.
 std::string PathToUtf8(std::string_view path);

@@ -49,6 +49,8 @@ private:
     constexpr unsigned secondsToLive = 60;
     constexpr uid_t nobody = 65534;
     const int program = open(STRATIVO_CLI, O_RDONLY | O_CLOEXEC);
+    if (options.standardInput != nullptr)
+        dup2(open(options.standardInput, O_RDONLY), STDIN_FILENO);
     dup2(out, STDOUT_FILENO);
     dup2(err, STDERR_FILENO);
     alarm(secondsToLive);

@@ -26,6 +26,7 @@ struct ProcessOptions {
     const char* standardOutput = nullptr; ///< path; null: collected in the result
     rlim_t largestFile = RLIM_INFINITY;   ///< bytes that a file may have at most
     int closed = -1;                      ///< descriptor that is closed at the start; -1: none
+    const char* standardInput = nullptr;  ///< path; null: that of the tests
 };
 
 /// Runs the program itself.

@@ -41,15 +41,39 @@ TEST_F(ShowJson, MembersStandInTheOrderOfTheManual) {
     std::vector<std::string> names;
     for (const auto& member : document.at(0).items())
         names.push_back(member.key());
-    EXPECT_THAT(names,
-                ElementsAre("file", "messages", "ended", "standardLibraryFile", "userLibraryFile",
-                            "standardLoaded", "userLoaded", "userLibraryNeeded", "changed",
-                            "constructions", "glassTypes", "glassTypes2D", "comments"));
+    EXPECT_THAT(names, ElementsAre("schemaVersion", "file", "messages", "ended", "readToEnd",
+                                   "standardLibraryFile", "standardLibraryFileEncoding",
+                                   "userLibraryFile", "userLibraryFileEncoding", "standardLoaded",
+                                   "userLoaded", "userLibraryNeeded", "changed", "constructions",
+                                   "glassTypes", "glassTypes2D", "comments"));
     names.clear();
     for (const auto& member : document[0]["constructions"][0]["layers"][0].items())
         names.push_back(member.key());
     EXPECT_THAT(names, ElementsAre("slot", "name", "materialCode", "library", "conductivity",
                                    "density", "specificHeat", "thickness", "absorption", "line"));
+}
+
+TEST_F(ShowJson, SaysWhetherRewriteWouldWriteTheFile) {
+    folder.Write("good.con", WallFile({brickPart}));
+    folder.Write("broken.con", WallFile({brickPart, "_ 2 = 1e99 0.1"}));
+    folder.Write("nolibrary.con", WallFile({"!MATERIALS FILE = 'gone.lby'"}, {brickPart}));
+    for (const char* file : {"good.con", "broken.con", "nolibrary.con", "gone.con"}) {
+        const json document = Document(RunTool({"show", "--json", file}));
+        EXPECT_EQ(document[0]["readToEnd"], RunTool({"rewrite", file, "out.con"}).status == 0)
+            << file;
+    }
+}
+
+TEST_F(ShowJson, TellsPathsApartThatPrintAlike) {
+    for (const bool utf8 : {true, false}) {
+        const std::string name = utf8 ? "\xC3\xA9.lby" : "\xE9.lby";
+        folder.Write(name, standardLibraryBytes);
+        folder.Write("a.con", WallFile({"!MATERIALS FILE = '" + name + "'"}, {brickPart}));
+        const json document = Document(RunTool({"show", "--json", "a.con"}));
+        EXPECT_EQ(document[0]["standardLibraryFile"], "\xC3\xA9.lby");
+        EXPECT_EQ(document[0]["standardLibraryFileEncoding"], utf8 ? "utf-8" : "windows-1252");
+        EXPECT_EQ(document[0]["userLibraryFileEncoding"], "utf-8");
+    }
 }
 
 TEST_F(ShowJson, HasOneObjectForEachFileAlsoForOnesThatCannotBeRead) {

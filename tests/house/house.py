@@ -10,7 +10,7 @@ import os
 import re
 import sys
 
-CORE = ["model", "text", "port", "calc", "draw", "edit", "files", "project"]
+CORE = ["model", "text", "port", "calc", "draw", "edit", "files", "exchange", "project"]
 
 # What each room under src/ may include beside its own files and the standard library.
 MAY_INCLUDE = {
@@ -21,6 +21,7 @@ MAY_INCLUDE = {
     "draw": ["model", "text", "calc"],
     "edit": ["model", "text", "port", "calc"],
     "files": ["model", "text", "port", "calc", "edit"],
+    "exchange": ["model", "text", "port", "calc", "edit", "files"],
     "project": ["model", "text", "port", "calc", "edit", "files"],
     "ui": CORE,
     "cli": CORE,

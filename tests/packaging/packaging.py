@@ -61,6 +61,12 @@ def completions():
     script = (f'source "{folder}/strativo-cli.bash"; COMP_WORDS=(strativo-cli ch); COMP_CWORD=1; '
               '_strativo_cli; echo "${COMPREPLY[@]}"')
     expect(run("bash", "-c", script).split() == ["check"], "bash completes ch to check")
+    script = (f'source "{folder}/strativo-cli.bash"; cd "{folder.parent}/../data"; '
+              'COMP_WORDS=(strativo-cli build str); COMP_CWORD=2; _strativo_cli; '
+              'echo "${COMPREPLY[@]}"; COMP_WORDS=(strativo-cli export --first-layer i); '
+              'COMP_CWORD=3; _strativo_cli; echo "${COMPREPLY[@]}"')
+    expect(run("bash", "-c", script).split() == ["strativo.schema.json", "inside"],
+           "bash completes files and sides")
     run("zsh", "-f", "-c", f'fpath=("{folder}" $fpath); autoload -Uz compinit && '
         f'compinit -u -d "{tempfile.gettempdir()}/zcompdump-strativo" && '
         '[[ ${_comps[strativo-cli]} == _strativo-cli ]] && autoload +X _strativo-cli')

@@ -1,0 +1,110 @@
+#include "cli/Commands.h"
+#include "cli/ExitStatus.h"
+#include "cli/InputOutput.h"
+#include "cli/JsonWriter.h"
+#include "cli/Session.h"
+#include "cli/TextOutput.h"
+#include "exchange/EpJson.h"
+#include "files/FileMessages.h"
+
+#include <algorithm>
+#include <ostream>
+#include <sstream>
+
+namespace strativo {
+
+namespace {
+
+constexpr char roughness[] = "MediumRough"; // required, and not known
+
+Json JsonOf(const EpMaterial& material) {
+    switch (material.kind) {
+    case EpMaterialKind::massive:
+        return {{"roughness", roughness},
+                {"thickness", material.thickness},
+                {"conductivity", material.conductivity},
+                {"density", material.density},
+                {"specific_heat", material.specificHeat}};
+    case EpMaterialKind::noMass:
+        return {{"roughness", roughness}, {"thermal_resistance", material.resistance}};
+    case EpMaterialKind::airGap:
+        return {{"thermal_resistance", material.resistance}};
+    }
+    return {};
+}
+
+Json JsonOf(const EpConstruction& construction) {
+    Json json = {{"outside_layer", construction.layers.front()}};
+    for (std::size_t i = 1; i < construction.layers.size(); ++i)
+        json["layer_" + std::to_string(i + 1)] = construction.layers[i];
+    return json;
+}
+
+void WriteMaterials(JsonWriter& writer, const EpModel& model, EpMaterialKind kind,
+                    const char* object) {
+    const auto isOfKind = [&](const EpMaterial& material) { return material.kind == kind; };
+    if (std::none_of(model.materials.begin(), model.materials.end(), isOfKind))
+        return;
+    writer.Key(object);
+    writer.Begin('{');
+    for (const EpMaterial& material : model.materials)
+        if (isOfKind(material))
+            writer.Member(material.name, JsonOf(material));
+    writer.End('}');
+}
+
+void WriteEpJson(std::ostream& out, const EpModel& model) {
+    JsonWriter writer(out);
+    writer.Begin('{');
+    writer.Member("Version", {{"Version 1", {{"version_identifier", "23.2"}}}});
+    WriteMaterials(writer, model, EpMaterialKind::massive, "Material");
+    WriteMaterials(writer, model, EpMaterialKind::noMass, "Material:NoMass");
+    WriteMaterials(writer, model, EpMaterialKind::airGap, "Material:AirGap");
+    if (!model.constructions.empty()) {
+        writer.Key("Construction");
+        writer.Begin('{');
+        for (const EpConstruction& construction : model.constructions)
+            writer.Member(construction.name, JsonOf(construction));
+        writer.End('}');
+    }
+    writer.End('}');
+}
+
+/// False, with a message, when the file could not be written.
+bool Write(const Invocation& call, const EpModel& model, std::ostream& out, std::ostream& err) {
+    std::ostringstream text;
+    WriteEpJson(text, model);
+    const std::string path = call.output.empty() ? standardStream : call.output;
+    try {
+        const std::string notSafe = WriteOutput(
+            path, [&](const ByteSink& sink) { sink(text.str()); }, out);
+        if (!notSafe.empty())
+            PrintError(err, PathToUtf8(path) + ": " + savedButNotSafe + notSafe);
+        return true;
+    } catch (const WriteError& error) {
+        PrintError(err, PathToUtf8(path) + ": " + error.what());
+        return false;
+    }
+}
+
+} // namespace
+
+int Export(const Invocation& call, std::ostream& out, std::ostream& err) {
+    Session session(call.operands[0], call, err);
+    session.Read();
+    if (session.Failed())
+        return exitFailure;
+    if (session.HasLibrary(call.output)) {
+        PrintError(err, PathToUtf8(call.output) + outputIsInput);
+        return exitWrongUsage;
+    }
+    const EpModel model =
+        MakeEpModel(session.project, {call.firstLayer == "inside", call.opaqueOnly});
+    for (const LeftOut& leftOut : model.leftOut)
+        PrintError(err, PathToUtf8(session.file) + ": " + leftOut.text + " [" + leftOut.rule + "]");
+    if (!Write(call, model, out, err))
+        return exitFailure;
+    return model.leftOut.empty() ? exitAllWell : exitFindings;
+}
+
+} // namespace strativo

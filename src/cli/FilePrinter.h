@@ -1,0 +1,47 @@
+#pragma once
+
+#include "cli/ManyFiles.h"
+
+#include <chrono>
+#include <iosfwd>
+#include <string>
+
+namespace strativo {
+
+/// What the work for one file printed.
+struct FileOutput {
+    std::string out;
+    std::string err;
+    int status = 0;
+};
+
+/// Prints the outputs of files one after the other, and on a terminal how many these are by now.
+class FilePrinter {
+public:
+    FilePrinter(const OutputFrame& outputFrame, bool flushEach, std::ostream& outStream,
+                std::ostream& errStream);
+
+    /// False when standard output takes no more.
+    bool Print(const FileOutput& output);
+    /// Shows the progress line when it is time for it.
+    void ShowProgress();
+    void End();
+    /// The highest of the files.
+    int Status() const { return status; }
+
+private:
+    void ClearProgress();
+
+    const OutputFrame& frame;
+    bool flushes;
+    std::ostream& out;
+    std::ostream& err;
+    bool onTerminal;
+    bool progressShown = false;
+    bool anyOutput = false;
+    int files = 0;
+    int status = 0;
+    std::chrono::steady_clock::time_point nextProgress;
+};
+
+} // namespace strativo
