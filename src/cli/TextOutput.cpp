@@ -2,6 +2,7 @@
 
 #include "text/Printable.h"
 
+#include <algorithm>
 #include <ostream>
 
 namespace strativo {
@@ -23,6 +24,9 @@ std::string MessageTitle(const Message& message) {
 }
 
 std::string ShownText(std::string_view bytes) {
+    // Most lines are plain ASCII, which stays as it is.
+    if (std::all_of(bytes.begin(), bytes.end(), [](char c) { return c >= ' ' && c < 127; }))
+        return std::string(bytes);
     return Printable(ToUtf8(bytes));
 }
 
