@@ -1,4 +1,5 @@
 #include "cli/Commands.h"
+#include "cli/ExitStatus.h"
 #include "cli/Session.h"
 #include "files/GlassImport.h"
 #include "project/FileCommands.h"
@@ -33,6 +34,10 @@ void Import(Session& session, const std::string& from) {
 int Rewrite(const Invocation& call, std::ostream&, std::ostream& err) {
     Session session(call.operands[0], call, err);
     session.Read();
+    if (session.IsForeign()) {
+        session.prompts.Report("No line is one of a construction file; nothing is written");
+        return exitFailure;
+    }
     Save(session, call.operands[1]);
     return session.Status();
 }

@@ -42,8 +42,10 @@ bool Session::Run(const std::function<bool()>& action) {
 void Session::Read() {
     Run([&] {
         const FileReading result = ReadConstructionFile(project, CallersPath(file), prompts);
-        fileRead = result == FileReading::whole || result == FileReading::withoutLibrary;
-        return result == FileReading::whole;
+        foreign = result == FileReading::foreign;
+        const bool whole = result == FileReading::whole || foreign;
+        fileRead = whole || result == FileReading::withoutLibrary;
+        return whole;
     });
 }
 

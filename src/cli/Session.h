@@ -26,6 +26,8 @@ public:
     void Read();
     /// The file was read to its end, with or without trouble about its libraries.
     bool FileRead() const { return fileRead; }
+    /// It was, but no line of it is one of a construction file.
+    bool IsForeign() const { return foreign; }
     /// An action did not go well.
     bool Failed() const { return failed; }
     /// Whether the path leads to a library that the file names.
@@ -39,6 +41,7 @@ public:
 
 private:
     bool fileRead = false;
+    bool foreign = false;
     bool failed = false;
 };
 

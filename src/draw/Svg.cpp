@@ -78,10 +78,16 @@ std::string Element(const Drawing& drawing, const std::string& attributes) {
 } // namespace
 
 std::string Escaped(std::string_view utf8) {
+    constexpr char upperControls = '\xC2'; // followed by 80 to 9F
     std::string out;
-    for (const char c : utf8) {
+    for (std::size_t i = 0; i < utf8.size(); ++i) {
+        const char c = utf8[i];
         const auto code = static_cast<unsigned char>(c);
-        if (c == '&')
+        const auto next = static_cast<unsigned char>(i + 1 < utf8.size() ? utf8[i + 1] : 0);
+        if (c == upperControls && next >= 0x80 && next < 0xA0) {
+            out += ' ';
+            ++i;
+        } else if (c == '&')
             out += "&amp;";
         else if (c == '<')
             out += "&lt;";

@@ -116,6 +116,7 @@ private:
             ReadEndLine();
         else
             return false;
+        parsed.formatSeen = true;
         return true;
     }
 
@@ -169,6 +170,7 @@ private:
 
     void ReadWindowLine(std::string_view line) {
         const std::string name = QuotedValue(line).value_or("");
+        parsed.formatSeen = true;
         glassIs2D = IsSection2D(line);
         if (glassIs2D) {
             AddGlassType2D(project, name);

@@ -13,6 +13,7 @@ namespace strativo {
 struct ParsedFile {
     bool standardLineSeen = false;
     bool userLineSeen = false;
+    bool formatSeen = false;  ///< a keyword, part or table line, so it may be a construction file
     bool formatBad = false;   ///< set by no input
     int lastConstruction = 0; ///< number of the last construction read, 0 for none
 };

@@ -122,12 +122,14 @@ void ActivateLastRead(const ParsedFile& parsed, Project& project) {
 }
 
 /// Layers that found no material would be saved without what they were: the file keeps its own.
-FileReading ResultOf(const LibrariesRead& libraries, Project& project) {
+FileReading ResultOf(const ParsedFile& parsed, const LibrariesRead& libraries, Project& project) {
     if (libraries.user == LibraryLoad::failed || libraries.standard == LibraryLoad::failed)
         project.constructionFile.clear();
     const bool both =
         libraries.user == LibraryLoad::loaded && libraries.standard == LibraryLoad::loaded;
-    return both ? FileReading::whole : FileReading::withoutLibrary;
+    if (!both)
+        return FileReading::withoutLibrary;
+    return parsed.formatSeen ? FileReading::whole : FileReading::foreign;
 }
 
 FileReading ReadFile(Project& project, LibrariesRead& libraries, Prompts& prompts) {
@@ -142,7 +144,7 @@ FileReading ReadFile(Project& project, LibrariesRead& libraries, Prompts& prompt
     project.changed = false;
     ShowLibrary(project, standardLibraryNumber);
     ActivateLastRead(parsed, project);
-    return ResultOf(libraries, project);
+    return ResultOf(parsed, libraries, project);
 }
 
 /// While it lives, boxes can be open over a project that is not whole.

@@ -10,6 +10,7 @@ namespace strativo {
 /// What became of the reading of a file.
 enum class FileReading {
     whole,
+    foreign,        ///< to its end, but no line of it is one of a construction file
     withoutLibrary, ///< to its end, but a library that it needs could not be loaded (reported)
     stopped,        ///< reported
     cancelled       ///< the prompt: nothing was read

@@ -1,6 +1,7 @@
 #include "project/SaveDrawing.h"
 
 #include "files/FileAccess.h"
+#include "files/FileMessages.h"
 #include "text/Windows1252.h"
 
 namespace strativo {
@@ -10,15 +11,20 @@ bool SaveDrawing(const std::string& svg, Prompts& prompts) {
         prompts.AskSaveFile({"Save section", "SVG drawings (*.svg)|*.svg", "", "svg"});
     if (!path || path->empty())
         return false;
-    try {
-        FileStamp stamp;
-        ReplaceFile(
-            *path, [&](const ByteSink& sink) { sink(svg); }, stamp);
-        return true;
-    } catch (const WriteError& error) {
-        Message message{PathToUtf8(*path) + "\nThe drawing was not saved: " + error.what(), ""};
+    const auto tell = [&](const std::string& what) {
+        Message message{PathToUtf8(*path) + "\n" + what, ""};
         message.encoding = Encoding::utf8;
         prompts.ShowMessage(message);
+    };
+    try {
+        FileStamp stamp;
+        const std::string notSafe = ReplaceFile(
+            *path, [&](const ByteSink& sink) { sink(svg); }, stamp);
+        if (!notSafe.empty())
+            tell(savedButNotSafe + notSafe);
+        return true;
+    } catch (const WriteError& error) {
+        tell(std::string("The drawing was not saved: ") + error.what());
         return false;
     }
 }

@@ -1,6 +1,7 @@
 #include "ui/About_Strativo.h"
 
 #include "edit/InfoTexts.h"
+#include "ui/Text.h"
 
 #include <QHBoxLayout>
 #include <QIcon>
@@ -31,9 +32,8 @@ void About_Strativo::Form_Load(const QString& mainWindowCaption) {
 }
 
 QLabel* About_Strativo::AddLabel(int index, const QString& text) {
-    auto* label = new QLabel(text, this);
+    QLabel* label = PlainLabel(text, this);
     label->setObjectName(QStringLiteral("Label1_%1").arg(index));
-    label->setTextFormat(Qt::PlainText);
     return label;
 }
 

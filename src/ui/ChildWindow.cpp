@@ -1,5 +1,7 @@
 #include "ui/ChildWindow.h"
 
+#include "ui/Text.h"
+
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPainter>
@@ -46,13 +48,12 @@ QIcon GlyphIcon(Glyph glyph, const QColor& colour, qreal pixelRatio) {
 } // namespace
 
 ChildWindow::ChildWindow(int windowId, QWidget* parent)
-    : QWidget(parent), id(windowId), title(new QLabel(this)),
+    : QWidget(parent), id(windowId), title(PlainLabel(QString(), this)),
       minimiseButton(AddButton(QStringLiteral("MinimiseButton"))),
       closeButton(AddButton(QStringLiteral("CloseButton"))) {
     setObjectName(QStringLiteral("ChildWindow"));
     // It paints all of itself; unless Qt knows, all windows below are painted for nothing.
     setAttribute(Qt::WA_OpaquePaintEvent);
-    title->setTextFormat(Qt::PlainText);
     title->setAttribute(Qt::WA_TransparentForMouseEvents);
     closeButton->setAccessibleName(tr("Close"));
     closeButton->setToolTip(tr("Close"));
@@ -94,7 +95,7 @@ void ChildWindow::SetContent(QWidget* widget) {
 }
 
 void ChildWindow::SetCaption(const QString& caption) {
-    title->setText(caption);
+    SetPlainText(*title, caption);
     setWindowTitle(caption);
     setAccessibleName(caption);
 }

@@ -1,18 +1,20 @@
 #include "ui/DragImage.h"
 
 #include "ui/ColumnList.h"
+#include "ui/Text.h"
 
 namespace strativo {
 
 DragImage::DragImage(const QString& objectName, const QString& caption, QWidget* parent)
-    : QLabel(caption, parent) {
+    : QLabel(parent) {
+    SetPlainText(*this, caption);
     setObjectName(objectName);
     hide();
 }
 
 const QPixmap& DragImage::Draw(const QStringList& lines) {
-    QLabel lifted(lines.join(QLatin1Char('\n')));
-    lifted.setTextFormat(Qt::PlainText);
+    QLabel lifted;
+    SetPlainText(lifted, lines.join(QLatin1Char('\n')));
     lifted.setFont(ColumnFont());
     lifted.setPalette(palette());
     lifted.setAutoFillBackground(true);

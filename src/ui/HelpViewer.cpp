@@ -44,6 +44,9 @@ public:
         const QString path = file.toLocalFile();
         const bool isPage =
             type == QTextDocument::HtmlResource || type == QTextDocument::MarkdownResource;
+        // A device as a picture would be read for ever.
+        if (!isPage && !QFileInfo(path).isFile())
+            return {};
         const QString reason = isPage ? WhyNotShown(path) : QString();
         if (reason.isEmpty())
             return type == QTextDocument::HtmlResource ? HtmlText(path)
@@ -96,7 +99,7 @@ private:
 
     static QString MarkdownPage(const QString& path, const QString& reason) {
         return QStringLiteral("## %1\n\n    %2\n\n%3\n")
-            .arg(HelpViewer::tr("This help page cannot be shown"), path, reason);
+            .arg(HelpViewer::tr("This help page cannot be shown"), path.simplified(), reason);
     }
 };
 
@@ -161,9 +164,8 @@ void HelpViewer::BuildFindBar() {
                             tr("The next place"));
     ui.FindPrevious = AddButton(QStringLiteral("FindPrevious"), tr("Previous"),
                                 QStringLiteral("Shift+F3"), tr("The place before"));
-    ui.Notice = new QLabel(this);
+    ui.Notice = PlainLabel(QString(), this);
     ui.Notice->setObjectName(QStringLiteral("Notice"));
-    ui.Notice->setTextFormat(Qt::PlainText);
     auto* row = new QHBoxLayout(ui.findBar);
     row->setContentsMargins(6, 0, 6, 0);
     row->addWidget(ui.FindText, 1);
@@ -222,7 +224,7 @@ void HelpViewer::FollowLink(const QUrl& link) {
     if (target.isLocalFile())
         ui.Page->setSource(target);
     else
-        ui.Notice->setText(tr("Not opened: %1").arg(target.toDisplayString()));
+        SetPlainText(*ui.Notice, tr("Not opened: %1").arg(target.toDisplayString()));
 }
 
 void HelpViewer::OpenFindBar() {
@@ -254,7 +256,7 @@ void HelpViewer::Find(bool backwards) {
     }
     if (!found)
         ui.Page->setTextCursor(before);
-    ui.Notice->setText(found ? QString() : tr("Not found: %1").arg(wanted));
+    SetPlainText(*ui.Notice, found ? QString() : tr("Not found: %1").arg(wanted));
 }
 
 void HelpViewer::keyPressEvent(QKeyEvent* event) {

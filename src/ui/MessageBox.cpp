@@ -88,9 +88,8 @@ private:
     QWidget* TextView(const Message& message) {
         const QString text =
             message.encoding == Encoding::utf8 ? PathText(message.text) : ToText(message.text);
-        auto* label = new QLabel(WithPlainLineBreaks(text), this);
+        QLabel* label = PlainLabel(WithPlainLineBreaks(text), this);
         label->setObjectName(QStringLiteral("MessageText"));
-        label->setTextFormat(Qt::PlainText);
         label->setTextInteractionFlags(Qt::TextSelectableByMouse);
         label->setFocusPolicy(Qt::NoFocus);
         label->setContentsMargins(8, 8, 8, 8);

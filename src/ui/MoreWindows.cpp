@@ -1,5 +1,7 @@
 #include "ui/MoreWindows.h"
 
+#include "ui/Text.h"
+
 #include <QCoreApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -53,7 +55,7 @@ void MoreWindows::BuildControls(const QStringList& captions) {
 }
 
 void MoreWindows::LayOut() {
-    auto* filterLabel = new QLabel(tr("&Filter"), this);
+    QLabel* filterLabel = PlainLabel(tr("&Filter"), this);
     filterLabel->setBuddy(ui.Filter);
     auto* filterRow = new QHBoxLayout;
     filterRow->addWidget(filterLabel);

@@ -6,6 +6,7 @@
 #include "project/NewProject.h"
 #include "project/Recovery.h"
 #include "project/Settings.h"
+#include "text/RuntimeError.h"
 #include "ui/About_Strativo.h"
 #include "ui/AccessKeys.h"
 #include "ui/ChildWindow.h"
@@ -107,7 +108,7 @@ void UValueMDI::OfferKeptWork(const std::string& commandLine) {
 
 void UValueMDI::TellInStatusBar(const QString& text) {
     constexpr int longEnough = 10000; // ms
-    status->showMessage(text, longEnough);
+    status->showMessage(Elided(text), longEnough);
 }
 
 void UValueMDI::PlaceDialog() {
@@ -129,7 +130,7 @@ void UValueMDI::Perform(const std::function<void()>& action) {
     } catch (const ProgramEnd&) {
         EndProgram();
     } catch (const std::exception& error) {
-        prompts->ShowMessage({error.what(), ""});
+        prompts->ShowMessage({FailureText(error), ""});
     }
     --performing;
     if (ended)

@@ -12,6 +12,7 @@
 #include "ui/ProjectView.h"
 #include "ui/QtPrompts.h"
 #include "ui/STRATVMD.h"
+#include "ui/Text.h"
 #include "ui/WindowArea.h"
 #include "ui/WorkWatch.h"
 
@@ -209,8 +210,7 @@ void UValueMDI::Winmenu_Click() {
     const std::vector<int> windows = area->Windows();
     for (std::size_t i = 0; i < windows.size() && i < listedWindows; ++i) {
         const int id = windows[i];
-        QString caption = area->Caption(id);
-        caption.replace(QLatin1Char('&'), QLatin1String("&&"));
+        QString caption = MenuCaption(area->Caption(id));
         if (i < numberedWindows)
             caption.prepend(QStringLiteral("&%1 ").arg(i + 1));
         QAction* item = AddItem(ui.Winmenu, "Window", caption, [this, id] { area->Activate(id); });
@@ -220,7 +220,7 @@ void UValueMDI::Winmenu_Click() {
     }
     // The dialog can be hidden, and must be there to be chosen all the same.
     if (area->Has(dialogId) && area->IsHidden(dialogId))
-        AddItem(ui.Winmenu, "Window", area->Caption(dialogId),
+        AddItem(ui.Winmenu, "Window", MenuCaption(area->Caption(dialogId)),
                 [this] { area->Activate(dialogId); });
     if (windows.size() > listedWindows)
         AddItem(ui.Winmenu, "MoreWindows", tr("More windows..."), [this] { MoreWindows_Click(); });

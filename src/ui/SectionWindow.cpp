@@ -92,9 +92,8 @@ void SectionWindow::BuildConditions() {
 }
 
 void SectionWindow::BuildViews() {
-    ui.Heading = new QLabel(this);
+    ui.Heading = PlainLabel(QString(), this);
     ui.Heading->setObjectName(QStringLiteral("Heading"));
-    ui.Heading->setTextFormat(Qt::PlainText);
     ui.Heading->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     QFont bold = font();
     bold.setBold(true);
@@ -112,7 +111,7 @@ void SectionWindow::BuildViews() {
     QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
     fixed.setPointSizeF(font().pointSizeF());
     ui.Figures->setFont(fixed);
-    ui.Note = new QLabel(tr(cavityNote), this);
+    ui.Note = PlainLabel(tr(cavityNote), this);
     ui.Note->setObjectName(QStringLiteral("Note"));
     ui.Note->setWordWrap(true);
 }
@@ -132,7 +131,7 @@ void SectionWindow::LayOut() {
     const auto addRow = [&](int row, const auto& fields) {
         int column = 0;
         for (const auto& [text, field] : fields) {
-            auto* label = new QLabel(tr(text), this);
+            QLabel* label = PlainLabel(tr(text), this);
             label->setBuddy(field);
             grid->addWidget(label, row, column++);
             grid->addWidget(field, row, column++);
@@ -216,7 +215,7 @@ void SectionWindow::ShowConstruction() {
         return;
     }
     const Construction& construction = program.project.constructions[number];
-    ui.Heading->setText(HeadingOf(construction, number));
+    SetPlainText(*ui.Heading, HeadingOf(construction, number));
     ui.Section->Show(DrawSection(construction, conditions, Flow()));
     QString figures;
     for (const std::string& line : ThermalLines(construction, conditions, {Flow()}))

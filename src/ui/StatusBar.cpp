@@ -14,7 +14,7 @@ namespace strativo {
 namespace {
 
 QString FileName(const std::string& path) {
-    return QFileInfo(PathText(path)).fileName();
+    return Elided(QFileInfo(PathText(path)).fileName());
 }
 
 } // namespace
@@ -33,9 +33,8 @@ StatusBar::StatusBar(QWidget* parent) : QStatusBar(parent) {
 }
 
 QLabel* StatusBar::AddLabel(const char* objectName, int stretch) {
-    auto* label = new QLabel(this);
+    QLabel* label = PlainLabel(QString(), this);
     label->setObjectName(QLatin1String(objectName));
-    label->setTextFormat(Qt::PlainText);
     label->setMinimumWidth(1); // a long name is cut; it must not widen the main window
     addWidget(label, stretch);
     return label;
@@ -43,8 +42,8 @@ QLabel* StatusBar::AddLabel(const char* objectName, int stretch) {
 
 void StatusBar::ShowProject(const Project& project) {
     const std::string& file = project.constructionFile;
-    ui.FileStatus->setText(file.empty() ? tr("Untitled") : FileName(file));
-    ui.FileStatus->setToolTip(PathText(file));
+    SetPlainText(*ui.FileStatus, file.empty() ? tr("Untitled") : FileName(file));
+    SetPlainToolTip(*ui.FileStatus, PathText(file));
     ui.ChangedStatus->setText(project.changed ? tr("* unsaved changes") : QString());
     ShowLibraries(project);
 }
@@ -54,10 +53,12 @@ void StatusBar::ShowLibraries(const Project& project) {
     const QString none = tr("none loaded");
     const std::string& standard = project.standardLibraryFile;
     const std::string& user = project.userLibraryFile;
-    ui.LibraryStatus->setText(libraries.arg(project.standardLoaded ? FileName(standard) : none,
-                                            project.userLoaded ? FileName(user) : none));
-    ui.LibraryStatus->setToolTip(libraries.arg(project.standardLoaded ? PathText(standard) : none,
-                                               project.userLoaded ? PathText(user) : none));
+    SetPlainText(*ui.LibraryStatus,
+                 libraries.arg(project.standardLoaded ? FileName(standard) : none,
+                               project.userLoaded ? FileName(user) : none));
+    SetPlainToolTip(*ui.LibraryStatus,
+                    libraries.arg(project.standardLoaded ? Elided(PathText(standard)) : none,
+                                  project.userLoaded ? Elided(PathText(user)) : none));
 }
 
 void StatusBar::EndProgress() {

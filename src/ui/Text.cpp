@@ -3,6 +3,9 @@
 #include "text/Windows1252.h"
 
 #include <QFile>
+#include <QLabel>
+#include <QStringList>
+#include <QTextDocument>
 
 #include <algorithm>
 
@@ -24,6 +27,46 @@ QString PathText(std::string_view path) {
 
 std::string PathBytes(const QString& path) {
     return QFile::encodeName(path).toStdString();
+}
+
+QString Elided(const QString& text, qsizetype longest) {
+    if (text.size() <= longest)
+        return text;
+    const qsizetype kept = longest / 2 - 1;
+    return text.left(kept) + QChar(0x2026) + text.right(kept);
+}
+
+QString ElidedLines(const QString& text) {
+    QStringList lines = Elided(text, longestShownText).split(QLatin1Char('\n'));
+    for (QString& line : lines)
+        line = Elided(line);
+    return lines.join(QLatin1Char('\n'));
+}
+
+QString MenuCaption(const QString& text) {
+    QString caption = Elided(text);
+    caption.replace(QLatin1Char('&'), QLatin1String("&&"));
+    return caption.replace(QLatin1Char('\t'), QLatin1Char(' '));
+}
+
+QLabel* PlainLabel(const QString& text, QWidget* parent) {
+    auto* label = new QLabel(parent);
+    SetPlainText(*label, text);
+    return label;
+}
+
+void SetPlainText(QLabel& label, const QString& text) {
+    label.setTextFormat(Qt::PlainText);
+    label.setText(ElidedLines(text));
+}
+
+void SetPlainToolTip(QWidget& widget, const QString& text) {
+    // Tooltips have no plain format: what would be taken for HTML has to be HTML that shows it.
+    const QString shown = ElidedLines(text);
+    widget.setToolTip(
+        Qt::mightBeRichText(shown)
+            ? QStringLiteral("<p style='white-space: pre-wrap'>%1</p>").arg(shown.toHtmlEscaped())
+            : shown);
 }
 
 } // namespace strativo

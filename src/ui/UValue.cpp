@@ -84,7 +84,7 @@ void UValue::RefreshLayerList() {
         || Record().currentLayer == 0)
         ui.EditThick->setText(ToText(view.editThick));
     ui.AbsorpText->setText(ToText(view.absorpText));
-    ui.ConName->setText(ToText(view.conName));
+    SetPlainText(*ui.ConName, ToText(view.conName));
     ShowUValue(view.result);
 }
 

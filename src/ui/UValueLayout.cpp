@@ -5,6 +5,7 @@
 #include "ui/EntryField.h"
 #include "ui/LayerList.h"
 #include "ui/ListLabels.h"
+#include "ui/Text.h"
 #include "ui/Twips.h"
 #include "ui/UValue.h"
 
@@ -42,7 +43,7 @@ QSize UValue::FixedSize(const QWidget& screenWidget) {
 
 QLabel* UValue::AddLabel(const QString& objectName, const QString& text, QRect place,
                          QWidget* buddy) {
-    auto* label = new QLabel(text, this);
+    QLabel* label = PlainLabel(text, this);
     label->setObjectName(objectName);
     label->setGeometry(place);
     label->setBuddy(buddy);
@@ -102,7 +103,8 @@ void UValue::BuildHeadings() {
 void UValue::BuildEntryRows() {
     const int below = listRow + FromTwips(LayerList::listHeight, *this) + 4;
     const auto dropLabel = [&](const char* objectName, const QString& text, int x, int y) {
-        auto* label = new DropLabel(text, this);
+        auto* label = new DropLabel(this);
+        SetPlainText(*label, text);
         label->setObjectName(QLatin1String(objectName));
         label->setAlignment(Qt::AlignCenter);
         label->setFrameStyle(QFrame::Panel | QFrame::Sunken);
@@ -115,7 +117,6 @@ void UValue::BuildEntryRows() {
     ui.Last = dropLabel("Draglabel_4", tr("Last"), width() - margin - dropLabelWidth, below);
     ui.ConName = AddLabel(QStringLiteral("ConName"), QString(),
                           QRect(margin, below, width() - 2 * margin - 50, 18));
-    ui.ConName->setTextFormat(Qt::PlainText);
     const int row = below + 24;
     ui.EditThick = new EntryField(EntryField::Kind::number, QStringLiteral("EditThick"), this);
     ui.EditThick->setGeometry(76, row, 64, fieldHeight);

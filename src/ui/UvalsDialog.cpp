@@ -77,7 +77,7 @@ void UvalsDialog::Form_Unload() {
 }
 
 QLabel* UvalsDialog::AddLabel(const QString& objectName, const QString& text, QRect place) {
-    auto* label = new QLabel(text, this);
+    QLabel* label = PlainLabel(text, this);
     label->setObjectName(objectName);
     label->setGeometry(place);
     return label;
@@ -177,7 +177,7 @@ void UvalsDialog::ShowMaterials() {
 }
 
 QString UvalsDialog::Caption() const {
-    return PathText(MaterialListCaption(program.project));
+    return Elided(PathText(MaterialListCaption(program.project)));
 }
 
 void UvalsDialog::MatOption_Click(int index) {

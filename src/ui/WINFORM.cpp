@@ -49,7 +49,7 @@ void WinForm::BuildControls() {
     ui.WinList = new PlainList(this);
     ui.WinList->setObjectName(QStringLiteral("WinList"));
     ui.WinList->setUniformItemSizes(true);
-    ui.WInlab = new QLabel(tr("&Glass type"), this);
+    ui.WInlab = PlainLabel(tr("&Glass type"), this);
     ui.WInlab->setObjectName(QStringLiteral("WInlab"));
     ui.WInlab->setBuddy(ui.WinList);
     ui.Addbut = AddButton(QStringLiteral("Addbut"), tr("&Add"));
@@ -111,7 +111,7 @@ void WinForm::ShowGlassTypes() {
     shownListing = types.listings;
     QStringList lines;
     for (const std::string& name : types.names)
-        lines << ToText(name);
+        lines << Elided(ToText(name));
     const QSignalBlocker silent(ui.WinList);
     ui.WinList->clear();
     ui.WinList->addItems(lines);

@@ -74,12 +74,12 @@ QPushButton* Profile::AddButton(const QString& objectName, const QString& captio
 
 void Profile::BuildControls() {
     ui.GlassText = new EntryField(EntryField::Kind::name, QStringLiteral("GlassText"), this);
-    ui.GlassName = new QLabel(tr("Glass type &name"), this);
+    ui.GlassName = PlainLabel(tr("Glass type &name"), this);
     ui.GlassName->setObjectName(QStringLiteral("GlassName"));
     ui.GlassName->setBuddy(ui.GlassText);
     ui.sheet = new ProfileSheet(this);
     ui.Graph = ui.sheet->Graph();
-    ui.SelColumn = new QLabel(this);
+    ui.SelColumn = PlainLabel(QString(), this);
     ui.SelColumn->setObjectName(QStringLiteral("SelColumn"));
     ui.EditLevel = new EntryField(EntryField::Kind::number, QStringLiteral("EditLevel"), this);
     ui.EditLevel->setFixedWidth(fontMetrics().horizontalAdvance(tr("0.000")) * 2);
@@ -91,7 +91,7 @@ void Profile::BuildPropertyChoice() {
     // The label's access key gives the focus to the choice without changing it.
     ui.propertyChoice = new QWidget(this);
     ui.propertyChoice->setFocusPolicy(Qt::ClickFocus);
-    ui.Label1 = new QLabel(tr("&Property"), this);
+    ui.Label1 = PlainLabel(tr("&Property"), this);
     ui.Label1->setObjectName(QStringLiteral("Label1"));
     ui.Label1->setBuddy(ui.propertyChoice);
     ui.GlassProps = new QButtonGroup(this);
@@ -277,7 +277,7 @@ void Profile::ShowProfile() {
     ShowGraph();
     const bool selected = program.project.selectedProfileColumn != 0;
     const QString column = ToText(ColumnText(program.project, profile));
-    ui.SelColumn->setText(column);
+    SetPlainText(*ui.SelColumn, column);
     ui.EditLevel->setAccessibleName(column);
     if (!selected && ui.EditLevel->hasFocus())
         ui.Graph->setFocus();

@@ -51,6 +51,25 @@ TEST_F(Rewrite, MayWriteOverItsInput) {
     EXPECT_EQ(folder.Read("a.con"), folder.Read("b.con"));
 }
 
+TEST_F(Rewrite, OfAFileWithoutALineOfTheFormatReplacesNothingAndSaysSo) {
+    const std::string letter = "Dear Sir,\r\nthe walls are _ wet = bad!\r\n";
+    folder.Write("letter.con", letter);
+    folder.Write("empty.con", "");
+    for (const char* file : {"letter.con", "empty.con"}) {
+        const RunResult result = RunTool({"--standard", "std.lby", "rewrite", file, file});
+        EXPECT_EQ(result.status, 3);
+        EXPECT_EQ(result.out, "");
+        EXPECT_THAT(result.err,
+                    testing::EndsWith(std::string("strativo-cli: ") + file
+                                      + ": No line is one of a construction file; nothing is "
+                                        "written\n"));
+    }
+    EXPECT_EQ(folder.Read("letter.con"), letter);
+    EXPECT_EQ(folder.Read("empty.con"), "");
+    folder.Write("end.con", "!EOF\r\n");
+    EXPECT_EQ(RunTool({"--standard", "std.lby", "rewrite", "end.con", "end.con"}).status, 0);
+}
+
 TEST_F(Rewrite, OfARewriteGivesTheSameBytesCommentsApart) {
     fs::copy(fs::path(STRATIVO_SOURCE) / "data", folder.Path() / "data",
              fs::copy_options::recursive);

@@ -34,6 +34,17 @@ TEST(Svg, HasAnElementForEachShape) {
         "</svg>\n");
 }
 
+TEST(Svg, EscapesMarkupAndTurnsControlCharactersIntoBlanks) {
+    EXPECT_EQ(Escaped("<a href=\"x\"> & 'b'"), "&lt;a href=&quot;x&quot;&gt; &amp; 'b'");
+    EXPECT_EQ(Escaped("a\x1B\x7F"
+                      "b\r\n"),
+              "a  b  ");
+    EXPECT_EQ(Escaped("a\xC2\x80\xC2\x9B\xC2\x9F"
+                      "b"),
+              "a   b");
+    EXPECT_EQ(Escaped("\xC2\xA0\xC3\x9B\xE2\x82\xAC\xC2"), "\xC2\xA0\xC3\x9B\xE2\x82\xAC\xC2");
+}
+
 TEST(Svg, AsAFileHasItsNamespaceAndWhitePaper) {
     const std::string file = SvgFile(Drawing{10, 20, "", {}});
     EXPECT_THAT(file, StartsWith("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg "

@@ -158,6 +158,15 @@ TEST_F(ConstructionParser, IgnoresEverythingElse) {
     EXPECT_EQ(project.glassTypes[1].name, "");
 }
 
+TEST_F(ConstructionParser, TellsWhetherAnyLineIsOneOfTheFormat) {
+    EXPECT_FALSE(Parse("").formatSeen);
+    EXPECT_FALSE(Parse("\ntext\n* !END\n_ 1 = 12 0.1 0\n!ANGLE\n!window\n").formatSeen);
+    for (const char* line :
+         {"!EOF", "!END", "!TYPE", "!MATERIALS FILE = 'a.lby'", "!MATERIALS USER FILE = 'a.lby'",
+          "!CONSTRUCTION 'A'", "!WINDOW = 'CLEAR'"})
+        EXPECT_TRUE(Parse(std::string("text\n") + line + "\n").formatSeen) << line;
+}
+
 TEST_F(ConstructionParser, FailsWhereAQuotedTextHasNoEnd) {
     EXPECT_EQ(Failure("!MATERIALS FILE = 'std.lby"), 5);
     EXPECT_EQ(Failure("!MATERIALS USER FILE = 'std.lby"), 5);

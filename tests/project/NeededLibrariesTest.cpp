@@ -164,6 +164,9 @@ TEST_F(NeededLibraries, TellWhatBecameOfThem) {
     prompts.OpensFile("");
     EXPECT_EQ(result({standard, "!MATERIALS USER FILE = ''"}), FileReading::withoutLibrary);
     EXPECT_EQ(result({standard, "!WINDOW = 'no end"}), FileReading::stopped);
+    ASSERT_EQ(result({standard}), FileReading::whole);
+    EXPECT_EQ(result({"Dear Sir,"}), FileReading::foreign);
+    EXPECT_EQ(project.constructionFile, "house.con");
     prompts.OpensFile("");
     EXPECT_EQ(ReadConstructionFile(project, "", prompts), FileReading::cancelled);
 }

@@ -1,8 +1,34 @@
 #include "project/SaveDrawing.h"
 
+#include "files/FileMessages.h"
 #include "support/TestProject.h"
 
+#include <cerrno>
+#include <cstring>
 #include <gmock/gmock.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+namespace {
+
+bool foldersFail = false;
+
+bool IsFolder(int descriptor) {
+    struct stat status {};
+    return fstat(descriptor, &status) == 0 && S_ISDIR(status.st_mode);
+}
+
+} // namespace
+
+/// In the place of the system's own: a disk that fails once the file itself is on it.
+extern "C" int fsync(int descriptor) {
+    if (foldersFail && IsFolder(descriptor)) {
+        errno = EIO;
+        return -1;
+    }
+    return static_cast<int>(syscall(SYS_fsync, descriptor));
+}
 
 namespace strativo {
 namespace {
@@ -13,6 +39,19 @@ TEST(SaveDrawing, WritesTheFileThatIsChosen) {
     prompts.SavesFile("wall.svg");
     EXPECT_TRUE(SaveDrawing("<svg/>\n", prompts));
     EXPECT_EQ(folder.Read("wall.svg"), "<svg/>\n");
+}
+
+TEST(SaveDrawing, SaysThatALossOfPowerMayUndoIt) {
+    const TemporaryFolder folder;
+    ScriptedPrompts prompts;
+    prompts.SavesFile("wall.svg");
+    foldersFail = true;
+    EXPECT_TRUE(SaveDrawing("<svg/>\n", prompts));
+    foldersFail = false;
+    EXPECT_EQ(folder.Read("wall.svg"), "<svg/>\n");
+    ASSERT_EQ(prompts.messages.size(), 1U);
+    EXPECT_EQ(prompts.messages[0].text,
+              std::string("wall.svg\n") + savedButNotSafe + std::strerror(EIO));
 }
 
 TEST(SaveDrawing, WritesNothingWhenThePromptIsCancelled) {
