@@ -70,7 +70,7 @@ bool ComesBack(NamedPart part, const std::string& name) {
     case NamedPart::standardLibrary:
         return LibraryPathsComeBack(name, "");
     case NamedPart::userLibrary:
-        return LibraryPathsComeBack("", name);
+        return LibraryPathsComeBack(singleBlank, name);
     case NamedPart::construction:
         return ConstructionComesBack(name);
     case NamedPart::glassType:

@@ -48,6 +48,14 @@ INSTANTIATE_TEST_SUITE_P(All, NamesInFiles,
                                                   true, true}),
                          [](const auto& row) { return row.param.label; });
 
+TEST(UnreadableNames, LeavesOutPlainLibraryPaths) {
+    Project project;
+    project.standardLibraryFile = "/home/me/stdmat.lby";
+    project.userLibraryFile = "/home/me/user.lby";
+    project.userLoaded = true;
+    EXPECT_THAT(UnreadableNames(project), IsEmpty());
+}
+
 TEST(UnreadableNames, ListsLibraryPathsThatWouldBeCut) {
     ScriptedPrompts prompts;
     Project project;
