@@ -1,4 +1,5 @@
 #include "benchmarks/Clock.h"
+#include "ui/Appearance.h"
 #include "ui/STRATVMD.h"
 #include "ui/UValue.h"
 #include "ui/WindowArea.h"
@@ -207,9 +208,7 @@ int main(int argc, char** argv) {
         return 2;
     }
     Q_INIT_RESOURCE(strativo);
-    QFont font = QApplication::font();
-    font.setPointSizeF(8.25);
-    QApplication::setFont(font);
+    const strativo::Appearance appearance(application);
     alarm(600); // a box that nobody answers would wait for ever
     strativo::WindowSteps steps(argv + 2);
     const int rounds = std::atoi(argv[1]);

@@ -110,11 +110,15 @@ void AddLeftCopies(const std::string& folder, std::vector<LeftCopy>& found) {
 
 } // namespace
 
-std::vector<std::string> RecoveryFolders() {
+std::string StateFolder() {
     std::string state = Environment("XDG_STATE_HOME");
     if (!state.starts_with('/'))
         state = Environment("HOME") + "/.local/state";
-    std::vector<std::string> folders = {state + "/strativo/recovery"};
+    return state + "/strativo";
+}
+
+std::vector<std::string> RecoveryFolders() {
+    std::vector<std::string> folders = {StateFolder() + "/recovery"};
     if (const std::string runtime = Environment("XDG_RUNTIME_DIR"); runtime.starts_with('/'))
         folders.push_back(runtime + "/strativo-recovery");
     std::string temporary = Environment("TMPDIR");

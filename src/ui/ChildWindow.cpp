@@ -1,11 +1,13 @@
 #include "ui/ChildWindow.h"
 
+#include "ui/Appearance.h"
 #include "ui/Text.h"
+#include "ui/TitleButton.h"
 
+#include <QEvent>
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QToolButton>
 
 #include <utility>
 
@@ -14,7 +16,9 @@ namespace strativo {
 namespace {
 
 constexpr int buttonSize = 19;
+constexpr int buttonGap = 2;
 constexpr int margin = 4;
+static_assert(ChildWindow::buttonsWidth == 2 * buttonSize + buttonGap + 2 * margin);
 
 QWidget* NextInChain(QWidget* widget, bool next) {
     return next ? widget->nextInFocusChain() : widget->previousInFocusChain();
@@ -23,26 +27,6 @@ QWidget* NextInChain(QWidget* widget, bool next) {
 bool TakesTab(const QWidget& widget) {
     return (widget.focusPolicy() & Qt::TabFocus) == Qt::TabFocus && widget.isVisible()
            && widget.isEnabled() && widget.focusProxy() == nullptr;
-}
-
-enum class Glyph { minimise, restore, close };
-
-/// A button's sign in the colour of the caption, which the style's own pictures do not have.
-QIcon GlyphIcon(Glyph glyph, const QColor& colour, qreal pixelRatio) {
-    constexpr int size = 10;
-    QPixmap picture(QSize(size, size) * pixelRatio);
-    picture.setDevicePixelRatio(pixelRatio);
-    picture.fill(Qt::transparent);
-    QPainter painter(&picture);
-    painter.setRenderHint(QPainter::Antialiasing, glyph == Glyph::close);
-    painter.setPen(QPen(colour, 1.5));
-    if (glyph == Glyph::minimise)
-        painter.drawLine(1, size - 2, size - 1, size - 2);
-    else if (glyph == Glyph::restore)
-        painter.drawRect(1, 1, size - 3, size - 3);
-    else
-        painter.drawLines({QLineF(1, 1, size - 1, size - 1), QLineF(1, size - 1, size - 1, 1)});
-    return QIcon(picture);
 }
 
 } // namespace
@@ -62,24 +46,22 @@ ChildWindow::ChildWindow(int windowId, QWidget* parent)
     SetActive(false);
 }
 
-QToolButton* ChildWindow::AddButton(const QString& objectName) {
-    auto* button = new QToolButton(this);
+TitleButton* ChildWindow::AddButton(const QString& objectName) {
+    auto* button = new TitleButton(this);
     button->setObjectName(objectName);
-    button->setAutoRaise(true);
     button->setFocusPolicy(Qt::NoFocus);
     button->setFixedSize(buttonSize, buttonSize);
-    button->setIconSize(QSize(10, 10));
     return button;
 }
 
 void ChildWindow::ShowButtonPictures() {
     const QString name = minimised ? tr("Restore") : tr("Minimise");
-    const QColor colour = title->palette().color(QPalette::WindowText);
-    const Glyph first = minimised ? Glyph::restore : Glyph::minimise;
-    minimiseButton->setIcon(GlyphIcon(first, colour, devicePixelRatioF()));
+    const QColor sign = title->palette().color(QPalette::WindowText);
+    minimiseButton->Show(minimised ? TitleButton::Sign::restore : TitleButton::Sign::minimise, sign,
+                         bar);
     minimiseButton->setAccessibleName(name);
     minimiseButton->setToolTip(name);
-    closeButton->setIcon(GlyphIcon(Glyph::close, colour, devicePixelRatioF()));
+    closeButton->Show(TitleButton::Sign::close, sign, bar);
 }
 
 QSize ChildWindow::SizeAround(QSize content) {
@@ -102,12 +84,23 @@ void ChildWindow::SetCaption(const QString& caption) {
 
 void ChildWindow::SetActive(bool nowActive) {
     active = nowActive;
-    QPalette colours;
-    colours.setColor(QPalette::WindowText,
-                     colours.color(active ? QPalette::HighlightedText : QPalette::Text));
+    ShowColours();
+}
+
+void ChildWindow::ShowColours() {
+    QPalette colours = palette();
+    bar = colours.color(active ? QPalette::Highlight : QPalette::Button);
+    const QColor text = colours.color(active ? QPalette::HighlightedText : QPalette::ButtonText);
+    colours.setColor(QPalette::WindowText, Readable(text, bar));
     title->setPalette(colours);
     ShowButtonPictures();
     update();
+}
+
+void ChildWindow::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        ShowColours();
 }
 
 void ChildWindow::SetMinimised(bool nowMinimised) {
@@ -145,8 +138,6 @@ void ChildWindow::mouseDoubleClickEvent(QMouseEvent* event) {
 void ChildWindow::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const QPalette colours = palette();
-    const QColor bar =
-        active ? colours.color(QPalette::Highlight) : colours.color(QPalette::Button);
     painter.fillRect(rect(), colours.color(QPalette::Window));
     painter.fillRect(QRect(0, 0, width(), titleHeight + border), bar);
     painter.setPen(active ? bar.darker(140) : colours.color(QPalette::Mid));
@@ -172,7 +163,7 @@ bool ChildWindow::focusNextPrevChild(bool next) {
 void ChildWindow::resizeEvent(QResizeEvent*) {
     const int top = border + (titleHeight - buttonSize) / 2;
     closeButton->move(width() - border - margin - buttonSize, top);
-    minimiseButton->move(closeButton->x() - buttonSize - 2, top);
+    minimiseButton->move(closeButton->x() - buttonSize - buttonGap, top);
     title->setGeometry(border + 2 * margin, border, minimiseButton->x() - 3 * margin, titleHeight);
 }
 

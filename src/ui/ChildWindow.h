@@ -1,11 +1,14 @@
 #pragma once
 
+#include <QColor>
+#include <QPoint>
 #include <QWidget>
 
 class QLabel;
-class QToolButton;
 
 namespace strativo {
+
+class TitleButton;
 
 /// The frame of a window inside the main window: a title bar with caption, minimise and close
 /// buttons, and the content below it. It asks for what its user wants by signals; the window area
@@ -20,6 +23,8 @@ public:
 
     static constexpr int titleHeight = 25;
     static constexpr int border = 2;
+    /// The right end of the title bar, where its buttons are.
+    static constexpr int buttonsWidth = 48;
     /// The size of a frame around a content of that size.
     static QSize SizeAround(QSize content);
     static QSize IconSize() { return {176, titleHeight + 2 * border}; }
@@ -48,19 +53,22 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
     /// Tab goes round within the window.
     bool focusNextPrevChild(bool next) override;
 
 private:
-    QToolButton* AddButton(const QString& objectName);
+    TitleButton* AddButton(const QString& objectName);
+    void ShowColours();
     void ShowButtonPictures();
     bool IsOnTitle(const QPoint& position) const;
 
     int id;
     QLabel* title;
-    QToolButton* minimiseButton;
-    QToolButton* closeButton;
+    TitleButton* minimiseButton;
+    TitleButton* closeButton;
     QWidget* content = nullptr;
+    QColor bar;
     QPoint grip;
     bool dragging = false;
     bool active = false;

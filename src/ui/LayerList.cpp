@@ -1,6 +1,7 @@
 #include "ui/LayerList.h"
 
 #include "edit/LayerDrag.h"
+#include "ui/Appearance.h"
 #include "ui/KeyRepeat.h"
 
 #include <QDragEnterEvent>
@@ -191,7 +192,8 @@ void LayerList::paintEvent(QPaintEvent* event) {
     QPainter painter(viewport());
     const int y =
         std::clamp((dropRow - TopLine()) * RowHeightInPixels(), 1, viewport()->height() - 1);
-    painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+    const QColor mark = palette().color(QPalette::Highlight);
+    painter.setPen(QPen(Visible(mark, palette().color(QPalette::Base)), 2));
     painter.drawLine(0, y, viewport()->width(), y);
 }
 

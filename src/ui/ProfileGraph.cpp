@@ -1,5 +1,6 @@
 #include "ui/ProfileGraph.h"
 
+#include "ui/ProfileColours.h"
 #include "ui/Twips.h"
 
 #include <QMouseEvent>
@@ -8,15 +9,6 @@
 namespace strativo {
 
 namespace {
-
-// The curve's colours are fixed, so the paper below them is white in every colour scheme.
-const QColor paper(Qt::white);
-const QColor curveBlue(0, 0, 128);
-const QColor markerBlack(Qt::black);
-const QColor lightGrid(236, 238, 242);
-const QColor grid(212, 216, 224);
-const QColor diffuseTint(246, 247, 250);
-const QColor border(140, 146, 158);
 
 constexpr int gridRows = 10;
 
@@ -56,21 +48,22 @@ void ProfileGraph::Draw(QPainter& painter) const {
 }
 
 void ProfileGraph::DrawGrid(QPainter& painter) const {
+    const ProfileColours colours = ProfileColoursFor(palette());
     const double right = width();
     const double bottom = height();
     const double step = PointOf(1, 0).x();
-    painter.fillRect(QRectF(step / 2, 0, step, bottom), diffuseTint);
+    painter.fillRect(QRectF(step / 2, 0, step, bottom), colours.diffuseTint);
     for (int row = 1; row < gridRows; ++row) {
         const double y = PointOf(1, static_cast<double>(row) / gridRows).y();
-        painter.setPen(row % 2 == 0 ? grid : lightGrid);
+        painter.setPen(row % 2 == 0 ? colours.grid : colours.lightGrid);
         painter.drawLine(QPointF(0, y), QPointF(right, y));
     }
-    painter.setPen(grid);
+    painter.setPen(colours.grid);
     for (int column = 1; column <= profileColumns; ++column)
         painter.drawLine(QPointF(PointOf(column, 0).x(), 0),
                          QPointF(PointOf(column, 0).x(), bottom));
-    painter.setPen(
-        QPen(hasFocus() ? palette().color(QPalette::Highlight) : border, hasFocus() ? 2 : 1));
+    painter.setPen(QPen(hasFocus() ? palette().color(QPalette::Highlight) : colours.border,
+                        hasFocus() ? 2 : 1));
     painter.setBrush(Qt::NoBrush);
     painter.drawRect(QRectF(0, 0, right, bottom));
 }
@@ -80,22 +73,23 @@ void ProfileGraph::DrawCurve(QPainter& painter) const {
     QPolygonF curve;
     for (int column = 2; column <= profileColumns; ++column)
         curve << PointOf(column, values[column]);
-    painter.setPen(QPen(curveBlue, 1.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.setPen(QPen(ProfileColours::curve, 1.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.drawPolyline(curve);
 }
 
 void ProfileGraph::DrawMarkers(QPainter& painter) const {
     const double radius = markerRadius * logicalDpiX() / twipsPerInch;
-    painter.setPen(QPen(markerBlack, 1));
+    painter.setPen(QPen(ProfileColours::marker, 1));
     for (int column = 1; column <= profileColumns; ++column) {
-        painter.setBrush(column == selectedColumn ? QBrush(markerBlack) : QBrush(Qt::NoBrush));
+        painter.setBrush(column == selectedColumn ? QBrush(ProfileColours::marker)
+                                                  : QBrush(Qt::NoBrush));
         painter.drawEllipse(PointOf(column, values[column]), radius, radius);
     }
 }
 
 void ProfileGraph::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    painter.fillRect(rect(), paper);
+    painter.fillRect(rect(), ProfileColoursFor(palette()).paper);
     Draw(painter);
 }
 

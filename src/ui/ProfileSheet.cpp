@@ -1,5 +1,6 @@
 #include "ui/ProfileSheet.h"
 
+#include "ui/ProfileColours.h"
 #include "ui/ProfileGraph.h"
 #include "ui/Twips.h"
 
@@ -10,10 +11,6 @@
 namespace strativo {
 
 namespace {
-
-const QColor paper(Qt::white);
-const QColor edge(176, 182, 192);
-const QColor figures(60, 64, 72);
 
 // The steps between columns and between tenths are whole pixels at the usual 96 dots per inch.
 constexpr double graphWidth = 8250; // twips
@@ -42,12 +39,13 @@ void ProfileSheet::Show(const AngularValues& values, int selectedColumn,
 
 void ProfileSheet::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    painter.fillRect(rect(), paper);
-    painter.setPen(edge);
+    const ProfileColours colours = ProfileColoursFor(palette());
+    painter.fillRect(rect(), colours.paper);
+    painter.setPen(colours.border);
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
     painter.translate(graph->pos());
     graph->Draw(painter);
-    painter.setPen(figures);
+    painter.setPen(colours.figures);
     DrawValueAxis(painter);
     DrawAngleAxis(painter);
 }

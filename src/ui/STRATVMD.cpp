@@ -12,6 +12,7 @@
 #include "ui/ChildWindow.h"
 #include "ui/HelpViewer.h"
 #include "ui/KeyRepeat.h"
+#include "ui/MainWindowPlace.h"
 #include "ui/ProjectView.h"
 #include "ui/QtPrompts.h"
 #include "ui/SectionWindow.h"
@@ -69,7 +70,7 @@ UValueMDI::UValueMDI(QWidget* parent)
     setWindowTitle(QLatin1String(mainCaption));
     setAcceptDrops(true);
     setCentralWidget(area);
-    resize(1080, 760);
+    RestorePlace(*this);
     RecordSource(project, ProgramWindow::mainWindow);
     dialog = new UvalsDialog(program, this);
     status = new StatusBar(this);
@@ -112,11 +113,7 @@ void UValueMDI::TellInStatusBar(const QString& text) {
 }
 
 void UValueMDI::PlaceDialog() {
-    const QSize size = ChildWindow::SizeAround(dialog->size());
-    area->Open(dialogId, dialog->Caption(),
-               QPoint(std::max(0, area->width() - size.width() - 8),
-                      std::max(0, area->height() - size.height() - 8)),
-               {.remade = false, .cascades = false});
+    area->Open(dialogId, dialog->Caption(), {.remade = false, .inCorner = true});
     area->Activate(dialogId);
 }
 
@@ -152,6 +149,7 @@ void UValueMDI::EndByRequest() {
 
 void UValueMDI::EndProgram() {
     ended = true;
+    KeepPlace(*this);
     watch->End(false);
     QuitHelp();
     QApplication::exit(0);
@@ -276,6 +274,8 @@ bool UValueMDI::MDIForm_QueryUnload() {
 void UValueMDI::closeEvent(QCloseEvent* event) {
     const bool userIsAsked = project.changed;
     event->setAccepted(ended || !MDIForm_QueryUnload());
+    if (event->isAccepted())
+        KeepPlace(*this);
     if (event->isAccepted() && !ended)
         watch->End(userIsAsked);
 }

@@ -19,8 +19,8 @@ constexpr int keptUnseenFrames = 32;
 
 WindowArea::WindowArea(MakeContent make, ContentSize size, QWidget* parent)
     : QWidget(parent), makeContent(std::move(make)), contentSize(std::move(size)),
-      places({ChildWindow::titleHeight, ChildWindow::titleHeight + ChildWindow::border,
-              ChildWindow::IconSize()},
+      places({ChildWindow::titleHeight, ChildWindow::buttonsWidth,
+              ChildWindow::titleHeight + ChildWindow::border, ChildWindow::IconSize()},
              [this] { Changed(); }) {
     setObjectName(QStringLiteral("WindowArea"));
     setAttribute(Qt::WA_OpaquePaintEvent); // it fills all of itself
@@ -47,11 +47,6 @@ void WindowArea::Changed() {
 void WindowArea::Open(int id, const QString& caption, WindowTraits traits) {
     children[id].caption = caption;
     places.Open(id, ChildWindow::SizeAround(contentSize(id)), traits);
-}
-
-void WindowArea::Open(int id, const QString& caption, QPoint position, WindowTraits traits) {
-    children[id].caption = caption;
-    places.Open(id, ChildWindow::SizeAround(contentSize(id)), position, traits);
 }
 
 void WindowArea::Close(int id) {
@@ -167,7 +162,7 @@ void WindowArea::GiveFocus(const Child& child) {
 void WindowArea::Activate(int id) {
     SetHidden(id, false);
     SetMinimised(id, false);
-    places.BringWithinReach(id);
+    places.BringInside(id);
     Raise(id);
     if (active != id)
         SetActive(id);
@@ -260,7 +255,9 @@ void WindowArea::ShowVisible() {
         }
         if (child.frame == nullptr)
             MakeFrame(id);
-        if (above != nullptr)
+        if (above == nullptr)
+            child.frame->raise();
+        else
             child.frame->stackUnder(above);
         child.frame->show();
         above = child.frame;

@@ -29,10 +29,8 @@ public:
     WindowArea(MakeContent makeContent, ContentSize contentSize, QWidget* parent);
     ~WindowArea() override;
 
-    /// Adds a window on top of the others, without activating it; the next place of the cascade,
-    /// unless one is given.
+    /// Adds a window on top of the others, without activating it: beside them while there is room.
     void Open(int id, const QString& caption, WindowTraits traits = {});
-    void Open(int id, const QString& caption, QPoint position, WindowTraits traits = {});
     void Close(int id);
     bool Has(int id) const { return places.Has(id); }
 

@@ -1,10 +1,6 @@
 #include "ui/WindowPlaces.h"
 
-#include <QRegion>
-
 #include <algorithm>
-#include <array>
-#include <set>
 #include <utility>
 
 namespace strativo {
@@ -12,13 +8,24 @@ namespace strativo {
 WindowPlaces::WindowPlaces(Measures frameMeasures, std::function<void()> whenChanged)
     : measures(frameMeasures), changed(std::move(whenChanged)) {}
 
+/// Whatever changes may free a place.
+void WindowPlaces::Changed() {
+    takenIsKnown = false;
+    changed();
+}
+
 void WindowPlaces::Open(int id, QSize size, WindowTraits traits) {
-    Open(id, size, CascadePosition(opened++, size), traits);
+    Open(id, size, traits.inCorner ? Corner(size) : PlaceForNew(size), traits);
 }
 
 void WindowPlaces::Open(int id, QSize size, QPoint position, WindowTraits traits) {
-    records.insert_or_assign(id, Record{traits, position, size, {}, {}, false});
+    records.insert_or_assign(id, Record{traits, position, size, {}, {}, false, false});
     order.push_back(id);
+    remadeWindows += traits.remade ? 1 : 0;
+    if (traits.inCorner)
+        cornerWindows.push_back(id);
+    if (takenIsKnown)
+        AddTaken({position, size});
     changed();
 }
 
@@ -27,25 +34,35 @@ void WindowPlaces::Close(int id) {
     if (found == records.end())
         return;
     FreeIconSlot(found->second);
+    remadeWindows -= found->second.traits.remade ? 1 : 0;
+    if (found->second.traits.inCorner)
+        cornerWindows.erase(std::find(cornerWindows.begin(), cornerWindows.end(), id));
     records.erase(found);
     order.erase(std::find(order.begin(), order.end(), id));
-    if (records.empty())
-        opened = 0;
-    changed();
+    if (remadeWindows == 0)
+        cascaded = 0;
+    Changed();
 }
 
 void WindowPlaces::SetArea(QSize size) {
     if (size == area)
         return;
+    const bool isSmaller = size.width() < area.width() || size.height() < area.height();
     area = size;
-    for (auto& [id, record] : records)
+    for (auto& [id, record] : records) {
+        if (record.traits.inCorner && !record.moved)
+            record.position = Corner(record.size);
+        else if (isSmaller)
+            record.position = Inside(record.position, record.size);
         record.movedIcon.reset();
-    changed();
+    }
+    TakeIconSlotsAgain();
+    Changed();
 }
 
 void WindowPlaces::SetHidden(int id, bool hidden) {
     if (std::exchange(records.at(id).hidden, hidden) != hidden)
-        changed();
+        Changed();
 }
 
 void WindowPlaces::SetMinimised(int id, bool minimised) {
@@ -60,7 +77,7 @@ void WindowPlaces::SetMinimised(int id, bool minimised) {
     } else {
         FreeIconSlot(record);
     }
-    changed();
+    Changed();
 }
 
 void WindowPlaces::Raise(int id) {
@@ -77,25 +94,32 @@ void WindowPlaces::Move(int id, QPoint position) {
     const QPoint place = WithinReach(position, before.size());
     if (place == before.topLeft())
         return;
-    if (record.iconSlot)
+    if (record.iconSlot) {
         record.movedIcon = place;
-    else
+    } else {
         record.position = place;
-    changed();
+        record.moved = true;
+    }
+    Changed();
 }
 
-void WindowPlaces::BringWithinReach(int id) {
-    Move(id, Geometry(id).topLeft());
+void WindowPlaces::BringInside(int id) {
+    Record& record = records.at(id);
+    const QPoint place = Inside(record.position, record.size);
+    if (std::exchange(record.position, place) != place)
+        Changed();
 }
 
 void WindowPlaces::Cascade() {
-    int step = 0;
+    cascaded = 0;
     for (const int id : order) {
         Record& record = records.at(id);
-        if (IsShown(record) && record.traits.cascades)
-            record.position = CascadePosition(step++, record.size);
+        if (IsShown(record) && !record.traits.inCorner)
+            record.position = CascadePosition(cascaded++, record.size);
     }
-    changed();
+    std::stable_partition(order.begin(), order.end(),
+                          [this](int id) { return !records.at(id).traits.inCorner; });
+    Changed();
 }
 
 void WindowPlaces::ArrangeIcons() {
@@ -107,7 +131,7 @@ void WindowPlaces::ArrangeIcons() {
         if (record.iconSlot)
             TakeIconSlot(record);
     }
-    changed();
+    Changed();
 }
 
 std::vector<int> WindowPlaces::Windows() const {
@@ -132,15 +156,14 @@ std::optional<int> WindowPlaces::Topmost() const {
 std::vector<int> WindowPlaces::Seen() const {
     std::vector<int> seen;
     QRegion covered;
-    std::set<std::array<int, 4>> places;
+    std::set<Place> places;
     for (auto id = order.rbegin(); id != order.rend(); ++id) {
         const Record& record = records.at(*id);
         const QRect visible = Geometry(record).intersected(QRect(QPoint(), area));
         if (record.hidden || visible.isEmpty())
             continue;
         // Thousands of windows share the few places of the cascade; one look at each is enough.
-        const bool isNewPlace =
-            places.insert({visible.x(), visible.y(), visible.width(), visible.height()}).second;
+        const bool isNewPlace = places.insert(PlaceOf(visible)).second;
         if (!isNewPlace || (QRegion(visible) - covered).isEmpty())
             continue;
         covered += visible;
@@ -152,31 +175,70 @@ std::vector<int> WindowPlaces::Seen() const {
 QRect WindowPlaces::Geometry(const Record& record) const {
     if (!record.iconSlot)
         return {record.position, record.size};
-    return {record.movedIcon.value_or(IconPosition(*record.iconSlot)), measures.icon};
+    const QRect icon = IconGeometry(*record.iconSlot);
+    return {record.movedIcon.value_or(icon.topLeft()), icon.size()};
 }
 
 /// Icons fill rows from the bottom left corner.
-QPoint WindowPlaces::IconPosition(int slot) const {
+QRect WindowPlaces::IconGeometry(int slot) const {
     const QSize icon = measures.icon;
     const int perRow = std::max(1, area.width() / icon.width());
-    return {slot % perRow * icon.width(), area.height() - (slot / perRow + 1) * icon.height()};
+    return {
+        QPoint(slot % perRow * icon.width(), area.height() - (slot / perRow + 1) * icon.height()),
+        icon};
 }
 
+/// A window whose title bar could not be grasped could not be moved back.
 QPoint WindowPlaces::WithinReach(QPoint position, QSize window) const {
     constexpr int grasp = 40; // of the title bar, to take hold of
-    return {std::clamp(position.x(), grasp - window.width(), std::max(0, area.width() - grasp)),
+    const int left = grasp + measures.buttons - window.width();
+    return {std::clamp(position.x(), left, std::max(left, area.width() - grasp)),
             std::clamp(position.y(), 0, std::max(0, area.height() - measures.title))};
 }
 
+QPoint WindowPlaces::Inside(QPoint position, QSize window) const {
+    const QSize room = area - window;
+    const QPoint wanted(
+        std::clamp(position.x(), std::min(0, room.width()), std::max(0, room.width())),
+        std::clamp(position.y(), 0, std::max(0, room.height())));
+    return WithinReach(wanted, window);
+}
+
+QPoint WindowPlaces::Corner(QSize window) const {
+    constexpr int gap = 8; // to the area's edges
+    return {std::max(0, area.width() - window.width() - gap),
+            std::max(0, area.height() - window.height() - gap)};
+}
+
+bool WindowPlaces::IsBesideCorner(QRect icon) const {
+    return std::none_of(cornerWindows.begin(), cornerWindows.end(), [&](int id) {
+        const Record& record = records.at(id);
+        return IsShown(record) && Geometry(record).intersects(icon);
+    });
+}
+
+/// The lowest place in sight beside the window in the corner, or else the lowest at all.
+int WindowPlaces::FreeIconSlotNumber() const {
+    const int perRow = std::max(1, area.width() / measures.icon.width());
+    const int inSight = perRow * (area.height() / measures.icon.height());
+    const int known = static_cast<int>(iconSlots.size());
+    const auto isFree = [&](int slot) {
+        return slot >= known || !iconSlots[static_cast<std::size_t>(slot)];
+    };
+    for (int slot = 0; slot < inSight; ++slot)
+        if (isFree(slot) && IsBesideCorner(IconGeometry(slot)))
+            return slot;
+    return lowestFreeIcon;
+}
+
 void WindowPlaces::TakeIconSlot(Record& record) {
-    const auto free = std::find(iconSlots.begin() + lowestFreeIcon, iconSlots.end(), false);
-    const auto slot = static_cast<int>(free - iconSlots.begin());
+    const int slot = FreeIconSlotNumber();
     record.iconSlot = slot;
-    if (free == iconSlots.end())
-        iconSlots.push_back(true);
-    else
-        *free = true;
-    lowestFreeIcon = slot + 1;
+    const auto index = static_cast<std::size_t>(slot);
+    iconSlots.resize(std::max(iconSlots.size(), index + 1));
+    iconSlots[index] = true;
+    const auto free = std::find(iconSlots.begin() + lowestFreeIcon, iconSlots.end(), false);
+    lowestFreeIcon = static_cast<int>(free - iconSlots.begin());
 }
 
 void WindowPlaces::FreeIconSlot(Record& record) {
@@ -188,6 +250,62 @@ void WindowPlaces::FreeIconSlot(Record& record) {
     record.movedIcon.reset();
 }
 
+/// In the order in which they stand.
+void WindowPlaces::TakeIconSlotsAgain() {
+    std::vector<std::pair<int, Record*>> icons;
+    for (auto& [id, record] : records)
+        if (record.iconSlot)
+            icons.emplace_back(*record.iconSlot, &record);
+    std::sort(icons.begin(), icons.end());
+    iconSlots.clear();
+    lowestFreeIcon = 0;
+    for (const auto& [slot, record] : icons)
+        TakeIconSlot(*record);
+}
+
+QPoint WindowPlaces::PlaceForNew(QSize window) {
+    if (!takenIsKnown)
+        LookAtTakenPlaces();
+    if (const auto free = FreePlace(window))
+        return *free;
+    return NextOfCascade(window);
+}
+
+void WindowPlaces::LookAtTakenPlaces() {
+    takenIsKnown = true;
+    taken = {};
+    takenPlaces.clear();
+    sizeWithoutRoom = {};
+    for (const auto& [id, record] : records)
+        if (!record.hidden)
+            AddTaken(Geometry(record));
+}
+
+void WindowPlaces::AddTaken(QRect place) {
+    if (takenPlaces.insert(PlaceOf(place)).second)
+        taken += place;
+}
+
+/// The first place beside all others, row by row; it touches their edges or those of the area.
+std::optional<QPoint> WindowPlaces::FreePlace(QSize window) {
+    if (window == sizeWithoutRoom)
+        return std::nullopt;
+    std::set<int> lefts = {0};
+    std::set<int> tops = {0};
+    for (const QRect& rect : taken) {
+        lefts.insert(rect.x() + rect.width());
+        tops.insert(rect.y() + rect.height());
+    }
+    for (const int top : tops)
+        for (const int left : lefts) {
+            const QRect place(QPoint(left, top), window);
+            if (QRect(QPoint(), area).contains(place) && !taken.intersects(place))
+                return place.topLeft();
+        }
+    sizeWithoutRoom = window;
+    return std::nullopt;
+}
+
 /// So many windows lie beside each other before the cascade starts again in its corner.
 int WindowPlaces::CascadeSteps(QSize window) const {
     const int room = std::min(area.width() - window.width(), area.height() - window.height());
@@ -197,6 +315,16 @@ int WindowPlaces::CascadeSteps(QSize window) const {
 QPoint WindowPlaces::CascadePosition(int step, QSize window) const {
     const int place = step % CascadeSteps(window) * measures.cascadeStep;
     return {place, place};
+}
+
+/// A place in which nothing else lies would cover nothing wholly.
+QPoint WindowPlaces::NextOfCascade(QSize window) {
+    for (int tries = CascadeSteps(window); tries > 0; --tries) {
+        const QPoint position = CascadePosition(cascaded++, window);
+        if (takenPlaces.count(PlaceOf({position, window})) == 0)
+            return position;
+    }
+    return CascadePosition(cascaded++, window);
 }
 
 } // namespace strativo

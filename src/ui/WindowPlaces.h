@@ -2,10 +2,13 @@
 
 #include <QPoint>
 #include <QRect>
+#include <QRegion>
 #include <QSize>
 
+#include <array>
 #include <functional>
 #include <optional>
+#include <set>
 #include <unordered_map>
 #include <vector>
 
@@ -13,8 +16,8 @@ namespace strativo {
 
 /// What a window in the area lets others do with it.
 struct WindowTraits {
-    bool remade = true;   ///< its content can be made anew, so its widgets may be let go unseen
-    bool cascades = true; ///< Cascade gives it a place
+    bool remade = true;    ///< its content can be made anew, so its widgets may be let go unseen
+    bool inCorner = false; ///< lies in the bottom right corner, where others leave it alone
 };
 
 /// Where the windows of the main window's area lie and which of them can be seen: numbered records
@@ -26,6 +29,7 @@ public:
     /// The sizes of a frame's parts, in pixels.
     struct Measures {
         int title;       ///< height of the title bar
+        int buttons;     ///< width of that right end of it that cannot be grasped
         int cascadeStep; ///< from one place of the cascade to the next, right and down
         QSize icon;      ///< a minimised window
     };
@@ -33,7 +37,8 @@ public:
     /// `whenChanged` is called after each change of what Geometry, Seen or Order return.
     WindowPlaces(Measures frameMeasures, std::function<void()> whenChanged);
 
-    /// Opens a window on top of the others; the next place of the cascade unless one is given.
+    /// Opens a window on top of the others: in the first place beside them while there is room,
+    /// else in the next of the cascade.
     void Open(int id, QSize size, WindowTraits traits = {});
     void Open(int id, QSize size, QPoint position, WindowTraits traits = {});
     /// Nothing for a window that is not open.
@@ -41,18 +46,22 @@ public:
     bool Has(int id) const { return records.count(id) != 0; }
     bool MayLetGo(int id) const { return records.at(id).traits.remade; }
 
+    /// In a smaller area windows are brought inside; one in the corner stays in the corner until it
+    /// is moved.
     void SetArea(QSize size);
     void SetHidden(int id, bool hidden);
     bool IsHidden(int id) const { return records.at(id).hidden; }
-    /// A minimised window is an icon below all windows, in the lowest free place of the bottom.
+    /// A minimised window is an icon below all windows, in the lowest free place of the bottom;
+    /// beside the window in the corner while there is room.
     void SetMinimised(int id, bool minimised);
     bool IsMinimised(int id) const { return records.at(id).iconSlot.has_value(); }
     void Raise(int id);
     /// Moves a window or an icon there, or as near as leaves its title within reach.
     void Move(int id, QPoint position);
-    /// Moves a window back whose title is out of reach since the area has become smaller.
-    void BringWithinReach(int id);
-    /// Gives the windows places from the top left corner on, from the lowest to the topmost.
+    /// Moves a window inside the area: wholly where it fits, else as far as its title.
+    void BringInside(int id);
+    /// Gives the windows places from the top left corner on, from the lowest to the topmost. The
+    /// one in the corner stays there, on top of them.
     void Cascade();
     void ArrangeIcons();
 
@@ -74,26 +83,49 @@ private:
         std::optional<int> iconSlot;     ///< place among the icons, while minimised
         std::optional<QPoint> movedIcon; ///< where the icon was dragged to
         bool hidden = false;
+        bool moved = false; ///< by its user
     };
+    /// Left, top, width and height of a place.
+    using Place = std::array<int, 4>;
 
     static bool IsShown(const Record& record) { return !record.hidden && !record.iconSlot; }
+    static Place PlaceOf(QRect rect) { return {rect.x(), rect.y(), rect.width(), rect.height()}; }
+    void Changed();
     QRect Geometry(const Record& record) const;
-    QPoint IconPosition(int slot) const;
+    QRect IconGeometry(int slot) const;
     QPoint WithinReach(QPoint position, QSize window) const;
+    QPoint Inside(QPoint position, QSize window) const;
+    QPoint Corner(QSize window) const;
+    bool IsBesideCorner(QRect icon) const;
     void TakeIconSlot(Record& record);
+    int FreeIconSlotNumber() const;
     void FreeIconSlot(Record& record);
+    void TakeIconSlotsAgain();
+    QPoint PlaceForNew(QSize window);
+    std::optional<QPoint> FreePlace(QSize window);
+    void LookAtTakenPlaces();
+    void AddTaken(QRect place);
     int CascadeSteps(QSize window) const;
     QPoint CascadePosition(int step, QSize window) const;
+    QPoint NextOfCascade(QSize window);
     std::vector<int> Numbered() const;
 
     Measures measures;
     std::function<void()> changed;
-    QSize area;
+    QSize area{0, 0};
     std::unordered_map<int, Record> records;
-    std::vector<int> order;      ///< from the bottom to the top
+    std::vector<int> order; ///< from the bottom to the top
+    std::vector<int> cornerWindows;
     std::vector<bool> iconSlots; ///< places among the icons that are taken
     int lowestFreeIcon = 0;      ///< no place below it is free
-    int opened = 0;              ///< counts the places of the cascade given out
+    int remadeWindows = 0;
+    int cascaded = 0; ///< counts the places of the cascade given out
+
+    // What opening thousands of windows must not look at each time.
+    bool takenIsKnown = false;
+    QRegion taken;               ///< the part of the area that windows and icons cover
+    std::set<Place> takenPlaces; ///< each place once, however many windows share it
+    QSize sizeWithoutRoom;       ///< for a window of this size there is no free place
 };
 
 } // namespace strativo

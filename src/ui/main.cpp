@@ -1,4 +1,5 @@
 #include "files/Process.h"
+#include "ui/Appearance.h"
 #include "ui/EndRequests.h"
 #include "ui/STRATVMD.h"
 #include "ui/StartMessages.h"
@@ -32,9 +33,7 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName(QStringLiteral("strativo"));
     QApplication::setDesktopFileName(QStringLiteral("strativo"));
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/window-icon.png")));
-    QFont font = QApplication::font();
-    font.setPointSizeF(8.25);
-    QApplication::setFont(font);
+    const strativo::Appearance appearance(application);
     strativo::UValueMDI window;
     const strativo::EndRequests requests;
     const QSocketNotifier endRequests(requests.Descriptor(), QSocketNotifier::Read);

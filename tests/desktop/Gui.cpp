@@ -1,5 +1,7 @@
 #include "desktop/Gui.h"
 
+#include "ui/Appearance.h"
+
 #include <QApplication>
 #include <QDir>
 #include <QImage>
@@ -97,6 +99,7 @@ void WaitForInput() {
 int RunStories(int argc, char** argv) {
     XScreen input; // before the windows: they learn the keyboard as it is left
     QApplication application(argc, argv);
+    const Appearance appearance(application);
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setDoubleClickInterval(0); // clicks are double only where a story says so
     Marker markerWindow;

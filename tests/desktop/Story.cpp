@@ -163,6 +163,15 @@ QPoint Story::Material(const char* name) {
     });
 }
 
+QPoint Story::TitleOf(int child) {
+    return InGui([&] {
+        for (const auto* frame : window->Area().findChildren<ChildWindow*>())
+            if (frame->Id() == child)
+                return VisiblePlace(frame, QPoint(60, ChildWindow::titleHeight / 2));
+        throw std::runtime_error("no window " + std::to_string(child));
+    });
+}
+
 QPoint Story::FrameButton(int child, const char* name) {
     return InGui([&] {
         const QWidget* frame = window->Area().Content(child)->parentWidget();
@@ -206,12 +215,11 @@ bool Story::IsItemEnabled(const char* menu, const char* item) {
 }
 
 void Story::MoveWindow(int child, QPoint place) {
-    const QPoint grip(60, ChildWindow::titleHeight / 2);
-    const auto [from, to] = InGui([&] {
-        const QWidget* frame = window->Area().Content(child)->parentWidget();
-        return std::pair(VisiblePlace(frame, grip), window->Area().mapToGlobal(place) + grip);
-    });
-    Drag(from, to);
+    const QPoint from = TitleOf(child);
+    Drag(from, InGui([&] {
+             const QWidget* frame = window->Area().Content(child)->parentWidget();
+             return from + window->Area().mapToGlobal(place) - frame->mapToGlobal(QPoint());
+         }));
 }
 
 void Story::WaitForBox(const std::string& title) {

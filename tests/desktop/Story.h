@@ -44,6 +44,8 @@ protected:
     QPoint LayerRow(int construction, int row);
     /// The line of the material, scrolled into sight with the wheel.
     QPoint Material(const char* name);
+    /// Where a window's title bar is to be grasped.
+    QPoint TitleOf(int child);
     /// A button of a window's frame.
     QPoint FrameButton(int child, const char* name);
 

@@ -33,9 +33,10 @@ void TestScreen::StartServer() {
     int ends[2];
     if (pipe(ends) != 0)
         throw std::runtime_error("no pipe");
-    server = std::make_unique<ChildProcess>(
-        std::vector<std::string>{"Xvfb", "-displayfd", std::to_string(ends[1]), "-screen", "0",
-                                 "1700x1000x24", "-dpi", "96", "-nolisten", "tcp", "-noreset"});
+    const char* size = std::getenv("SCREEN_SIZE");
+    server = std::make_unique<ChildProcess>(std::vector<std::string>{
+        "Xvfb", "-displayfd", std::to_string(ends[1]), "-screen", "0",
+        size != nullptr ? size : "1700x1000x24", "-dpi", "96", "-nolisten", "tcp", "-noreset"});
     close(ends[1]);
     std::string number;
     pollfd wanted{ends[0], POLLIN, 0};

@@ -8,7 +8,7 @@
 namespace strativo {
 
 /// A virtual screen with a window manager, for this process and all that it starts. Settings are
-/// looked for in an empty folder.
+/// looked for in an empty folder. SCREEN_SIZE, if set, is that of the screen.
 class TestScreen {
 public:
     TestScreen();

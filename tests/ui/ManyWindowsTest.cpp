@@ -34,7 +34,7 @@ protected:
 
 TEST_F(ManyWindows, ExistOnlyWhereAPartOfThemCanBeSeen) {
     StartWithMany();
-    EXPECT_LT(Area().ExistingWindows(), 12);
+    EXPECT_LT(Area().ExistingWindows(), 20);
     EXPECT_EQ(Area().Windows().size(), many + 1U);
     ExpectShown(many);
 }
@@ -63,13 +63,13 @@ TEST_F(ManyWindows, AnyOfThemCanBeActivated) {
 
 TEST_F(ManyWindows, AnUnseenWindowThatWasLetGoShowsItsContentAgain) {
     StartWithMany();
-    Area().Activate(3);
+    Area().Activate(50);
     for (int number = 100; number < 200; ++number)
         Area().Activate(number);
     QTest::qWait(1);
-    EXPECT_EQ(program->ConstructionWindow(3), nullptr);
-    Area().Activate(3);
-    ExpectShown(3);
+    EXPECT_EQ(program->ConstructionWindow(50), nullptr);
+    Area().Activate(50);
+    ExpectShown(50);
 }
 
 TEST_F(ManyWindows, AllCanBeIconsAndBackAgain) {

@@ -249,21 +249,87 @@ TEST_F(Windows, CascadeFollowsTheOrderAndLeavesIconsAlone) {
 TEST_F(Windows, AWindowCannotBeMovedOutOfReach) {
     StartWith(1);
     MoveWindow(1, {5000, 5000});
-    EXPECT_TRUE(Area().rect().intersects(Frame(1)->geometry()));
+    EXPECT_LE(Frame(1)->x(), Area().width() - 40);
     EXPECT_LE(Frame(1)->y(), Area().height() - ChildWindow::titleHeight);
     MoveWindow(1, {-5000, -5000});
-    EXPECT_GE(Frame(1)->geometry().right(), 39);
+    const auto* minimise = Frame(1)->findChild<QToolButton*>(QStringLiteral("MinimiseButton"));
+    EXPECT_GE(minimise->mapTo(&Area(), QPoint()).x(), 40) << "the title left of the buttons";
     EXPECT_EQ(Frame(1)->y(), 0);
 }
 
-TEST_F(Windows, AChosenWindowComesBackIntoASmallerArea) {
-    StartWith(1);
-    program->resize(640, 420);
-    QTest::qWait(1);
-    Area().Activate(UValueMDI::dialogId);
+TEST_F(Windows, NewWindowsLieSideBySideWhileThereIsRoom) {
+    StartWith(4);
+    const QRect first = Frame(1)->geometry();
+    EXPECT_EQ(first.topLeft(), QPoint(0, 0));
+    EXPECT_EQ(Frame(2)->geometry(), first.translated(first.width(), 0));
+    EXPECT_EQ(Frame(3)->geometry(), first.translated(0, first.height()));
+    EXPECT_EQ(Frame(4)->pos(), QPoint(27, 27)) << "no room: cascaded, and no other covered wholly";
+}
+
+TEST_F(Windows, PlacesStartAnewWithANewFile) {
+    StartWith(5);
+    Answer("Yes");
+    TheProject().changed = true;
+    Choose("NewProject");
+    Choose("NewUValue");
+    Choose("NewUValue");
+    EXPECT_EQ(Frame(1)->pos(), QPoint(0, 0));
+    EXPECT_EQ(Frame(2)->pos(), QPoint(Frame(1)->width(), 0));
+}
+
+TEST_F(Windows, CascadeLeavesSelectMaterialInItsPlaceInSightAndNotActive) {
+    StartWith(20);
+    const QRect before = program->Dialog().parentWidget()->geometry();
+    Choose("Cascade");
     const QWidget* frame = program->Dialog().parentWidget();
-    EXPECT_LE(frame->x(), Area().width() - 40);
-    EXPECT_LE(frame->y(), Area().height() - ChildWindow::titleHeight);
+    EXPECT_EQ(frame->geometry(), before);
+    EXPECT_EQ(Area().childAt(before.center()),
+              program->Dialog().childAt(program->Dialog().mapFrom(&Area(), before.center())));
+    EXPECT_EQ(Area().Active(), 20);
+    EXPECT_TRUE(List(20)->hasFocus());
+}
+
+TEST_F(Windows, CascadeUsesAllPlacesThatFit) {
+    StartWith(13);
+    Choose("Cascade");
+    std::set<int> lefts;
+    for (const QPoint& position : Positions(13))
+        lefts.insert(position.x());
+    EXPECT_EQ(lefts.size(), 13U);
+}
+
+TEST_F(Windows, IconsKeepClearOfSelectMaterial) {
+    StartWith(20);
+    Choose("MakeIcon");
+    const QRect dialog = program->Dialog().parentWidget()->geometry();
+    int icons = 0;
+    for (const auto* frame : Area().findChildren<ChildWindow*>()) {
+        if (!frame->IsMinimised() || frame->isHidden())
+            continue;
+        ++icons;
+        EXPECT_FALSE(frame->geometry().intersects(dialog)) << frame->Id();
+        EXPECT_TRUE(Area().rect().contains(frame->geometry())) << frame->Id();
+    }
+    EXPECT_EQ(icons, 20);
+}
+
+TEST_F(Windows, ASmallerAreaHoldsAllWindowsThatFit) {
+    StartWith(5);
+    MoveWindow(1, {590, 330});
+    program->resize(700, 500);
+    QTest::qWait(1);
+    for (const int number : {1, 2, 3, 4, 5})
+        EXPECT_TRUE(Area().rect().contains(Frame(number)->geometry())) << number;
+    EXPECT_TRUE(Area().rect().contains(program->Dialog().parentWidget()->geometry()));
+}
+
+TEST_F(Windows, AnActivatedWindowIsBroughtWhollyInside) {
+    StartWith(2);
+    MoveWindow(1, {900, 600});
+    EXPECT_FALSE(Area().rect().contains(Frame(1)->geometry()));
+    Area().Activate(2);
+    Area().Activate(1);
+    EXPECT_TRUE(Area().rect().contains(Frame(1)->geometry()));
 }
 
 TEST_F(Windows, APressOnTheBackgroundOfTheFrameKeepsTheMarks) {

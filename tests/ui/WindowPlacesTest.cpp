@@ -1,5 +1,6 @@
 #include "ui/WindowPlaces.h"
 
+#include <chrono>
 #include <gmock/gmock.h>
 #include <stdexcept>
 
@@ -30,7 +31,7 @@ protected:
 
     static constexpr QSize size{200, 100};
     int changes = 0;
-    WindowPlaces places{{20, 25, {100, 30}}, [this] { ++changes; }};
+    WindowPlaces places{{20, 48, 25, {100, 30}}, [this] { ++changes; }};
 };
 
 TEST_F(Places, ANewWindowLiesOnTop) {
@@ -59,6 +60,13 @@ TEST_F(Places, HiddenAndMinimisedWindowsAreNotTopmost) {
     EXPECT_THAT(places.Windows(), ElementsAre(1, 2));
     places.SetHidden(3, false);
     EXPECT_EQ(places.Topmost(), 3);
+}
+
+TEST_F(Places, ThousandsOfWindowsAreOpenedInNoTime) {
+    const auto start = std::chrono::steady_clock::now();
+    Open(20000);
+    const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - start;
+    EXPECT_LT(seconds.count(), 2) << "a search for each among all others takes minutes";
 }
 
 TEST_F(Places, IconsFillTheBottomAndLieBelowAllWindows) {
@@ -110,12 +118,67 @@ TEST_F(Places, ArrangingIconsGoesByNumber) {
     EXPECT_EQ(At(3), QPoint(100, 270));
 }
 
+TEST_F(Places, NewWindowsLieSideBySideWhileThereIsRoom) {
+    Open(6);
+    const QPoint expected[] = {{0, 0}, {200, 0}, {0, 100}, {200, 100}, {0, 200}, {200, 200}};
+    for (int id = 1; id <= 6; ++id)
+        EXPECT_EQ(At(id), expected[id - 1]) << id;
+}
+
+TEST_F(Places, ANewWindowTakesThePlaceThatWasFreed) {
+    Open(6);
+    places.Close(2);
+    places.Open(7, size);
+    EXPECT_EQ(At(7), QPoint(200, 0));
+}
+
+TEST_F(Places, NewWindowsKeepClearOfTheOneInTheCorner) {
+    places.Open(0, size, {.inCorner = true});
+    Open(4);
+    EXPECT_EQ(At(0), QPoint(292, 192));
+    EXPECT_EQ(At(3), QPoint(0, 100));
+    EXPECT_EQ(At(4), QPoint(0, 200));
+}
+
+TEST_F(Places, NewWindowsKeepClearOfIcons) {
+    Open(1);
+    places.SetMinimised(1, true);
+    for (int id = 2; id <= 5; ++id)
+        places.Open(id, size);
+    EXPECT_EQ(At(5), QPoint(200, 100));
+    places.Open(6, size);
+    EXPECT_EQ(At(6), QPoint(100, 200)) << "beside the icon";
+}
+
+TEST_F(Places, WithoutRoomNewWindowsAreCascadedWhereNoneIsCoveredWholly) {
+    Open(8);
+    EXPECT_EQ(At(7), QPoint(25, 25));
+    EXPECT_EQ(At(8), QPoint(50, 50));
+}
+
+TEST_F(Places, PlacesStartAnewWithoutWindows) {
+    places.Open(0, size, {.remade = false, .inCorner = true});
+    Open(9);
+    for (int id = 1; id <= 9; ++id)
+        places.Close(id);
+    Open(6);
+    EXPECT_EQ(At(1), QPoint(0, 0));
+    EXPECT_EQ(At(2), QPoint(200, 0)) << "the second lies beside the first";
+    EXPECT_EQ(At(5), QPoint(25, 25)) << "and the cascade has begun at its start";
+}
+
 TEST_F(Places, CascadeHasAsManyPlacesAsFit) {
     Open(10);
     places.Cascade();
     for (int id = 1; id <= 9; ++id)
         EXPECT_EQ(At(id), QPoint((id - 1) * 25, (id - 1) * 25)) << id;
     EXPECT_EQ(At(10), QPoint(0, 0));
+}
+
+TEST_F(Places, OfAsManyCascadedWindowsAsFitAPartOfEachIsSeen) {
+    Open(9);
+    places.Cascade();
+    EXPECT_EQ(places.Seen().size(), 9U);
 }
 
 TEST_F(Places, CascadeGoesByTheOrderAndLeavesOutWhatIsNotShown) {
@@ -131,28 +194,91 @@ TEST_F(Places, CascadeGoesByTheOrderAndLeavesOutWhatIsNotShown) {
     EXPECT_EQ(At(3), hidden);
 }
 
-TEST_F(Places, CascadeLeavesAWindowThatStaysInItsPlace) {
-    places.Open(0, size, QPoint(290, 190), {.cascades = false});
-    Open(1);
+TEST_F(Places, CascadeLeavesTheWindowInTheCornerThereAndOnTop) {
+    places.Open(0, size, {.inCorner = true});
+    Open(2);
+    places.Raise(0);
+    places.Move(0, {290, 20});
+    places.Raise(1);
     places.Cascade();
-    EXPECT_EQ(At(0), QPoint(290, 190));
-    EXPECT_EQ(At(1), QPoint(0, 0));
+    EXPECT_EQ(At(0), QPoint(290, 20));
+    EXPECT_EQ(At(2), QPoint(0, 0));
+    EXPECT_EQ(At(1), QPoint(25, 25));
+    EXPECT_THAT(places.Order(), ElementsAre(2, 1, 0));
 }
 
-TEST_F(Places, AMovedWindowKeepsItsTitleWithinReach) {
+TEST_F(Places, TheWindowInTheCornerFollowsItUntilItIsMoved) {
+    places.Open(0, size, {.inCorner = true});
+    places.SetArea({900, 600});
+    EXPECT_EQ(At(0), QPoint(692, 492));
+    places.Move(0, {100, 100});
+    places.SetArea({1000, 700});
+    EXPECT_EQ(At(0), QPoint(100, 100));
+}
+
+TEST_F(Places, IconsKeepClearOfTheWindowInTheCornerWhileThereIsRoom) {
+    places.Open(0, size, {.inCorner = true});
+    Open(7);
+    for (int id = 1; id <= 7; ++id)
+        places.SetMinimised(id, true);
+    const QRect corner = places.Geometry(0);
+    for (int id = 1; id <= 7; ++id)
+        EXPECT_FALSE(places.Geometry(id).intersects(corner)) << id;
+    EXPECT_EQ(At(3), QPoint(0, 240)) << "a second row begins where the window in the corner does";
+}
+
+TEST_F(Places, WithoutRoomIconsLieBelowTheWindowInTheCorner) {
+    places.Open(0, {500, 290}, {.inCorner = true});
+    Open(2);
+    places.SetMinimised(1, true);
+    places.SetMinimised(2, true);
+    EXPECT_EQ(At(1), QPoint(0, 270));
+    EXPECT_EQ(At(2), QPoint(100, 270));
+}
+
+TEST_F(Places, IconsKeepClearOfACornerThatComesNearerToThem) {
+    places.Open(0, size, {.inCorner = true});
+    Open(2);
+    places.SetMinimised(1, true);
+    places.SetMinimised(2, true);
+    places.SetArea({320, 300});
+    EXPECT_EQ(At(1), QPoint(0, 270));
+    EXPECT_EQ(At(2), QPoint(0, 240));
+}
+
+TEST_F(Places, AMovedWindowCanBeGraspedLeftOfItsButtons) {
     Open(1);
     places.Move(1, {5000, 5000});
-    EXPECT_TRUE(QRect(0, 0, 500, 300).contains(At(1)));
+    EXPECT_EQ(At(1), QPoint(460, 280));
     places.Move(1, {-5000, -5000});
-    EXPECT_EQ(At(1).y(), 0);
-    EXPECT_GT(places.Geometry(1).right(), 0);
+    EXPECT_EQ(At(1), QPoint(40 + 48 - 200, 0));
 }
 
-TEST_F(Places, AWindowIsBroughtBackIntoASmallerArea) {
+TEST_F(Places, AWindowThatFitsIsBroughtWhollyIntoASmallerArea) {
+    OpenAt(1, {280, 180});
+    OpenAt(2, {30, 20});
+    places.SetArea({250, 150});
+    EXPECT_EQ(At(1), QPoint(50, 50));
+    EXPECT_EQ(At(2), QPoint(30, 20));
+}
+
+TEST_F(Places, ALargerAreaLeavesWindowsWhereTheyWereMoved) {
     OpenAt(1, {450, 250});
-    places.SetArea({200, 150});
-    places.BringWithinReach(1);
-    EXPECT_TRUE(QRect(0, 0, 200, 150).contains(At(1)));
+    places.SetArea({600, 400});
+    EXPECT_EQ(At(1), QPoint(450, 250));
+}
+
+TEST_F(Places, AWindowThatDoesNotFitIsBroughtInAsFarAsItsTitle) {
+    OpenAt(1, {300, 250});
+    places.SetArea({150, 80});
+    EXPECT_EQ(At(1), QPoint(0, 0));
+    EXPECT_LE(At(1).x() + 40, 150);
+}
+
+TEST_F(Places, AWindowIsBroughtWhollyInsideOnDemand) {
+    OpenAt(1, {450, 250});
+    places.BringInside(1);
+    EXPECT_EQ(At(1), QPoint(300, 200));
 }
 
 TEST_F(Places, OnlyWindowsThatOthersLeaveAPartOfAreSeen) {
@@ -205,7 +331,7 @@ TEST_F(Places, WhatChangesNothingIsNotReported) {
                   places.Move(2, At(2));
                   places.SetHidden(1, false);
                   places.SetMinimised(1, false);
-                  places.BringWithinReach(1);
+                  places.BringInside(1);
                   places.SetArea({500, 300});
                   places.Close(7);
               }),

@@ -2,6 +2,7 @@
 #include "edit/ConstructionEntry.h"
 #include "edit/LayerClipboard.h"
 #include "project/NewProject.h"
+#include "ui/Appearance.h"
 #include "ui/ChildWindow.h"
 #include "ui/QtPrompts.h"
 #include "ui/STRATVMD.h"
@@ -145,9 +146,7 @@ private:
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
-    QFont font = QApplication::font();
-    font.setPointSizeF(8.25);
-    QApplication::setFont(font);
+    const Appearance appearance(application);
     UValueMDI window;
     const QString folder = QDir(QString::fromLocal8Bit(argv[1])).absolutePath();
     QDir::setCurrent(QString::fromLocal8Bit(argv[2]));

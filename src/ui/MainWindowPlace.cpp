@@ -1,0 +1,58 @@
+#include "ui/MainWindowPlace.h"
+
+#include "project/RecoveryStore.h"
+#include "project/WindowState.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+#include <QWidget>
+
+namespace strativo {
+
+namespace {
+
+constexpr QSize usualSize(1080, 760);
+// What window managers put around a window; its own is known only once it is shown.
+constexpr QSize usualFrame(8, 40);
+
+/// What the window itself may take of the screen at that point, or of the main one.
+ScreenArea AvailableAt(QPoint point) {
+    const QScreen* screen = QGuiApplication::screenAt(point);
+    if (screen == nullptr)
+        screen = QGuiApplication::primaryScreen();
+    const QRect available = screen->availableGeometry();
+    return {available.x(), available.y(), available.width() - usualFrame.width(),
+            available.height() - usualFrame.height()};
+}
+
+} // namespace
+
+void RestorePlace(QWidget& window) {
+    const auto remembered = ReadWindowState(StateFolder());
+    if (!remembered) {
+        const ScreenArea available = AvailableAt(window.pos());
+        window.resize(usualSize.boundedTo({available.width, available.height}));
+        return;
+    }
+    const ScreenArea& last = remembered->place;
+    const QPoint middle(last.x + last.width / 2, last.y + last.height / 2);
+    const ScreenArea place = FitInto(last, AvailableAt(middle));
+    window.resize(place.width, place.height);
+    window.move(place.x, place.y);
+    window.setWindowState(remembered->maximised ? Qt::WindowMaximized : Qt::WindowNoState);
+}
+
+void KeepPlace(const QWidget& window) {
+    if (!window.isVisible())
+        return;
+    // Without what the window manager does to it; the frame around it counts to the position.
+    const bool isNormal = !window.isMaximized() && !window.isMinimized() && !window.isFullScreen();
+    const QRect normal = window.normalGeometry();
+    const QPoint position = isNormal ? window.pos() : normal.topLeft();
+    const QSize size = isNormal ? window.size() : normal.size();
+    KeepWindowState(
+        {{position.x(), position.y(), size.width(), size.height()}, window.isMaximized()},
+        StateFolder());
+}
+
+} // namespace strativo

@@ -1,0 +1,23 @@
+#include "ui/ProfileColours.h"
+
+#include <QPalette>
+
+namespace strativo {
+
+const QColor ProfileColours::curve(0, 0, 128);
+const QColor ProfileColours::marker(0, 0, 0);
+
+ProfileColours ProfileColoursFor(const QPalette& palette) {
+    const bool isDark = palette.color(QPalette::Base).lightness() < 128;
+    if (isDark)
+        return {QColor(152, 157, 166), QColor(144, 149, 158), QColor(128, 133, 143),
+                QColor(160, 165, 174), QColor(84, 89, 98),    QColor(16, 18, 22)};
+    return {Qt::white,
+            QColor(236, 238, 242),
+            QColor(212, 216, 224),
+            QColor(246, 247, 250),
+            QColor(140, 146, 158),
+            QColor(60, 64, 72)};
+}
+
+} // namespace strativo

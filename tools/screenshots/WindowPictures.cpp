@@ -1,0 +1,125 @@
+#include "edit/InfoTexts.h"
+#include "ui/About_Strativo.h"
+#include "ui/Appearance.h"
+#include "ui/HelpViewer.h"
+#include "ui/STRATVMD.h"
+#include "ui/UValue.h"
+#include "ui/WindowArea.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QComboBox>
+#include <QDialog>
+#include <QListWidget>
+#include <QPushButton>
+#include <QScreen>
+#include <QTimer>
+
+#include <iostream>
+
+// Saves pictures of the whole screen with each of the program's windows on it, for somebody who
+// looks whether all of them fit; see tools/make-window-pictures.
+
+namespace {
+
+using namespace strativo;
+
+class Photographer {
+public:
+    Photographer(UValueMDI& mainWindow, const QString& prefix)
+        : window(mainWindow), start(prefix) {}
+
+    void TakeAll() {
+        Save("1-opened");
+        Trigger("Cascade");
+        Save("2-cascaded");
+        Trigger("MakeIcon");
+        Save("3-icons");
+        window.Area().Activate(2);
+        Trigger("EditWin");
+        Save("4-glass-types");
+        SaveBox("5-glass-editor", [this] { OpenGlassEditor(); });
+        SaveBox("6-about", [this] { Trigger("HelpAbout"); });
+        window.Area().Activate(1);
+        SaveBox("7-comments", [this] { Press("VWConComments", window.ConstructionWindow(1)); });
+        window.TheProject().changed = true;
+        SaveBox("8-message", [this] { Trigger("NewProject"); });
+        SaveBox("9-prompt", [this] { Trigger("SaveProjectAs"); });
+        Trigger("HelpContents");
+        Save("10-manual");
+    }
+
+private:
+    /// Long enough for the window manager, the server and all painting.
+    static void Settle() {
+        QEventLoop loop;
+        QTimer::singleShot(700, &loop, &QEventLoop::quit);
+        loop.exec();
+    }
+
+    void Save(const char* name) {
+        Settle();
+        const QString file = start + QLatin1String(name) + QStringLiteral(".png");
+        if (!window.screen()->grabWindow(0).save(file))
+            std::cerr << "cannot write " << file.toStdString() << '\n';
+    }
+
+    /// The picture of a box that the action opens; it is closed afterwards.
+    void SaveBox(const char* name, const std::function<void()>& open) {
+        QTimer::singleShot(0, &window, [this, name] {
+            Save(name);
+            if (auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget()))
+                box->reject();
+            else
+                std::cerr << "no box for " << name << '\n';
+        });
+        open();
+    }
+
+    void Trigger(const char* item) { window.findChild<QAction*>(QLatin1String(item))->trigger(); }
+
+    void Press(const char* button, QWidget* in) {
+        auto* found = in->findChild<QPushButton*>(QLatin1String(button));
+        found->setEnabled(true);
+        found->click();
+    }
+
+    void OpenGlassEditor() {
+        auto* list = window.findChild<QListWidget*>(QStringLiteral("WinList"));
+        list->setCurrentRow(2);
+        window.TheProject().selectedProfileColumn = 8;
+        emit list->itemClicked(list->item(2));
+        Press("EditBut", &window);
+    }
+
+    UValueMDI& window;
+    QString start;
+};
+
+QPalette DarkPalette() {
+    QPalette dark(QColor(53, 53, 53));
+    dark.setColor(QPalette::Base, QColor(35, 35, 35));
+    dark.setColor(QPalette::Highlight, QColor(42, 130, 218));
+    dark.setColor(QPalette::HighlightedText, Qt::white);
+    dark.setColor(QPalette::ToolTipBase, QColor(53, 53, 53));
+    dark.setColor(QPalette::ToolTipText, Qt::white);
+    return dark;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 4) {
+        std::cerr << "usage: window-pictures PREFIX light|dark FILE.con\n";
+        return 2;
+    }
+    QApplication application(argc, argv);
+    Q_INIT_RESOURCE(strativo);
+    if (std::string(argv[2]) == "dark")
+        QApplication::setPalette(DarkPalette());
+    const Appearance appearance(application);
+    UValueMDI window;
+    window.MDIForm_Load(argv[3]);
+    Photographer(window, QString::fromLocal8Bit(argv[1])).TakeAll();
+    return 0;
+}
