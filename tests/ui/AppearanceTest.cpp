@@ -66,7 +66,7 @@ private:
 TEST_F(Looks, AFontThatTheDesktopSetsLateDoesNotReachTheControls) {
     Start();
     Choose("NewUValue");
-    const int textWidth = Find<QLabel>(1, "Label3")->sizeHint().width();
+    const int textWidth = Find<QLabel>(1, "IndexLabel")->sizeHint().width();
     QFont large(QStringLiteral("Serif"), 12);
     large.setBold(true);
     QApplication::setFont(large);
@@ -75,7 +75,7 @@ TEST_F(Looks, AFontThatTheDesktopSetsLateDoesNotReachTheControls) {
     EXPECT_FALSE(QApplication::font().bold());
     EXPECT_DOUBLE_EQ(program->menuBar()->font().pointSizeF(), 8.25);
     EXPECT_DOUBLE_EQ(Find(1, "NameText")->font().pointSizeF(), 8.25);
-    EXPECT_LE(Find<QLabel>(1, "Label3")->sizeHint().width(), textWidth * 1.3);
+    EXPECT_LE(Find<QLabel>(1, "IndexLabel")->sizeHint().width(), textWidth * 1.3);
 }
 
 TEST_F(Looks, SelectedRowsCanBeReadInEveryPalette) {
