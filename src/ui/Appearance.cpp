@@ -30,13 +30,19 @@ QColor Visible(const QColor& mark, const QColor& background) {
     return Shown(WithContrast(Drawn(mark), Drawn(background), visibleContrast));
 }
 
-QPalette WithReadableSelection(QPalette palette) {
+QPalette WithReadableTexts(QPalette palette) {
     for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
         const QColor text = palette.color(group, QPalette::HighlightedText);
         const QColor highlight = palette.color(group, QPalette::Highlight);
         const QColor moved = Readable(highlight, text);
         if (moved != highlight)
             palette.setColor(group, QPalette::Highlight, moved);
+        for (const auto link : {QPalette::Link, QPalette::LinkVisited}) {
+            const QColor colour = palette.color(group, link);
+            const QColor readable = Readable(colour, palette.color(group, QPalette::Base));
+            if (readable != colour)
+                palette.setColor(group, link, readable);
+        }
     }
     return palette;
 }
@@ -65,7 +71,7 @@ void Appearance::HoldFont() {
 
 void Appearance::HoldPalette() {
     const QPalette palette = QApplication::palette();
-    const QPalette held = WithReadableSelection(palette);
+    const QPalette held = WithReadableTexts(palette);
     if (held != palette)
         QApplication::setPalette(held);
 }

@@ -15,12 +15,12 @@ QColor Readable(const QColor& text, const QColor& background);
 /// The colour, moved as far as a mark of that colour needs to be seen on the background.
 QColor Visible(const QColor& mark, const QColor& background);
 
-/// The palette with selection colours in which selected texts can be read.
-QPalette WithReadableSelection(QPalette palette);
+/// The palette with colours in which selected texts and links can be read.
+QPalette WithReadableTexts(QPalette palette);
 
 /// Keeps what the windows rely on for as long as it lives. Their controls have places for the
 /// system's sans serif at 8 points, and desktops may set a font of their own after the start; and
-/// the colours of selected rows are to be readable whatever palette comes.
+/// selected rows and links are to be readable whatever palette comes.
 class Appearance : public QObject {
     Q_OBJECT
 

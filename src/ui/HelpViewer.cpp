@@ -1,5 +1,6 @@
 #include "ui/HelpViewer.h"
 
+#include "ui/MainWindowPlace.h"
 #include "ui/Text.h"
 
 #include <QFile>
@@ -112,7 +113,8 @@ HelpViewer::HelpViewer(QWidget* parent) : QWidget(parent, Qt::Window) {
     BuildFindBar();
     LayOut();
     ConnectSignals();
-    resize(fontMetrics().averageCharWidth() * 110, fontMetrics().height() * 42);
+    const QSize usual(fontMetrics().averageCharWidth() * 110, fontMetrics().height() * 42);
+    resize(FittingSize(usual, *this));
 }
 
 QToolButton* HelpViewer::AddButton(const QString& objectName, const QString& text,

@@ -27,11 +27,15 @@ ScreenArea AvailableAt(QPoint point) {
 
 } // namespace
 
+QSize FittingSize(QSize wanted, const QWidget& window) {
+    const ScreenArea available = AvailableAt(window.pos());
+    return wanted.boundedTo({available.width, available.height});
+}
+
 void RestorePlace(QWidget& window) {
     const auto remembered = ReadWindowState(StateFolder());
     if (!remembered) {
-        const ScreenArea available = AvailableAt(window.pos());
-        window.resize(usualSize.boundedTo({available.width, available.height}));
+        window.resize(FittingSize(usualSize, window));
         return;
     }
     const ScreenArea& last = remembered->place;

@@ -98,7 +98,17 @@ TEST_F(Looks, ASelectionThatCanBeReadKeepsItsColours) {
     QPalette palette = LightPalette();
     palette.setColor(QPalette::Highlight, QColor(0, 0, 128));
     palette.setColor(QPalette::HighlightedText, Qt::white);
-    EXPECT_EQ(WithReadableSelection(palette), palette);
+    const QPalette shown = WithReadableTexts(palette);
+    EXPECT_EQ(shown.color(QPalette::Highlight), QColor(0, 0, 128));
+    EXPECT_EQ(shown.color(QPalette::HighlightedText), QColor(Qt::white));
+}
+
+TEST_F(Looks, LinksCanBeReadOnTheManualsPaper) {
+    for (const QPalette& palette : {LightPalette(), DarkPalette()}) {
+        const QPalette shown = WithReadableTexts(palette);
+        for (const auto link : {QPalette::Link, QPalette::LinkVisited})
+            EXPECT_GE(Contrast(shown.color(link), shown.color(QPalette::Base)), 4.5);
+    }
 }
 
 TEST_F(Looks, TitleBarsCanBeReadInEveryPalette) {
@@ -154,7 +164,7 @@ TEST_F(Looks, ThePaperOfTheGraphIsDimmedInADarkPaletteAndCurveAndMarkersStayVisi
 TEST_F(Looks, ADropMarkCanBeSeenOnEveryPaper) {
     for (const QPalette& palette : {LightPalette(), DarkPalette()}) {
         const QColor paper = palette.color(QPalette::Base);
-        const QColor mark = WithReadableSelection(palette).color(QPalette::Highlight);
+        const QColor mark = WithReadableTexts(palette).color(QPalette::Highlight);
         EXPECT_GE(Contrast(Visible(mark, paper), paper), 3);
         EXPECT_GE(Contrast(Visible(paper, paper), paper), 3);
     }

@@ -1,7 +1,9 @@
 #include "ui/HelpViewer.h"
 
 #include "WindowTest.h"
+#include "ui/MainWindowPlace.h"
 
+#include <QScreen>
 #include <QTextBrowser>
 #include <QToolButton>
 
@@ -44,6 +46,15 @@ TEST_F(HelpWindow, IsAWindowOfItsOwn) {
         EXPECT_FALSE(Button(name)->accessibleName().isEmpty()) << name;
         EXPECT_FALSE(Button(name)->toolTip().isEmpty()) << name;
     }
+}
+
+TEST_F(HelpWindow, FitsOnTheScreen) {
+    const QSize wanted(30000, 20000);
+    const QSize fitting = FittingSize(wanted, viewer);
+    const QSize available = viewer.screen()->availableSize();
+    EXPECT_LT(fitting.width(), available.width());
+    EXPECT_LT(fitting.height(), available.height());
+    EXPECT_LE(viewer.height(), fitting.height());
 }
 
 TEST_F(HelpWindow, ShowsHtml) {
