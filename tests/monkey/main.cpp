@@ -1,8 +1,8 @@
 #include "Kills.h"
 #include "Monkey.h"
-#include "ui/Appearance.h"
 
 #include <QApplication>
+#include <QFont>
 
 #include <charconv>
 #include <iomanip>
@@ -119,7 +119,9 @@ void HandleToolkitMessage(QtMsgType, const QMessageLogContext&, const QString& m
 /// What is there before the first window. The resources' macro stands in no namespace.
 static void PrepareToolkit() {
     Q_INIT_RESOURCE(strativo);
-    const strativo::Appearance appearance(application);
+    QFont font = QApplication::font();
+    font.setPointSizeF(8.25);
+    QApplication::setFont(font);
     QApplication::setKeyboardInputInterval(0); // keys in lists do not depend on the machine's speed
     qInstallMessageHandler(HandleToolkitMessage);
 }
