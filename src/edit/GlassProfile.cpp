@@ -154,6 +154,20 @@ std::string LevelText(const Project& project, const GlassProfile& profile) {
     return column == 0 ? "" : FormatNumber(profile.Shown()[column], "0.000");
 }
 
+std::string OutsideText(const GlassProfile& profile) {
+    std::string text;
+    for (int column = 1; column <= profileColumns; ++column) {
+        const float value = profile.Shown()[column];
+        if (value >= 0 && value <= 1)
+            continue;
+        text += (text.empty() ? "Outside 0 to 1, drawn at the edge: " : ", ")
+                + FormatGeneral(AsDecimal(value))
+                + (column == 1 ? " diffuse"
+                               : " at " + FormatGeneral(IncidenceAngle(column)) + " degrees");
+    }
+    return text;
+}
+
 bool AcceptProfile(Project& project, const GlassProfile& profile, std::string_view name,
                    Prompts& prompts) {
     const std::string clean = CleanEntry(name);

@@ -3,6 +3,7 @@
 #include "model/Project.h"
 #include "port/Prompts.h"
 
+#include <algorithm>
 #include <string>
 #include <string_view>
 
@@ -28,6 +29,10 @@ struct GlassProfile {
     const AngularValues& Shown() const {
         return shown == GlassProperty::transmission ? transmission : absorption;
     }
+    /// The property that is not edited now.
+    const AngularValues& Other() const {
+        return shown == GlassProperty::transmission ? absorption : transmission;
+    }
 };
 
 /// A working copy of the current glass type.
@@ -40,7 +45,8 @@ struct GraphGeometry {
 
     double ColumnStep() const { return 0.8 * width / (profileColumns - 1); }
     double ColumnX(int column) const { return column * ColumnStep(); }
-    double ValueY(double value) const { return height - value * height; }
+    /// A value that a file holds outside 0 to 1 lies at the edge.
+    double ValueY(double value) const { return height - std::clamp(value, 0.0, 1.0) * height; }
     /// The column whose point is nearest to x; may be 0 or beyond the last column.
     int ColumnAt(double x) const;
     double ValueAt(double y) const { return (height - y) / height; }
@@ -67,6 +73,9 @@ void SelectNextColumn(Project& project);
 std::string ColumnText(const Project& project, const GlassProfile& profile);
 /// The selected column's value with three decimals; empty when none is selected.
 std::string LevelText(const Project& project, const GlassProfile& profile);
+
+/// The values of the shown property that a file gave outside 0 to 1, in words; empty without any.
+std::string OutsideText(const GlassProfile& profile);
 
 /// Writes the profile back under the name given, unless that is empty or another type's: then a
 /// message says so and the editor stays open (false).

@@ -73,11 +73,26 @@ void AccessKeys::OpenMenu(QKeyCombination wanted) {
     }
 }
 
+/// The toolkit would only close the menu, and leave the keys with the bar.
+bool AccessKeys::LeaveMenu(QObject* watched, const QKeyEvent& event) {
+    auto* menu = qobject_cast<QMenu*>(watched);
+    if (menu == nullptr || event.key() != Qt::Key_Escape || menu->parentWidget() != &menus)
+        return false;
+    menu->close();
+    QKeyEvent leave(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+    if (menus.hasFocus())
+        QCoreApplication::sendEvent(&menus, &leave);
+    menus.setActiveAction(nullptr);
+    return true;
+}
+
 bool AccessKeys::eventFilter(QObject* watched, QEvent* event) {
     const bool asks = event->type() == QEvent::ShortcutOverride;
     if (!asks && event->type() != QEvent::KeyPress)
         return false;
     const auto& key = *static_cast<QKeyEvent*>(event);
+    if (!asks && LeaveMenu(watched, key))
+        return true;
     if (!IsAccessKey(watched, key))
         return false;
     const QKeyCombination wanted(Qt::AltModifier, static_cast<Qt::Key>(key.key()));

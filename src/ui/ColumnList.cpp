@@ -64,16 +64,18 @@ ColumnList::ColumnList(const QString& objectName, int rows, int heightInTwips, Q
     setTextElideMode(Qt::ElideNone);
 }
 
-void ColumnList::SetLines(const std::vector<std::string>& lines) {
+bool ColumnList::SetLines(const std::vector<std::string>& lines) {
     if (lines == shownLines)
-        return;
+        return false;
     shownLines = lines;
     const QSignalBlocker blocked(this);
     const int top = TopLine();
     clear();
     for (const std::string& line : lines)
         addItem(ToText(line));
+    doItemsLayout(); // until then there is nowhere to scroll to
     verticalScrollBar()->setValue(top);
+    return true;
 }
 
 int ColumnList::LineAt(const QPoint& position) const {

@@ -18,8 +18,10 @@ public:
 
     ColumnList(const QString& objectName, int rows, int heightInTwips, QWidget* parent);
 
-    /// Replaces all lines; nothing is selected afterwards, and no signal is sent.
-    void SetLines(const std::vector<std::string>& lines);
+    /// Replaces all lines; nothing is selected afterwards, no signal is sent, and the same line
+    /// stays on top as far as there are so many. False, with nothing done, when these are shown
+    /// already.
+    virtual bool SetLines(const std::vector<std::string>& lines);
     /// The line (from 0) at the position, which may be behind the last one.
     int LineAt(const QPoint& position) const;
     int RowHeightInPixels() const;

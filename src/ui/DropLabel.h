@@ -19,7 +19,12 @@ signals:
 
 protected:
     void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragLeaveEvent(QDragLeaveEvent* event) override;
     void dropEvent(QDropEvent* event) override;
+
+private:
+    /// Stands out while something that it takes is dragged over it.
+    void StandOut(bool dragged);
 };
 
 } // namespace strativo

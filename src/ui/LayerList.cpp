@@ -187,9 +187,24 @@ void LayerList::ShowDropRow(int row) {
 
 void LayerList::paintEvent(QPaintEvent* event) {
     ColumnList::paintEvent(event);
-    if (dropRow < 0)
-        return;
     QPainter painter(viewport());
+    if (currentItem() != nullptr)
+        DrawFocus(painter);
+    if (dropRow >= 0)
+        DrawDropMark(painter);
+}
+
+/// The line that entries and insertions act on, marked or not.
+void LayerList::DrawFocus(QPainter& painter) const {
+    const QPalette::ColorRole role = currentItem()->isSelected() ? QPalette::HighlightedText
+                                     : hasFocus()                ? QPalette::Highlight
+                                                                 : QPalette::Mid;
+    painter.setPen(QPen(palette().color(role), 1, Qt::DashLine));
+    const QRect row = visualItemRect(currentItem());
+    painter.drawRect(1, row.top(), viewport()->width() - 3, row.height() - 1);
+}
+
+void LayerList::DrawDropMark(QPainter& painter) const {
     const int y =
         std::clamp((dropRow - TopLine()) * RowHeightInPixels(), 1, viewport()->height() - 1);
     const QColor mark = palette().color(QPalette::Highlight);

@@ -48,6 +48,8 @@ private:
     bool ExtendRange(const QKeyEvent& event);
     void MarkRange(int line);
     void ShowDropRow(int row);
+    void DrawFocus(QPainter& painter) const;
+    void DrawDropMark(QPainter& painter) const;
 
     bool deletePressed = false;
     int rangeStart = 0; ///< line from which Shift marks a range

@@ -2,6 +2,8 @@
 
 #include "ui/ColumnList.h"
 
+#include <QTimer>
+
 namespace strativo {
 
 /// The material list of the Select Material dialog: one line selected at a time.
@@ -18,14 +20,28 @@ public:
     int SelectedLine() const;
     /// Selects a line, or none for -1, without sending a signal.
     void SelectLine(int line);
+    /// The first line is on top afterwards.
+    bool SetLines(const std::vector<std::string>& lines) override;
+    /// Typed letters lead to a material whose name begins with or contains them; the status bar of
+    /// the main window shows them.
+    void keyboardSearch(const QString& letters) override;
 
 signals:
     void LineDoubleClicked();
 
 protected:
+    void keyPressEvent(QKeyEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void PressLine(int line, Qt::KeyboardModifiers modifiers) override;
     void ReleaseLine(int line, Qt::KeyboardModifiers modifiers) override;
+
+private:
+    void Search();
+    void EndSearch();
+    void Say(const QString& text);
+
+    QString typed;
+    QTimer searching; ///< runs while further letters belong to those typed so far
 };
 
 } // namespace strativo

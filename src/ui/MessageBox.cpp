@@ -1,17 +1,19 @@
 #include "ui/MessageBox.h"
 
-#include "ui/KeyRepeat.h"
 #include "ui/Text.h"
 
+#include <QCoreApplication>
 #include <QDialog>
 #include <QDialogButtonBox>
+#include <QElapsedTimer>
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
 #include <QStyle>
+#include <QThread>
+#include <QWindow>
 
 namespace strativo {
 
@@ -50,7 +52,9 @@ Answer AnswerOf(QDialogButtonBox::StandardButton button) {
 
 class Box : public QDialog {
 public:
-    Box(const Message& message, QWidget* parent) : QDialog(parent) {
+    Box(const Message& message, QWidget* parent)
+        : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint
+                              | Qt::WindowCloseButtonHint) {
         setObjectName(QStringLiteral("MessageBox"));
         setWindowTitle(message.title.empty() ? QLatin1String(programTitle) : ToText(message.title));
         auto* rows = new QVBoxLayout(this);
@@ -64,16 +68,6 @@ public:
 
     Answer Chosen() const { return chosen; }
     void SetAnswerOnClose(Answer answer) { chosen = answer; }
-
-protected:
-    /// Enter that is still held from the entry which opened the box must not answer it unread.
-    bool eventFilter(QObject* watched, QEvent* event) override {
-        if (event->type() != QEvent::KeyPress)
-            return QDialog::eventFilter(watched, event);
-        const auto& key = *static_cast<QKeyEvent*>(event);
-        const bool enter = key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
-        return enter && IsRepeat(key);
-    }
 
 private:
     QLabel* IconLabel(Icon icon) {
@@ -109,7 +103,6 @@ private:
             const bool isDefault = message.buttons == Buttons::ok || answer == message.onEnter;
             auto* pushButton = static_cast<QPushButton*>(button);
             pushButton->setIcon({});
-            pushButton->installEventFilter(this);
             pushButton->setAutoDefault(true);
             pushButton->setDefault(isDefault);
             if (isDefault)
@@ -140,7 +133,25 @@ QString WithPlainLineBreaks(const QString& text) {
     return plain;
 }
 
+namespace {
+
+/// A window that has only just been shown lies nowhere yet, and a box over it would not either.
+void WaitUntilPlaced(const QWidget* parent) {
+    constexpr int longest = 1000; // ms
+    const QWindow* window =
+        parent != nullptr && parent->isVisible() ? parent->window()->windowHandle() : nullptr;
+    QElapsedTimer waited;
+    waited.start();
+    while (window != nullptr && !window->isExposed() && waited.elapsed() < longest) {
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        QThread::msleep(2);
+    }
+}
+
+} // namespace
+
 Answer ShowMessageBox(const Message& message, QWidget* parent) {
+    WaitUntilPlaced(parent);
     Box box(message, parent);
     box.SetAnswerOnClose(AnswerOnClose(message.buttons));
     box.exec();

@@ -15,6 +15,9 @@ struct ProfileColours {
     QColor diffuseTint;
     QColor border;
     QColor figures;
+    QColor otherCurve; ///< of the property that is not being edited
+    QColor impossible; ///< where both properties add up to more than 1
+    QColor warning;    ///< figures of values beyond the graph
 
     static const QColor curve;
     static const QColor marker;

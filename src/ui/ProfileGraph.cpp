@@ -5,6 +5,7 @@
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPolygonF>
 
 namespace strativo {
 
@@ -24,8 +25,10 @@ GraphGeometry ProfileGraph::Geometry() const {
     return {ToTwips(width(), *this), ToTwips(height(), *this)};
 }
 
-void ProfileGraph::Show(const AngularValues& newValues, int newSelectedColumn) {
+void ProfileGraph::Show(const AngularValues& newValues, const AngularValues& newOthers,
+                        int newSelectedColumn) {
     values = newValues;
+    others = newOthers;
     selectedColumn = newSelectedColumn;
     parentWidget()->update();
 }
@@ -53,6 +56,7 @@ void ProfileGraph::DrawGrid(QPainter& painter) const {
     const double bottom = height();
     const double step = PointOf(1, 0).x();
     painter.fillRect(QRectF(step / 2, 0, step, bottom), colours.diffuseTint);
+    ShadeImpossible(painter);
     for (int row = 1; row < gridRows; ++row) {
         const double y = PointOf(1, static_cast<double>(row) / gridRows).y();
         painter.setPen(row % 2 == 0 ? colours.grid : colours.lightGrid);
@@ -68,13 +72,33 @@ void ProfileGraph::DrawGrid(QPainter& painter) const {
     painter.drawRect(QRectF(0, 0, right, bottom));
 }
 
-void ProfileGraph::DrawCurve(QPainter& painter) const {
-    // The diffuse value belongs to no angle, so it stays apart from the curve.
+/// The diffuse value belongs to no angle, so it stays apart from the curve.
+QPolygonF ProfileGraph::CurveOf(const AngularValues& ofValues) const {
     QPolygonF curve;
     for (int column = 2; column <= profileColumns; ++column)
-        curve << PointOf(column, values[column]);
+        curve << PointOf(column, ofValues[column]);
+    return curve;
+}
+
+void ProfileGraph::ShadeImpossible(QPainter& painter) const {
+    AngularValues most;
+    for (int column = 1; column <= profileColumns; ++column)
+        most[column] = 1 - others[column];
+    QPolygonF band = CurveOf(most);
+    band << PointOf(profileColumns, 1) << PointOf(2, 1);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(ProfileColoursFor(palette()).impossible);
+    painter.drawPolygon(band);
+    const QPointF diffuse = PointOf(1, most[1]);
+    painter.drawRect(QRectF(diffuse.x() / 2, 0, diffuse.x(), diffuse.y()));
+}
+
+void ProfileGraph::DrawCurve(QPainter& painter) const {
+    painter.setPen(QPen(ProfileColoursFor(palette()).otherCurve, 1, Qt::DashLine));
+    painter.drawPolyline(CurveOf(others));
+    painter.drawEllipse(PointOf(1, others[1]), 1.5, 1.5);
     painter.setPen(QPen(ProfileColours::curve, 1.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    painter.drawPolyline(curve);
+    painter.drawPolyline(CurveOf(values));
 }
 
 void ProfileGraph::DrawMarkers(QPainter& painter) const {
@@ -84,6 +108,23 @@ void ProfileGraph::DrawMarkers(QPainter& painter) const {
         painter.setBrush(column == selectedColumn ? QBrush(ProfileColours::marker)
                                                   : QBrush(Qt::NoBrush));
         painter.drawEllipse(PointOf(column, values[column]), radius, radius);
+    }
+    DrawOutsideFigures(painter);
+}
+
+/// A marker at the edge does not tell how far beyond it the value of a file lies.
+void ProfileGraph::DrawOutsideFigures(QPainter& painter) const {
+    const double step = PointOf(1, 0).x();
+    const int line = fontMetrics().height();
+    painter.setPen(ProfileColoursFor(palette()).warning);
+    for (int column = 1; column <= profileColumns; ++column) {
+        const double value = values[column];
+        if (value >= 0 && value <= 1)
+            continue;
+        const QPointF point = PointOf(column, value);
+        const double top = value > 1 ? point.y() + line / 2.0 : point.y() - 1.5 * line;
+        painter.drawText(QRectF(point.x() - step, top, 2 * step, line), Qt::AlignCenter,
+                         QString::number(value, 'g', 4));
     }
 }
 

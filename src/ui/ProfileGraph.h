@@ -18,7 +18,10 @@ public:
 
     /// In twips, for the size that the widget has now.
     GraphGeometry Geometry() const;
-    void Show(const AngularValues& newValues, int newSelectedColumn);
+    /// Shows a property; the other one is drawn thin behind, and what it leaves no room for is
+    /// shaded: both together cannot be more than 1.
+    void Show(const AngularValues& newValues, const AngularValues& newOthers,
+              int newSelectedColumn);
     /// Where a value of a column is drawn, in logical pixels.
     QPointF PointOf(int column, double value) const;
     /// Draws grid, curve and markers from the painter's origin, beyond the widget's edges too.
@@ -41,11 +44,16 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
+    void ShadeImpossible(QPainter& painter) const;
     void DrawGrid(QPainter& painter) const;
+    QPolygonF CurveOf(const AngularValues& ofValues) const;
     void DrawCurve(QPainter& painter) const;
     void DrawMarkers(QPainter& painter) const;
 
+    void DrawOutsideFigures(QPainter& painter) const;
+
     AngularValues values;
+    AngularValues others; ///< of the property that is not edited
     int selectedColumn = 0;
     bool dragging = false;
 };

@@ -31,10 +31,10 @@ ProfileSheet::ProfileSheet(QWidget* parent) : QWidget(parent), graph(new Profile
     setFixedSize(left + graph->width() + outerMargin + line / 2, top + graph->height() + below);
 }
 
-void ProfileSheet::Show(const AngularValues& values, int selectedColumn,
-                        const QString& newValueName) {
+void ProfileSheet::Show(const AngularValues& values, const AngularValues& others,
+                        int selectedColumn, const QString& newValueName) {
     valueName = newValueName;
-    graph->Show(values, selectedColumn);
+    graph->Show(values, others, selectedColumn);
 }
 
 void ProfileSheet::paintEvent(QPaintEvent*) {

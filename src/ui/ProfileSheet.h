@@ -17,7 +17,8 @@ public:
     explicit ProfileSheet(QWidget* parent);
 
     ProfileGraph* Graph() const { return graph; }
-    void Show(const AngularValues& values, int selectedColumn, const QString& newValueName);
+    void Show(const AngularValues& values, const AngularValues& others, int selectedColumn,
+              const QString& newValueName);
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -10,6 +10,7 @@
 #include "ui/About_Strativo.h"
 #include "ui/AccessKeys.h"
 #include "ui/ChildWindow.h"
+#include "ui/EnterKey.h"
 #include "ui/HelpViewer.h"
 #include "ui/KeyRepeat.h"
 #include "ui/MainWindowPlace.h"
@@ -18,6 +19,7 @@
 #include "ui/SectionWindow.h"
 #include "ui/StatusBar.h"
 #include "ui/Text.h"
+#include "ui/Tips.h"
 #include "ui/UValue.h"
 #include "ui/UvalsDialog.h"
 #include "ui/WINFORM.h"
@@ -65,6 +67,8 @@ UValueMDI::UValueMDI(QWidget* parent)
       area(new WindowArea([this](int id) { return MakeContent(id); },
                           [this](int id) { return ContentSize(id); }, this)) {
     WatchKeys();
+    new EnterKey(this);
+    new Tips(this);
     constructionSize = UValue::FixedSize(*this);
     setObjectName(QStringLiteral("UValueMDI"));
     setWindowTitle(QLatin1String(mainCaption));

@@ -26,6 +26,7 @@ constexpr int margin = 10;
 constexpr int fieldHeight = 22;
 constexpr int fieldColumn = 128;
 constexpr int dropLabelWidth = 40;
+constexpr int dropLabelHeight = 22; // a target for the pointer with a drag on it
 
 constexpr int nameRow = 8;
 constexpr int typeRow = 36;
@@ -108,13 +109,13 @@ void UValue::BuildEntryRows() {
         label->setObjectName(QLatin1String(objectName));
         label->setAlignment(Qt::AlignCenter);
         label->setFrameStyle(QFrame::Panel | QFrame::Sunken);
-        label->setGeometry(x, y, dropLabelWidth, 18);
+        label->setGeometry(x, y, dropLabelWidth, dropLabelHeight);
         label->setAcceptDrops(true);
         return label;
     };
     ui.First =
-        dropLabel("Draglabel_3", tr("First"), width() - margin - dropLabelWidth, headingRow + 8);
-    ui.Last = dropLabel("Draglabel_4", tr("Last"), width() - margin - dropLabelWidth, below);
+        dropLabel("Draglabel_3", tr("First"), width() - margin - dropLabelWidth, headingRow + 6);
+    ui.Last = dropLabel("Draglabel_4", tr("Last"), width() - margin - dropLabelWidth, below - 2);
     ui.ConName = AddLabel(QStringLiteral("ConName"), QString(),
                           QRect(margin, below, width() - 2 * margin - 50, 18));
     const int row = below + 24;

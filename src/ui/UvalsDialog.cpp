@@ -182,6 +182,7 @@ QString UvalsDialog::Caption() const {
 
 void UvalsDialog::MatOption_Click(int index) {
     program.perform([&] { ShowLibrary(program.project, index + 1); });
+    ui.UValueList->setFocus(); // what is typed next is about a material
 }
 
 void UvalsDialog::UValueList_DblClick() {

@@ -1,5 +1,7 @@
 #include "ui/WINPRO.h"
 
+#include "edit/ConstructionEntry.h"
+#include "edit/GlassCells.h"
 #include "edit/InfoTexts.h"
 #include "ui/EntryField.h"
 #include "ui/KeyRepeat.h"
@@ -7,12 +9,15 @@
 #include "ui/ProfileSheet.h"
 #include "ui/Text.h"
 
+#include <QApplication>
 #include <QButtonGroup>
+#include <QClipboard>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QShortcut>
 
 #include <optional>
 #include <utility>
@@ -43,6 +48,9 @@ std::optional<ProfileKey> ProfileKeyOf(int key) {
         return std::nullopt;
     }
 }
+
+/// Eleven cells are shorter; what is longer is refused all the same.
+constexpr int longestPaste = 10'000;
 
 bool IsEnter(int key) {
     return key == Qt::Key_Return || key == Qt::Key_Enter;
@@ -140,12 +148,15 @@ void Profile::Describe() {
     ui.Graph->setAccessibleName(tr("Profile graph"));
     ui.Graph->setToolTip(
         tr("Drag a point, or choose one with Left, Right, Home and End and change it by 0.01 with "
-           "Up and Down, by 0.1 with Page Up and Page Down"));
+           "Up and Down, by 0.1 with Page Up and Page Down, or type its value. Ctrl+V takes eleven "
+           "values from a spreadsheet, Ctrl+C copies them. The dashed line is the other property; "
+           "in the shaded band both together would be more than 1"));
     ui.propertyChoice->setAccessibleName(tr("Property"));
     ui.GlassProp[0]->setToolTip(tr("Shows the transmission, as a fraction from 0 to 1"));
     ui.GlassProp[1]->setToolTip(tr("Shows the absorption, as a fraction from 0 to 1"));
     ui.EditLevel->setToolTip(
-        tr("Value of the selected point, a fraction from 0 to 1; Enter goes on to the next point"));
+        tr("Value of the selected point, a fraction from 0 to 1 (Alt+V); Enter goes on to the next "
+           "point"));
     ui.OkBut->setToolTip(tr("Stores name and values in the glass type"));
     ui.CancelBut->setToolTip(tr("Leaves the glass type as it was"));
 }
@@ -179,6 +190,9 @@ void Profile::ConnectSignals() {
             [this] { ui.Graph->setFocus(Qt::OtherFocusReason); });
     connect(ui.EditLevel, &EntryField::Escaped, this, &Profile::reject);
     connect(ui.GlassText, &EntryField::Escaped, this, &Profile::reject);
+    // Its label names the point, and cannot show an access key.
+    auto* valueKey = new QShortcut(QKeySequence(Qt::ALT | Qt::Key_V), this);
+    connect(valueKey, &QShortcut::activated, this, &Profile::GoToLevel);
     connect(ui.OkBut, &QPushButton::clicked, this, &Profile::OkBut_Click);
     connect(ui.CancelBut, &QPushButton::clicked, this, &Profile::CancelBut_Click);
 }
@@ -213,6 +227,8 @@ bool Profile::Form_KeyDown(QObject* control, const QKeyEvent& event) {
         button->click();
         return true;
     }
+    if (control == ui.Graph && GraphKey(event))
+        return true;
     const std::optional<ProfileKey> key = ProfileKeyOf(event.key());
     if (!key || !plain)
         return false;
@@ -221,6 +237,46 @@ bool Profile::Form_KeyDown(QObject* control, const QKeyEvent& event) {
     program.perform([&] { PressProfileKey(program.project, profile, *key); });
     ShowProfile();
     return control != ui.GlassText; // there the caret moves as well
+}
+
+/// The keys that mean something on the graph alone.
+bool Profile::GraphKey(const QKeyEvent& event) {
+    if (event.matches(QKeySequence::Copy)) {
+        CopyCells();
+        return true;
+    }
+    const bool pastes = event.matches(QKeySequence::Paste);
+    const bool types = StartsThicknessEntry(ToBytes(event.text()))
+                       && !(event.modifiers() & (Qt::ControlModifier | Qt::AltModifier));
+    if (pastes && !IsRepeat(event))
+        PasteFromClipboard();
+    else if (types && !IsRepeat(event))
+        TypeIntoLevel(event.text());
+    return pastes || types;
+}
+
+void Profile::GoToLevel() {
+    ui.Graph->EndDrag();
+    if (program.project.selectedProfileColumn == 0)
+        program.perform([&] { PressProfileKey(program.project, profile, ProfileKey::home); });
+    ShowProfile();
+    ui.EditLevel->setFocus(Qt::ShortcutFocusReason);
+}
+
+void Profile::TypeIntoLevel(const QString& text) {
+    GoToLevel();
+    ui.EditLevel->setText(text);
+    levelEdited = true;
+}
+
+void Profile::CopyCells() const {
+    QApplication::clipboard()->setText(ToText(CellsOf(profile.Shown())));
+}
+
+void Profile::PasteFromClipboard() {
+    const std::string cells = ToBytes(QApplication::clipboard()->text().left(longestPaste));
+    program.perform([&] { PasteCells(program.project, profile, cells, program.prompts); });
+    ShowProfile();
 }
 
 void Profile::GlassProp_Click(int index) {
@@ -270,7 +326,9 @@ void Profile::TakeTypedValue() {
 void Profile::ShowGraph() {
     const QString valueName =
         profile.shown == GlassProperty::transmission ? tr("Transmission") : tr("Absorption");
-    ui.sheet->Show(profile.Shown(), program.project.selectedProfileColumn, valueName);
+    ui.sheet->Show(profile.Shown(), profile.Other(), program.project.selectedProfileColumn,
+                   valueName);
+    ui.Graph->setAccessibleDescription(ToText(OutsideText(profile)));
 }
 
 void Profile::ShowProfile() {

@@ -67,6 +67,11 @@ private:
     void OkBut_Click();
     void CancelBut_Click();
 
+    bool GraphKey(const QKeyEvent& event);
+    void TypeIntoLevel(const QString& text);
+    void GoToLevel();
+    void CopyCells() const;
+    void PasteFromClipboard();
     void TakeTypedValue();
     void ShowGraph();
     void ShowProfile();

@@ -177,7 +177,9 @@ void WindowArea::ActivateTop() {
 }
 
 void WindowArea::ActivateNext(bool backwards) {
-    const std::vector<int> windows = Windows();
+    std::vector<int> windows = Windows();
+    const auto isIcon = [this](int id) { return IsMinimised(id); };
+    windows.erase(std::remove_if(windows.begin(), windows.end(), isIcon), windows.end());
     if (windows.empty())
         return;
     const auto here = std::find(windows.begin(), windows.end(), active);

@@ -46,7 +46,7 @@ public:
     void Activate(int id);
     /// Gives the active state away to the window that is now on top, if any.
     void ActivateTop();
-    /// Activates the next window round, or the one before.
+    /// Activates the next window round that is not minimised, or the one before.
     void ActivateNext(bool backwards);
     /// The active window's number; noWindow when there is none.
     int Active() const { return active; }

@@ -269,5 +269,27 @@ TEST_F(LayerDragging, ControlPressedAfterTheStartMovesAllTheSame) {
     EXPECT_EQ(Layers(2), "BXY");
 }
 
+TEST_F(LayerDragging, FirstAndLastShowThatTheyTakeADrop) {
+    StartWithTwoWindows();
+    for (const char* name : {"Draglabel_3", "Draglabel_4"}) {
+        auto* label = Find<QLabel>(1, name);
+        EXPECT_GE(label->height(), 20) << "room to drop on";
+        const QColor before = label->grab().toImage().pixelColor(4, 4);
+        const std::unique_ptr<QMimeData> data(MakeDragPayload(DragKind::layers));
+        QDragEnterEvent enter({4, 4}, Qt::MoveAction, data.get(), Qt::LeftButton, {});
+        QApplication::sendEvent(label, &enter);
+        EXPECT_EQ(label->grab().toImage().pixelColor(4, 4),
+                  label->palette().color(QPalette::Highlight));
+        QDragLeaveEvent leave;
+        QApplication::sendEvent(label, &leave);
+        EXPECT_EQ(label->grab().toImage().pixelColor(4, 4), before);
+        const std::unique_ptr<QMimeData> text(new QMimeData);
+        text->setText(QStringLiteral("PLASTER"));
+        QDragEnterEvent foreign({4, 4}, Qt::CopyAction, text.get(), Qt::LeftButton, {});
+        QApplication::sendEvent(label, &foreign);
+        EXPECT_EQ(label->grab().toImage().pixelColor(4, 4), before) << "not of another program";
+    }
+}
+
 } // namespace
 } // namespace strativo

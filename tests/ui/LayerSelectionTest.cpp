@@ -1,8 +1,10 @@
 #include "MainWindowTest.h"
+#include "ui/LayerList.h"
 #include "ui/WindowArea.h"
 
 #include <QFocusEvent>
 #include <QMenu>
+#include <QScrollBar>
 
 namespace strativo {
 namespace {
@@ -364,6 +366,45 @@ TEST_F(LayerSelection, ALineBelowTheVisibleOnesIsScrolledTo) {
     ASSERT_EQ(List(1)->count(), 15);
     const QRect line = List(1)->visualItemRect(List(1)->item(14));
     EXPECT_TRUE(List(1)->viewport()->rect().contains(line.center()));
+}
+
+/// The pixels of a line's left end in the list.
+QImage LeftEnd(QListWidget* list, int line) {
+    const QRect row = list->visualItemRect(list->item(line));
+    return list->viewport()->grab(QRect(0, row.top(), 6, row.height())).toImage();
+}
+
+TEST_F(LayerSelection, TheFocusedLineCanBeSeenMarkedOrNot) {
+    StartWithFiveLayers();
+    TakeKeyboard(*program);
+    List(1)->setFocus();
+    ClickLine(List(1), 2);
+    const QImage marked = LeftEnd(List(1), 2);
+    ClickLine(List(1), 3, Qt::ControlModifier);
+    EXPECT_NE(LeftEnd(List(1), 2), marked) << "the focus has gone on";
+    const QImage unmarkedWithFocus = [&] {
+        ClickLine(List(1), 3, Qt::ControlModifier);
+        return LeftEnd(List(1), 3);
+    }();
+    EXPECT_THAT(MarksShown(1), ElementsAre(2));
+    EXPECT_NE(unmarkedWithFocus, LeftEnd(List(1), 4)) << "which is neither marked nor focused";
+}
+
+TEST_F(LayerSelection, TheViewDoesNotJumpAfterAMove) {
+    StartWithFiveLayers();
+    Construction& record = TheProject().constructions[1];
+    for (int layer = 6; layer <= 15; ++layer)
+        record.layers.Edit(layer).name = "L" + std::to_string(layer);
+    program->ShowProject();
+    auto* list = dynamic_cast<LayerList*>(List(1));
+    ClickLine(list, 7);
+    for (const int top : {3, 6}) {
+        list->verticalScrollBar()->setValue(top);
+        DragLine(list, 8, list, 4);
+        EXPECT_EQ(list->TopLine(), top);
+        DragLine(list, 9, list, 5);
+        EXPECT_EQ(list->TopLine(), top);
+    }
 }
 
 } // namespace

@@ -111,5 +111,13 @@ TEST_F(MessageBoxes, HaveFocusOnTheAnswerOfEnter) {
     });
 }
 
+TEST_F(MessageBoxes, CannotBeMinimisedOrMaximised) {
+    Show({"Text", "Title"}, [](QDialog& box) {
+        EXPECT_FALSE(box.windowFlags() & Qt::WindowMinimizeButtonHint);
+        EXPECT_FALSE(box.windowFlags() & Qt::WindowMaximizeButtonHint);
+        EXPECT_TRUE(box.windowFlags() & Qt::WindowCloseButtonHint);
+    });
+}
+
 } // namespace
 } // namespace strativo

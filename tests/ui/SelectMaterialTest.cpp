@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QRadioButton>
+#include <QStatusBar>
 #include <QToolButton>
 
 #include <sys/stat.h>
@@ -386,6 +387,85 @@ TEST_F(SelectMaterial, StaysActiveWhileABoxIsInFront) {
     InBox([this](QWidget&) { EXPECT_TRUE(TheProject().dialogActive); });
     Choose("HelpAbout");
     EXPECT_TRUE(TheProject().dialogActive);
+}
+
+/// The material list with the keyboard in it.
+class TypeToFind : public SelectMaterial {
+protected:
+    void StartInList() {
+        StartWithConstruction();
+        Area().Activate(UValueMDI::dialogId);
+        TakeKeyboard(*program);
+        Materials()->setFocus();
+    }
+    std::string Selected() {
+        return Materials()->currentItem()->text().left(33).trimmed().toStdString();
+    }
+    int TopLine() { return dynamic_cast<MaterialList*>(Materials())->TopLine(); }
+    std::string Said() { return program->statusBar()->currentMessage().toStdString(); }
+};
+
+TEST_F(TypeToFind, LettersLeadToANameOnTheFirstVisibleRow) {
+    StartInList();
+    const std::string name = Materials()->item(3)->text().left(33).trimmed().toStdString();
+    const std::string typed = QString::fromStdString(name).toLower().toStdString();
+    Type(typed.c_str());
+    EXPECT_EQ(Selected(), name);
+    EXPECT_EQ(TopLine(), 3);
+    EXPECT_EQ(Said(), "Search: " + typed);
+}
+
+TEST_F(TypeToFind, NamesThatOnlyContainTheLettersComeNext) {
+    StartInList();
+    Type("brick");
+    EXPECT_EQ(Selected(), "FACE BRICK");
+    Press(Qt::Key_Return);
+    EXPECT_EQ(LayerNames(TheProject(), 1), "FACE BRICK");
+}
+
+TEST_F(TypeToFind, WhatIsNotFoundIsSaidAndCanBeTakenBack) {
+    StartInList();
+    Type("plax");
+    EXPECT_EQ(Said(), "Search: plax - no such material");
+    EXPECT_EQ(Selected(), "PLASTER");
+    Press(Qt::Key_Backspace);
+    EXPECT_EQ(Said(), "Search: pla");
+}
+
+TEST_F(TypeToFind, APauseBeginsAnotherSearch) {
+    StartInList();
+    Type("pl");
+    ASSERT_TRUE(QTest::qWaitFor([this] { return Said().empty(); }, 10'000));
+    Type("f");
+    EXPECT_EQ(Selected(), "FACE BRICK");
+    EXPECT_EQ(Said(), "Search: f");
+}
+
+TEST_F(TypeToFind, TheListBeginsAtItsFirstLineAfterALoadASwitchAndASort) {
+    StartInList();
+    Materials()->scrollToBottom();
+    ASSERT_GT(TopLine(), 0);
+    Choose("CondSort");
+    EXPECT_EQ(TopLine(), 0);
+    Materials()->scrollToBottom();
+    LoadUserLibrary();
+    EXPECT_EQ(TopLine(), 0);
+    Option(0)->click();
+    Materials()->scrollToBottom();
+    Option(1)->click();
+    Option(0)->click();
+    EXPECT_EQ(TopLine(), 0);
+}
+
+TEST_F(TypeToFind, AfterASwitchByKeysTypingGoesToTheList) {
+    StartInList();
+    LoadUserLibrary();
+    Area().Activate(UValueMDI::dialogId);
+    Press(Qt::Key_S, Qt::AltModifier);
+    EXPECT_EQ(Focus(), "UValueList");
+    Press(Qt::Key_U, Qt::AltModifier);
+    Type("c");
+    EXPECT_EQ(Selected(), "CORK");
 }
 
 } // namespace

@@ -4,6 +4,8 @@
 #include <QClipboard>
 #include <QComboBox>
 #include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QWheelEvent>
 
@@ -224,6 +226,44 @@ TEST_F(WindowKeys, ControlF4IsACloseRequest) {
     Choose("EditWin");
     Press(Qt::Key_F4, Qt::ControlModifier);
     EXPECT_FALSE(Area().Has(UValueMDI::glassId));
+}
+
+TEST_F(WindowKeys, EnterPressesTheFocusedButton) {
+    StartWithThreeLayers();
+    TakeKeyboard(*program);
+    Find(1, "VWConComments")->setFocus();
+    InBox([](QWidget& shown) { EXPECT_EQ(shown.windowTitle(), QStringLiteral("Comments")); });
+    Press(Qt::Key_Return);
+    EXPECT_EQ(boxes.size(), 1U);
+    EXPECT_EQ(List(1)->count(), 3);
+}
+
+TEST_F(WindowKeys, EscFromAMenuGivesTheKeysBackAtOnce) {
+    StartWithThreeLayers();
+    TakeKeyboard(*program);
+    List(1)->setFocus();
+    Press(Qt::Key_F10);
+    QTest::keyClick(program->menuBar(), Qt::Key_Down);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return Menu("Filemenu")->isVisible(); }));
+    QTest::keyClick(Menu("Filemenu"), Qt::Key_Escape);
+    EXPECT_FALSE(Menu("Filemenu")->isVisible());
+    EXPECT_EQ(program->menuBar()->activeAction(), nullptr);
+    EXPECT_EQ(Focus(), "Construction");
+    Press(Qt::Key_7);
+    EXPECT_EQ(TextOf(1, "EditThick"), "7");
+}
+
+TEST_F(WindowKeys, ControlTabPassesMinimisedWindowsBy) {
+    StartWithThreeLayers();
+    Choose("NewUValue");
+    Choose("NewUValue");
+    Area().SetMinimised(2, true);
+    Area().Activate(1);
+    Area().ActivateNext(false);
+    EXPECT_EQ(Area().Active(), 3);
+    EXPECT_TRUE(Area().IsMinimised(2));
+    Area().ActivateNext(true);
+    EXPECT_EQ(Area().Active(), 1);
 }
 
 } // namespace

@@ -1,0 +1,56 @@
+#include "edit/TypeAhead.h"
+
+#include "text/Lines.h"
+
+#include <algorithm>
+
+namespace strativo {
+
+namespace {
+
+/// Windows-1252 in capitals, as far as it has them.
+std::string Capitals(std::string_view text) {
+    std::string capitals(text);
+    for (char& c : capitals) {
+        const auto code = static_cast<unsigned char>(c);
+        const bool ascii = code >= 'a' && code <= 'z';
+        constexpr unsigned char divisionSign = 0xf7;
+        const bool accented = code >= 0xe0 && code <= 0xfe && code != divisionSign;
+        if (ascii || accented)
+            c = static_cast<char>(code - ('a' - 'A'));
+    }
+    return capitals;
+}
+
+template <class Matches>
+int NextLine(const std::vector<std::string>& names, int from, Matches matches) {
+    const int count = static_cast<int>(names.size());
+    for (int step = 0; step < count; ++step) {
+        const int line = (std::max(from, 0) + step) % count;
+        if (matches(Capitals(names[static_cast<std::size_t>(line)])))
+            return line;
+    }
+    return -1;
+}
+
+} // namespace
+
+int LineOfTyped(const std::vector<std::string>& names, std::string_view typed, int from) {
+    if (typed.empty())
+        return -1;
+    const std::string wanted = Capitals(typed);
+    const auto begins = [&](const std::string& name) { return name.starts_with(wanted); };
+    const auto contains = [&](const std::string& name) { return Contains(name, wanted); };
+    const int line = NextLine(names, from, begins);
+    if (line >= 0)
+        return line;
+    const char letter = wanted.front();
+    const bool again = wanted.find_first_not_of(letter) == std::string::npos;
+    const int next =
+        again && wanted.size() > 1 ? NextLine(
+            names, from + 1, [&](const std::string& name) { return name.starts_with(letter); })
+                                   : -1;
+    return next >= 0 ? next : NextLine(names, from, contains);
+}
+
+} // namespace strativo

@@ -1,0 +1,30 @@
+#include "ui/EnterKey.h"
+
+#include "ui/KeyRepeat.h"
+
+#include <QAbstractButton>
+#include <QCoreApplication>
+#include <QKeyEvent>
+
+namespace strativo {
+
+EnterKey::EnterKey(QObject* parent) : QObject(parent) {
+    QCoreApplication::instance()->installEventFilter(this);
+}
+
+bool EnterKey::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::KeyPress)
+        return false;
+    const auto& key = *static_cast<QKeyEvent*>(event);
+    auto* button = qobject_cast<QAbstractButton*>(watched);
+    const bool enter = key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
+    const bool plain = (key.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    if (!enter || !plain || button == nullptr || !button->isEnabled())
+        return false;
+    // Enter still held from the entry that opened a box must not answer the box unread.
+    if (!IsRepeat(key))
+        button->click();
+    return true;
+}
+
+} // namespace strativo

@@ -1,0 +1,73 @@
+#include "ui/Tips.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QFontMetrics>
+#include <QScreen>
+#include <QTextDocument>
+#include <QToolTip>
+#include <QWidget>
+
+namespace strativo {
+
+namespace {
+
+/// Where the line that starts there ends, and where the next one begins.
+std::pair<qsizetype, qsizetype> BreakAfter(const QString& text, qsizetype start, int longest) {
+    const qsizetype lineEnd = text.indexOf(QLatin1Char('\n'), start);
+    const qsizetype end = lineEnd < 0 ? text.size() : lineEnd;
+    if (end - start <= longest)
+        return {end, end + 1};
+    const qsizetype blank = text.lastIndexOf(QLatin1Char(' '), start + longest);
+    if (blank > start)
+        return {blank, blank + 1};
+    return {start + longest, start + longest};
+}
+
+/// The toolkit shows a tip somewhat below the place that it is given, as far as a pointer is high.
+constexpr int pointerHeight = 32; // at most
+constexpr int frame = 8;
+
+QPoint PlaceOfTip(const QWidget& control, const QString& lines) {
+    const QRect place(control.mapToGlobal(QPoint(0, 0)), control.size());
+    const int height = QFontMetrics(QToolTip::font()).size(0, lines).height() + frame;
+    if (place.bottom() + pointerHeight + height <= control.screen()->availableGeometry().bottom())
+        return {place.left(), place.bottom()};
+    return {place.left(), place.top() - height - pointerHeight};
+}
+
+/// Names of files are no markup.
+QString AsPlainText(const QString& lines) {
+    return Qt::mightBeRichText(lines)
+               ? QStringLiteral("<p style=\"white-space:pre\">%1</p>").arg(lines.toHtmlEscaped())
+               : lines;
+}
+
+} // namespace
+
+QString InLines(const QString& text, int longest) {
+    QString lines;
+    for (qsizetype start = 0; start < text.size();) {
+        const auto [end, next] = BreakAfter(text, start, longest);
+        lines += (start > 0 ? QStringLiteral("\n") : QString()) + text.mid(start, end - start);
+        start = next;
+    }
+    return lines;
+}
+
+Tips::Tips(QObject* parent) : QObject(parent) {
+    QCoreApplication::instance()->installEventFilter(this);
+}
+
+bool Tips::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::ToolTip || !watched->isWidgetType())
+        return false;
+    auto* control = static_cast<QWidget*>(watched);
+    if (control->toolTip().isEmpty())
+        return false; // a part of a control, which is asked next
+    const QString lines = InLines(control->toolTip(), longestLine);
+    QToolTip::showText(PlaceOfTip(*control, lines), AsPlainText(lines), control, control->rect());
+    return true;
+}
+
+} // namespace strativo

@@ -1,0 +1,85 @@
+#include "ui/Tips.h"
+
+#include "MainWindowTest.h"
+#include "ui/UValue.h"
+#include "ui/UvalsDialog.h"
+#include "ui/WindowArea.h"
+
+#include <QHelpEvent>
+#include <QLabel>
+#include <QToolTip>
+
+namespace strativo {
+namespace {
+
+struct LinesRow {
+    const char* name;
+    const char* text;
+    const char* lines;
+};
+
+class TipLines : public testing::TestWithParam<LinesRow> {};
+
+TEST_P(TipLines, AreBrokenAtBlanks) {
+    EXPECT_EQ(InLines(QString::fromUtf8(GetParam().text), 10).toStdString(), GetParam().lines);
+}
+
+constexpr LinesRow rows[] = {
+    {"Short", "short", "short"},
+    {"Exactly", "1234567890", "1234567890"},
+    {"AtABlank", "one two three", "one two\nthree"},
+    {"BlankRightBehind", "1234567890 x", "1234567890\nx"},
+    {"ALongWord", "123456789012345", "1234567890\n12345"},
+    {"ItsOwnLineEnds", "one\ntwo three four", "one\ntwo three\nfour"},
+    {"Empty", "", ""},
+    {"LettersAreCountedNotBytes", "°°°°°°°°°° °", "°°°°°°°°°°\n°"},
+};
+
+INSTANTIATE_TEST_SUITE_P(Texts, TipLines, testing::ValuesIn(rows),
+                         [](const auto& row) { return row.param.name; });
+
+class ToolTips : public MainWindowTest {
+protected:
+    /// Lets the pointer rest on a place of the control until its tip shows; the tip.
+    static QLabel* TipOf(QWidget* control, QPoint place) {
+        QHelpEvent rest(QEvent::ToolTip, place, control->mapToGlobal(place));
+        QApplication::sendEvent(control, &rest);
+        for (QWidget* widget : QApplication::topLevelWidgets())
+            if (widget->inherits("QTipLabel") && widget->isVisible())
+                return qobject_cast<QLabel*>(widget);
+        return nullptr;
+    }
+
+    static void ExpectBesideAndNarrow(QWidget* control, const QLabel* tip) {
+        const std::string name = control->objectName().toStdString();
+        ASSERT_NE(tip, nullptr) << name;
+        for (const QString& line : tip->text().split(QLatin1Char('\n')))
+            EXPECT_LE(line.size(), 60) << line.toStdString();
+        const QRect place(control->mapToGlobal(QPoint(0, 0)), control->size());
+        EXPECT_FALSE(place.intersects(tip->geometry())) << name;
+    }
+};
+
+TEST_F(ToolTips, AreNarrowAndCoverNothingOfTheirControl) {
+    Start();
+    Choose("NewUValue");
+    for (const char* name : {"NameText", "EditThick", "Result", "Draglabel_3", "TypeCombo"})
+        ExpectBesideAndNarrow(Find(1, name), TipOf(Find(1, name), {3, 3}));
+    for (QListWidget* list : {List(1), Materials()}) {
+        QWidget* part = list->viewport(); // where the pointer is
+        ExpectBesideAndNarrow(list, TipOf(part, part->rect().center()));
+    }
+}
+
+TEST_F(ToolTips, ShowNamesThatLookLikeMarkup) {
+    Start();
+    QLabel control(QStringLiteral("x"));
+    control.setToolTip(QStringLiteral("/a/<b>wall</b>.con"));
+    control.show();
+    const QLabel* tip = TipOf(&control, {1, 1});
+    ASSERT_NE(tip, nullptr);
+    EXPECT_TRUE(tip->text().contains(QStringLiteral("&lt;b&gt;wall")));
+}
+
+} // namespace
+} // namespace strativo
