@@ -244,7 +244,6 @@ TEST_F(EntryFields, HalfTypedTextOutlivesTheMenuKeysAndOtherPrograms) {
     Type("77");
     Press(Qt::Key_F10);
     QTest::keyClick(Menu("Filemenu"), Qt::Key_Escape);
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
     EXPECT_EQ(TextOf(1, "EditThick"), "77");
     EXPECT_EQ(Focus(), "EditThick");
     QWidget otherProgram;
