@@ -37,7 +37,14 @@ std::vector<std::string> Split(const std::string& cells) {
     return pieces;
 }
 
-std::optional<double> Fraction(std::string cell) {
+std::string WithoutOuterBlanks(const std::string& cell) {
+    const auto first = cell.find_first_not_of(' ');
+    return first == std::string::npos ? ""
+                                      : cell.substr(first, cell.find_last_not_of(' ') - first + 1);
+}
+
+std::optional<double> Fraction(const std::string& text) {
+    std::string cell = WithoutOuterBlanks(text);
     std::replace(cell.begin(), cell.end(), ',', '.');
     try {
         const std::optional<double> value = WholeNumber(cell);

@@ -2,8 +2,6 @@
 
 #include "text/Lines.h"
 
-#include <algorithm>
-
 namespace strativo {
 
 namespace {
@@ -25,8 +23,9 @@ std::string Capitals(std::string_view text) {
 template <class Matches>
 int NextLine(const std::vector<std::string>& names, int from, Matches matches) {
     const int count = static_cast<int>(names.size());
+    const int start = from >= 0 && from < count ? from : 0;
     for (int step = 0; step < count; ++step) {
-        const int line = (std::max(from, 0) + step) % count;
+        const int line = (start + step) % count;
         if (matches(Capitals(names[static_cast<std::size_t>(line)])))
             return line;
     }

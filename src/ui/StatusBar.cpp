@@ -1,5 +1,6 @@
 #include "ui/StatusBar.h"
 
+#include "files/Findings.h"
 #include "ui/Text.h"
 
 #include <QApplication>
@@ -22,6 +23,9 @@ QString FileName(const std::string& path) {
 StatusBar::StatusBar(QWidget* parent) : QStatusBar(parent) {
     ui.FileStatus = AddLabel("FileStatus", 0);
     ui.ChangedStatus = AddLabel("ChangedStatus", 1);
+    ui.LayerStatus = AddLabel("LayerStatus", 4);
+    // Takes the room that is left and pushes nothing aside; the tool tip has all of it.
+    ui.LayerStatus->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     ui.LibraryStatus = AddLabel("LibraryStatus", 0);
     ui.Progress = new QProgressBar(this);
     ui.Progress->setObjectName(QStringLiteral("Progress"));
@@ -45,6 +49,9 @@ void StatusBar::ShowProject(const Project& project) {
     SetPlainText(*ui.FileStatus, file.empty() ? tr("Untitled") : FileName(file));
     SetPlainToolTip(*ui.FileStatus, PathText(file));
     ui.ChangedStatus->setText(project.changed ? tr("* unsaved changes") : QString());
+    const QString finding = ToText(CurrentLayerFinding(project));
+    ui.LayerStatus->setText(finding);
+    ui.LayerStatus->setToolTip(finding);
     ShowLibraries(project);
 }
 

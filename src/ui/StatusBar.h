@@ -10,8 +10,8 @@ class QProgressBar;
 
 namespace strativo {
 
-/// The status bar of the main window: the file, whether it has unsaved changes, the libraries, and
-/// how far a long read has come.
+/// The status bar of the main window: the file, whether it has unsaved changes, what is implausible
+/// about the current layer, the libraries, and how far a long read has come.
 class StatusBar : public QStatusBar {
     Q_OBJECT
 
@@ -31,6 +31,7 @@ private:
     struct Ui {
         QLabel* FileStatus;
         QLabel* ChangedStatus;
+        QLabel* LayerStatus;
         QLabel* LibraryStatus;
         QProgressBar* Progress;
     };

@@ -33,7 +33,8 @@ KeepIntervals Intervals() {
 } // namespace
 
 WorkWatch::WorkWatch(const Project& watched, QObject* parent)
-    : QObject(parent), project(watched), keeper(RecoveryFolders(), SoThatItIsWrittenIn(Intervals())) {
+    : QObject(parent), project(watched),
+      keeper(RecoveryFolders(), SoThatItIsWrittenIn(Intervals())) {
     timer.setSingleShot(true);
     connect(&timer, &QTimer::timeout, this, &WorkWatch::Look);
 }

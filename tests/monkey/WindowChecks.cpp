@@ -66,7 +66,8 @@ void RequireActive(const Project& project, const WindowArea& area) {
 
 /// The frames that can be seen lie upon each other as the toolkit's children do.
 void RequireFrames(const WindowArea& area) {
-    const ChildWindow* top = nullptr;
+    const ChildWindow* top = nullptr; // of the windows beside Select Material
+    const ChildWindow* dialog = nullptr;
     for (const ChildWindow* frame : area.findChildren<ChildWindow*>()) {
         if (frame->isHidden() || !area.Has(frame->Id()))
             continue;
@@ -74,10 +75,14 @@ void RequireFrames(const WindowArea& area) {
         Require(frame->IsMinimised() || frame->Content() != nullptr, "a window has its content");
         Require(frame->Content() == nullptr || frame->Content()->isHidden() == frame->IsMinimised(),
                 "the content of a window can be seen, that of an icon cannot");
-        top = frame->IsMinimised() ? top : frame;
+        if (frame->IsMinimised())
+            continue;
+        (frame->Id() == UValueMDI::dialogId ? dialog : top) = frame;
     }
+    // Select Material may lie above the active window, where a Cascade leaves it.
+    const ChildWindow* active = area.Active() == UValueMDI::dialogId ? dialog : top;
     if (area.Active() != WindowArea::noWindow)
-        Require(top != nullptr && top->Id() == area.Active(), "the active window is on top");
+        Require(active != nullptr && active->Id() == area.Active(), "the active window is on top");
 }
 
 void RequireFocus(UValueMDI& program) {

@@ -68,6 +68,24 @@ TEST_F(EntryFields, EnterStoresTheThicknessAndMovesOn) {
     EXPECT_EQ(TextOf(1, "ConName"), "PLASTER");
 }
 
+TEST_F(EntryFields, TheStatusBarTellsWhatIsImplausibleAboutTheCurrentLayer) {
+    StartWithTwoLayers();
+    ClickLine(List(1), 1);
+    EXPECT_EQ(StatusText("LayerStatus"), "");
+    Answer("Yes"); // to a thickness above one metre
+    Enter("EditThick", "2500");
+    const std::string told = "Layer 2: 2500 mm is more than 2000";
+    EXPECT_EQ(StatusText("LayerStatus"), told);
+    EXPECT_EQ(program->findChild<QWidget*>(QStringLiteral("LayerStatus"))->toolTip().toStdString(),
+              told);
+    ClickLine(List(1), 0);
+    EXPECT_EQ(StatusText("LayerStatus"), "");
+    ClickLine(List(1), 1);
+    EXPECT_EQ(StatusText("LayerStatus"), told);
+    Enter("EditThick", "13");
+    EXPECT_EQ(StatusText("LayerStatus"), "");
+}
+
 TEST_F(EntryFields, EnterOnTheLastLineStaysThereUnmarked) {
     StartWithTwoLayers();
     ClickLine(List(1), 1);
