@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/Project.h"
 #include "port/Prompts.h"
 
 #include <optional>
@@ -8,7 +9,9 @@
 namespace strativo {
 
 // Each returns the chosen path, or nothing when the user cancelled.
-std::optional<std::string> PromptConstructionFile(Prompts& prompts);
-std::optional<std::string> PromptSaveConstructionFile(Prompts& prompts);
+std::optional<std::string> PromptConstructionFile(Project& project, Prompts& prompts);
+/// Proposes the name of the file given, in its folder; "" for none.
+std::optional<std::string> PromptSaveConstructionFile(Project& project, const std::string& file,
+                                                      Prompts& prompts);
 
 } // namespace strativo

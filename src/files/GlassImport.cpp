@@ -98,7 +98,7 @@ bool ParseGlassDefinitions(std::string_view bytes, Project& project) {
 }
 
 ImportResult ImportGlassDefinitions(Project& project, Prompts& prompts) {
-    const std::optional<std::string> path = PromptConstructionFile(prompts);
+    const std::optional<std::string> path = PromptConstructionFile(project, prompts);
     if (!path)
         return ImportResult::cancelled;
     const int sectionsBefore = project.glassSectionsRead + project.glassSectionsRead2D;

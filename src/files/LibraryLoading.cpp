@@ -4,6 +4,7 @@
 #include "files/FileAccess.h"
 #include "files/FileMessages.h"
 #include "files/MaterialLibraryFile.h"
+#include "files/PromptFolders.h"
 
 namespace strativo {
 
@@ -15,12 +16,15 @@ bool AsksForAnotherFile(ErrorNumber number) {
            || number == ErrorNumber::invalidArgument;
 }
 
-/// What the file gives; nothing and a number where it cannot be read at all. A failure that another
-/// file can make good is thrown.
-LibraryContent ReadLibrary(const Project& project, const std::string& name,
+/// What the file gives, and the folder that it lies in; nothing and a number where it cannot be
+/// read at all. A failure that another file can make good is thrown.
+LibraryContent ReadLibrary(const Project& project, const std::string& name, std::string& folder,
                            LibraryContent (*parse)(std::string_view)) {
     try {
-        return parse(ReadFileBytes(FindFile(name, FolderOf(project.constructionFile))));
+        const std::string path = FindFile(name, FolderOf(project.constructionFile));
+        const std::string bytes = ReadFileBytes(path);
+        folder = PlaceOf(path);
+        return parse(bytes);
     } catch (const RuntimeError& error) {
         if (AsksForAnotherFile(error.Number()))
             throw;
@@ -47,7 +51,8 @@ void Report(const LibraryContent& content, const FileMessages& messages, Prompts
 
 /// The file name after a failure. Cancelling here, unlike at the first prompt, ends the program.
 std::string AskForStandardFileAgain(Project& project, Prompts& prompts) {
-    const std::string name = PromptLibraryFile(prompts, standardLibraryPrompt, "stdmat.lby");
+    const std::string name =
+        PromptLibraryFile(project, standardLibraryNumber, "stdmat.lby", prompts);
     if (name != singleBlank)
         return name;
     project.standardLibraryFile.clear();
@@ -87,9 +92,13 @@ LibraryLoad TakeUserLibrary(Project& project, const LibraryContent& content, Pro
 
 } // namespace
 
-std::string PromptLibraryFile(Prompts& prompts, const std::string& title,
-                              const std::string& initialName) {
-    return prompts.AskOpenFile({title, "Material Files (*.lby)|*.lby", initialName, "LBY"})
+std::string PromptLibraryFile(Project& project, int libraryNumber, const std::string& initialName,
+                              Prompts& prompts) {
+    const char* title =
+        libraryNumber == userLibraryNumber ? userLibraryPrompt : standardLibraryPrompt;
+    const std::string folder = LibraryFolder(project, libraryNumber);
+    return Used(project, prompts.AskOpenFile(
+                             {title, "Material Files (*.lby)|*.lby", initialName, "LBY", folder}))
         .value_or(singleBlank);
 }
 
@@ -98,15 +107,16 @@ LibraryLoad LoadStandardLibrary(Project& project, Prompts& prompts) {
     if (name == singleBlank)
         name = project.rememberedLibrary;
     if (name.empty())
-        name = PromptLibraryFile(prompts, standardLibraryPrompt, "");
+        name = PromptLibraryFile(project, standardLibraryNumber, "", prompts);
     if (name == singleBlank) {
         name.clear();
         return LibraryLoad::cancelled;
     }
     for (;;) {
         try {
-            return TakeStandardLibrary(project, ReadLibrary(project, name, ParseStandardLibrary),
-                                       prompts);
+            const LibraryContent content =
+                ReadLibrary(project, name, project.standardLibraryFolder, ParseStandardLibrary);
+            return TakeStandardLibrary(project, content, prompts);
         } catch (const RuntimeError& error) {
             prompts.ShowMessage({standardLibraryMessages.Text(error.Number()), ""});
             name = AskForStandardFileAgain(project, prompts);
@@ -117,7 +127,7 @@ LibraryLoad LoadStandardLibrary(Project& project, Prompts& prompts) {
 LibraryLoad LoadUserLibrary(Project& project, Prompts& prompts) {
     std::string& name = project.userLibraryFile;
     if (name.empty())
-        name = PromptLibraryFile(prompts, userLibraryPrompt, "");
+        name = PromptLibraryFile(project, userLibraryNumber, "", prompts);
     if (name == singleBlank) {
         name.clear();
         return LibraryLoad::cancelled;
@@ -126,10 +136,12 @@ LibraryLoad LoadUserLibrary(Project& project, Prompts& prompts) {
         // A cancel is not looked for at once: opening the single blank fails and asks once more.
         const bool cancelled = name == singleBlank;
         try {
-            return TakeUserLibrary(project, ReadLibrary(project, name, ParseUserLibrary), prompts);
+            const LibraryContent content =
+                ReadLibrary(project, name, project.userLibraryFolder, ParseUserLibrary);
+            return TakeUserLibrary(project, content, prompts);
         } catch (const RuntimeError& error) {
             prompts.ShowMessage({userLibraryMessages.Text(error.Number()), ""});
-            name = PromptLibraryFile(prompts, userLibraryPrompt, name);
+            name = PromptLibraryFile(project, userLibraryNumber, name, prompts);
         }
         if (cancelled && name == singleBlank) {
             name.clear();
@@ -140,6 +152,7 @@ LibraryLoad LoadUserLibrary(Project& project, Prompts& prompts) {
 
 void DropUserLibrary(Project& project) {
     project.userLibrary = EmptyLibrary();
+    project.userLibraryFolder.clear();
     WithdrawUserLibrary(project);
 }
 

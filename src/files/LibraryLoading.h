@@ -11,9 +11,9 @@ namespace strativo {
 inline constexpr char standardLibraryPrompt[] = "Open standard material file";
 inline constexpr char userLibraryPrompt[] = "Open user material file";
 
-/// Asks for a library file; a single blank when the user cancelled.
-std::string PromptLibraryFile(Prompts& prompts, const std::string& title,
-                              const std::string& initialName);
+/// Asks for the file of a library; a single blank when the user cancelled.
+std::string PromptLibraryFile(Project& project, int libraryNumber, const std::string& initialName,
+                              Prompts& prompts);
 
 /// What became of a load.
 enum class LibraryLoad {

@@ -53,6 +53,10 @@ struct Project {
     std::string constructionFile; ///< "" no file yet
     std::string stampedFile;      ///< the file that the stamp is of
     FileStamp stamp;              ///< the file as it was read or last written
+    // Folders that prompts start in; "." the working directory, "" none.
+    std::string usedFolder;            ///< of the file used last
+    std::string standardLibraryFolder; ///< in which the standard library was found
+    std::string userLibraryFolder;     ///< in which the user library was found
     NumberedList<Construction> constructions{1};
     int constructionCount = 0; ///< constructions in use
     int lowestFreeHint = 1;    ///< no slot below it is free

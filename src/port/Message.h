@@ -33,6 +33,7 @@ struct FilePrompt {
     std::string filter; ///< description and pattern, separated by "|"
     std::string initialName;
     std::string defaultExtension;
+    std::string startFolder = {}; ///< "" where there is none to prefer
 
     bool operator==(const FilePrompt&) const = default;
 };

@@ -6,6 +6,7 @@
 #include "files/ConstructionWriter.h"
 #include "files/FileAccess.h"
 #include "files/FileMessages.h"
+#include "files/PromptFolders.h"
 #include "project/NewProject.h"
 #include "project/ReadConstructionFile.h"
 #include "project/SaveQuestions.h"
@@ -56,6 +57,21 @@ bool WriteNamedFile(Project& project, Prompts& prompts) {
     }
 }
 
+/// Writes under the project's name, else under one that is asked for, the file given proposed.
+bool WriteUnder(Project& project, const std::string& proposed, Prompts& prompts) {
+    const std::string before = project.constructionFile;
+    if (before.empty()) {
+        const auto chosen = PromptSaveConstructionFile(project, proposed, prompts);
+        if (!chosen)
+            return false;
+        project.constructionFile = *chosen;
+    }
+    const bool written = WriteNamedFile(project, prompts);
+    if (!written)
+        project.constructionFile = before;
+    return written;
+}
+
 Message CloseQuestion(const Project& project) {
     return {"Save changes to " + ShownFileName(project.constructionFile) + " ?",
             "Construction Have Changed",
@@ -79,8 +95,12 @@ void FinishStartUp(Project& project, const std::string& commandLine, Prompts& pr
 }
 
 void OpenProject(Project& project, Prompts& prompts) {
-    if (NewProject(project, prompts))
-        ReadConstructionFile(project, "", prompts);
+    // The name is gone when the prompt comes, which is to start in its folder.
+    const std::string file = project.constructionFile;
+    if (!NewProject(project, prompts))
+        return;
+    project.usedFolder = ConstructionFolder(project, file);
+    ReadConstructionFile(project, "", prompts);
 }
 
 void OpenDroppedFiles(Project& project, const std::vector<std::string>& paths, Prompts& prompts) {
@@ -95,24 +115,15 @@ bool SaveProject(Project& project, Prompts& prompts) {
 bool SaveProjectAs(Project& project, Prompts& prompts) {
     const std::string remembered = project.constructionFile;
     project.constructionFile.clear();
-    const bool written = SaveProject(project, prompts);
+    const bool written =
+        CheckBeforeSave(project, prompts) && WriteUnder(project, remembered, prompts);
     if (project.constructionFile.empty())
         project.constructionFile = remembered;
     return written;
 }
 
 bool WriteConstructionFile(Project& project, Prompts& prompts) {
-    const std::string before = project.constructionFile;
-    if (before.empty()) {
-        const std::optional<std::string> chosen = PromptSaveConstructionFile(prompts);
-        if (!chosen)
-            return false;
-        project.constructionFile = *chosen;
-    }
-    const bool written = WriteNamedFile(project, prompts);
-    if (!written)
-        project.constructionFile = before;
-    return written;
+    return WriteUnder(project, "", prompts);
 }
 
 void CloseConstruction(Project& project, int activeConstruction) {

@@ -9,6 +9,7 @@
 #include "files/FileAccess.h"
 #include "files/FileMessages.h"
 #include "files/LibraryLoading.h"
+#include "files/PromptFolders.h"
 
 #include <optional>
 #include <utility>
@@ -202,7 +203,8 @@ FileReading ReplaceProject(Project& project, const std::string& messagePrefix, P
 } // namespace
 
 FileReading ReadConstructionFile(Project& project, const std::string& path, Prompts& prompts) {
-    const auto chosen = path.empty() ? PromptConstructionFile(prompts) : std::optional(path);
+    const auto chosen =
+        path.empty() ? PromptConstructionFile(project, prompts) : Used(project, path);
     project.constructionFile = chosen.value_or("");
     if (!chosen)
         return FileReading::cancelled;

@@ -8,7 +8,6 @@
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
-#include <QFileInfo>
 #include <QHeaderView>
 #include <QTreeView>
 
@@ -20,6 +19,10 @@ namespace {
 /// regard to letter case.
 QString DialogFilter(const FilePrompt& prompt) {
     return ToText(prompt.filter.substr(0, prompt.filter.find('|')));
+}
+
+QString StartFolder(const FilePrompt& prompt) {
+    return QDir(PathText(prompt.startFolder)).absolutePath(); // of "": the working directory
 }
 
 /// Qt's own widths cut sizes and dates off.
@@ -48,17 +51,10 @@ Answer QtPrompts::ShowMessage(const Message& message) {
     return ShowMessageBox(message, &window);
 }
 
-QString QtPrompts::StartFolder() const {
-    const std::string& file = window.TheProject().constructionFile;
-    if (!file.empty())
-        return QFileInfo(PathText(file)).absolutePath();
-    return lastFolder.isEmpty() ? QDir::currentPath() : lastFolder;
-}
-
 std::optional<std::string> QtPrompts::AskFile(const FilePrompt& prompt, bool save) {
     const NormalPointer pointer;
     window.ShowProject();
-    QFileDialog box(&window, ToText(prompt.title), StartFolder(), DialogFilter(prompt));
+    QFileDialog box(&window, ToText(prompt.title), StartFolder(prompt), DialogFilter(prompt));
     box.setObjectName(QStringLiteral("CMDialog"));
     box.setOption(QFileDialog::DontUseNativeDialog);
     box.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
@@ -69,9 +65,7 @@ std::optional<std::string> QtPrompts::AskFile(const FilePrompt& prompt, bool sav
     ShowColumnsWhole(box);
     if (box.exec() != QDialog::Accepted || box.selectedFiles().isEmpty())
         return std::nullopt;
-    const QString path = box.selectedFiles().front();
-    lastFolder = QFileInfo(path).absolutePath();
-    return PathBytes(path);
+    return PathBytes(box.selectedFiles().front());
 }
 
 std::optional<std::string> QtPrompts::AskOpenFile(const FilePrompt& prompt) {

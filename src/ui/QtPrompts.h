@@ -25,10 +25,8 @@ public:
 
 private:
     std::optional<std::string> AskFile(const FilePrompt& prompt, bool save);
-    QString StartFolder() const;
 
     UValueMDI& window;
-    QString lastFolder;
 };
 
 } // namespace strativo

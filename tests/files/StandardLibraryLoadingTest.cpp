@@ -59,7 +59,7 @@ TEST_F(StandardLibraryLoading, AsksWhereThereIsNoName) {
     EXPECT_EQ(Load(""), LibraryLoad::loaded);
     EXPECT_EQ(project.standardLibraryFile, "chosen.lby");
     const FilePrompt prompt = {"Open standard material file", "Material Files (*.lby)|*.lby", "",
-                               "LBY"};
+                               "LBY", "."};
     EXPECT_THAT(prompts.filePrompts, ElementsAre(prompt));
 }
 
@@ -101,7 +101,7 @@ TEST_P(StandardLibraryFailure, IsReportedAndAnotherFileLoadedFromTheFirstSlot) {
     EXPECT_EQ(Load(GetParam().file), LibraryLoad::loaded);
     EXPECT_THAT(prompts.messages, ElementsAre(Message{GetParam().message, ""}));
     const FilePrompt prompt = {"Open standard material file", "Material Files (*.lby)|*.lby",
-                               "stdmat.lby", "LBY"};
+                               "stdmat.lby", "LBY", "."};
     EXPECT_THAT(prompts.filePrompts, ElementsAre(prompt));
     EXPECT_EQ(project.standardLibraryFile, "other.lby");
     EXPECT_EQ(project.standardLibrary[1].name, "X");

@@ -7,6 +7,7 @@
 #include "edit/LayerDrag.h"
 #include "files/ConstructionWriter.h"
 #include "project/FileCommands.h"
+#include "project/LibraryCommands.h"
 #include "project/NewProject.h"
 #include "support/Samples.h"
 
@@ -224,6 +225,27 @@ TEST_F(OpenFile, AsksForTheFile) {
     EXPECT_THAT(prompts.filePrompts,
                 ElementsAre(FilePrompt{"Open Construction file", "Construction Files (*.con)|*.con",
                                        "", "CON"}));
+}
+
+TEST_F(OpenFile, StartsInTheFolderOfTheFileThatWasOpen) {
+    folder.Write("house/a.con", "!MATERIALS FILE = 'stdmat.lby'\n");
+    folder.Write("mine/user.lby", userLibraryBytes);
+    ReadConstructionFile(project, "house/a.con", prompts);
+    prompts.OpensFile("mine/user.lby").OpensFile("").OpensFile("");
+    LoadMaterials(project, prompts);
+    OpenProject(project, prompts);
+    EXPECT_EQ(prompts.filePrompts.back().startFolder, "house");
+    OpenProject(project, prompts);
+    EXPECT_EQ(prompts.filePrompts.back().startFolder, "house") << "a cancel leaves it there";
+}
+
+TEST_F(OpenFile, StartsWhereAFileOfTheCommandLineOrADropLay) {
+    folder.Write("house/a.con", "!MATERIALS FILE = 'stdmat.lby'\n");
+    OpenDroppedFiles(project, {"house/a.con"}, prompts);
+    NewProject(project, prompts);
+    prompts.OpensFile("");
+    OpenProject(project, prompts);
+    EXPECT_EQ(prompts.filePrompts.back().startFolder, "house");
 }
 
 TEST_F(OpenFile, DoesNothingWhenTheUserKeepsTheChanges) {

@@ -111,9 +111,10 @@ TEST_F(SaveFile, SavesAsAnotherName) {
     EXPECT_EQ(folder.Read("new.con"), wallBytes);
     EXPECT_EQ(folder.Read("old.con"), "old");
     EXPECT_FALSE(project.changed);
-    EXPECT_THAT(prompts.filePrompts,
-                ElementsAre(FilePrompt{"Save Construction file as ",
-                                       "Construction Files (*.con)|*.con", "", "CON"}));
+    EXPECT_THAT(
+        prompts.filePrompts,
+        ElementsAre(FilePrompt{"Save Construction file as ", "Construction Files (*.con)|*.con",
+                               "old.con", "CON", folder.Path().string()}));
 }
 
 TEST_F(SaveFile, KeepsTheOldNameWhenSavingAsIsCancelled) {

@@ -1,6 +1,7 @@
 #include "MainWindowTest.h"
 
 #include <QFileDialog>
+#include <QLineEdit>
 #include <QListView>
 
 namespace strativo {
@@ -29,9 +30,8 @@ protected:
 
 TEST_F(FilePrompts, StartInTheWorkingDirectoryAtFirst) {
     Start();
-    Choose("NewUValue");
     ExpectFolder(folder.Path().string());
-    Choose("LoadStandard");
+    Choose("OpenProject");
 }
 
 TEST_F(FilePrompts, StartInTheFolderUsedLast) {
@@ -40,24 +40,42 @@ TEST_F(FilePrompts, StartInTheFolderUsedLast) {
     ChooseFile(folder.Write("mine/user.lby", "12* HEMP,0.04 40 1600\r\n"));
     Choose("LoadMaterials");
     ExpectFolder(Path("mine"));
-    Choose("LoadStandard");
+    Choose("OpenProject");
 }
 
-TEST_F(FilePrompts, StartInTheFolderOfTheConstructionFile) {
+TEST_F(FilePrompts, StartInTheFolderOfTheConstructionFileAndOfTheLibrary) {
     Start(folder.Write("house/a.con", "!MATERIALS FILE = '" + library
                                           + "'\r\n"
                                             "!CONSTRUCTION 'A'\r\n!END\r\n"));
     ChooseFile(folder.Write("mine/user.lby", "12* HEMP,0.04 40 1600\r\n"));
     Choose("LoadMaterials");
-    ExpectFolder(Path("house"));
+    ExpectFolder(Path("mine"));
+    Choose("LoadMaterials");
+    ExpectFolder(Path("library"));
     Choose("LoadStandard");
+    ExpectFolder(Path("house"));
+    Choose("OpenProject");
+    ExpectFolder(Path("house"));
+    Choose("OpenProject");
+}
+
+TEST_F(FilePrompts, ProposeTheNameOfTheFileToSaveAs) {
+    Start(folder.Write("house/a.con", "!MATERIALS FILE = '" + library + "'\r\n"));
+    InBox([this](QWidget& box) {
+        const auto* name = box.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        ASSERT_NE(name, nullptr);
+        EXPECT_EQ(name->text(), QStringLiteral("a.con"));
+        EXPECT_EQ(qobject_cast<QFileDialog*>(&box)->directory().absolutePath().toStdString(),
+                  Path("house"));
+    });
+    Choose("SaveProjectAs");
 }
 
 TEST_F(FilePrompts, MatchLibrariesWhateverTheirLetterCase) {
     Start();
     Choose("NewUValue");
-    folder.Write("notes.txt", "mine");
-    folder.Write("UPPER.LBY", "1'WOOD' 0.12 500 1600\r\n");
+    folder.Write("library/notes.txt", "mine");
+    folder.Write("library/UPPER.LBY", "1'WOOD' 0.12 500 1600\r\n");
     InBox([](QWidget& box) {
         auto* prompt = qobject_cast<QFileDialog*>(&box);
         EXPECT_EQ(prompt->nameFilters(), QStringList(QStringLiteral("Material Files (*.lby)")));
