@@ -2,12 +2,17 @@
 
 namespace strativo {
 
+const char* const mainCaption = "Brevan Strativo V" STRATIVO_VERSION;
+const char* const versionText = "Strativo Version " STRATIVO_VERSION;
+
 namespace {
 
-constexpr std::array<const char*, 5> windowSources = {
-    "UvalsDialog.cpp 2.1 2026-11-21", "UValue.cpp 2.1 2026-11-21", "STRATVMD.cpp 2.1 2026-11-21",
-    "WINFORM.cpp 2.1 2026-11-21", "WINPRO.cpp 2.1 2026-11-21"};
-constexpr char sharedRoutinesSource[] = "LayerClipboard.cpp 2.1 2026-11-21";
+constexpr std::array<const char*, 5> windowSources = {"UvalsDialog.cpp", "UValue.cpp",
+                                                      "STRATVMD.cpp", "WINFORM.cpp", "WINPRO.cpp"};
+
+std::string Identification(const char* source) {
+    return std::string(source) + " " STRATIVO_VERSION " 2026-11-21";
+}
 
 } // namespace
 
@@ -20,14 +25,14 @@ std::string CommentText(const Project& project, int number) {
 
 void RecordSource(Project& project, ProgramWindow window) {
     const auto index = static_cast<std::size_t>(window);
-    project.windowSources.at(index) = windowSources.at(index);
+    project.windowSources.at(index) = Identification(windowSources.at(index));
 }
 
 std::string SourceText(const Project& project) {
     std::string text;
     for (const std::string& source : project.windowSources)
         text += source + "\r";
-    return text + sharedRoutinesSource + "\r";
+    return text + Identification("LayerClipboard.cpp") + "\r";
 }
 
 } // namespace strativo

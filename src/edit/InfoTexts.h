@@ -9,7 +9,9 @@ namespace strativo {
 /// The comment lines of a construction, each followed by a line feed and a carriage return.
 std::string CommentText(const Project& project, int number);
 
-inline constexpr char mainCaption[] = "Brevan Strativo V2.1";
+// What names the program's version.
+extern const char* const mainCaption;
+extern const char* const versionText;
 
 /// The windows whose source identification the About box can show, in its order.
 enum class ProgramWindow { selectMaterial, construction, mainWindow, glassTypes, glassProperties };

@@ -45,7 +45,7 @@ void About_Strativo::BuildControls() {
     ui.Picture1->setAccessibleName(tr("Picture of a layered wall"));
     ui.Label1[0] = AddLabel(0, tr("Brevan Strativo"));
     ui.Label1[1] = AddLabel(1, tr("Copyright © 2026 The Strativo authors"));
-    ui.Label1[2] = AddLabel(2, tr("Strativo Version 2.1"));
+    ui.Label1[2] = AddLabel(2, QLatin1String(versionText));
     QFont large = ui.Label1[0]->font();
     large.setPointSizeF(large.pointSizeF() * 1.5);
     large.setBold(true);

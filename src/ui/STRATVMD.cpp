@@ -3,6 +3,7 @@
 #include "edit/ConstructionSlots.h"
 #include "edit/InfoTexts.h"
 #include "project/FileCommands.h"
+#include "project/Manual.h"
 #include "project/NewProject.h"
 #include "project/Recovery.h"
 #include "project/Settings.h"
@@ -46,16 +47,6 @@ bool IsOnThisMachine(const QUrl& url) {
     return url.isLocalFile()
            && (host.isEmpty() || host == QLatin1String("localhost")
                || host.compare(QSysInfo::machineHostName(), Qt::CaseInsensitive) == 0);
-}
-
-/// The first page of the manual that comes with the program, installed or in the source tree.
-QString ManualPath() {
-    const QString installed =
-        QCoreApplication::applicationDirPath() + QStringLiteral("/../share/doc/strativo/manual/");
-    const QString firstPage = QStringLiteral("index.html");
-    return QFileInfo::exists(installed + firstPage)
-               ? installed + firstPage
-               : QStringLiteral(STRATIVO_SOURCE_MANUAL "/") + firstPage;
 }
 
 } // namespace
@@ -262,7 +253,9 @@ void UValueMDI::ShowProgress(std::size_t done, std::size_t total) {
 void UValueMDI::ShowHelp() {
     if (help == nullptr)
         help = std::make_unique<HelpViewer>();
-    help->ShowContents(project.helpFile == noHelpFile ? ManualPath() : PathText(project.helpFile));
+    const std::string programFolder = PathBytes(QCoreApplication::applicationDirPath());
+    help->ShowContents(
+        PathText(project.helpFile == noHelpFile ? ManualPage(programFolder) : project.helpFile));
 }
 
 void UValueMDI::QuitHelp() {

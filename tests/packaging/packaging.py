@@ -107,10 +107,21 @@ def manual():
     expect(present == used, f"not reached: {sorted(present - used)}")
 
 
+def expect_no_source_path(root):
+    """No installed program or module holds the path of the source tree, in bytes or in UTF-16."""
+    binaries = [file for file in Path(root).rglob("*")
+                if file.is_file() and file.read_bytes().startswith(b"\x7fELF")]
+    expect("strativo-cli" in {file.name for file in binaries}, f"{binaries}")
+    for file in binaries:
+        for encoding in ("utf-8", "utf-16-le"):
+            expect(str(source).encode(encoding) not in file.read_bytes(), f"{file}: {source}")
+
+
 def installation():
     """The build installs below a given root, with the settings naming what was installed."""
     with tempfile.TemporaryDirectory() as root:
-        run("cmake", "--install", build, env=dict(os.environ, DESTDIR=root))
+        run("cmake", "--install", build, "--strip", env=dict(os.environ, DESTDIR=root))
+        expect_no_source_path(root)
         settings = next(Path(root).rglob("Stratv.ini")).read_text()
         named = dict(line.split("=") for line in settings.splitlines() if "=" in line)
         for key in ("StdMat", "Help"):

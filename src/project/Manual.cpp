@@ -1,0 +1,31 @@
+#include "project/Manual.h"
+
+#include <filesystem>
+
+namespace strativo {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+bool IsThere(const fs::path& page) {
+    std::error_code error;
+    return fs::is_regular_file(page, error);
+}
+
+} // namespace
+
+std::string ManualPage(const std::string& programFolder) {
+    const fs::path program(programFolder);
+    const fs::path installed = program / "../share/doc/strativo/manual/index.html";
+    if (IsThere(installed))
+        return installed;
+    for (fs::path above = program; above.has_relative_path(); above = above.parent_path()) {
+        const fs::path page = above / "docs/manual/index.html";
+        if (IsThere(page))
+            return page;
+    }
+    return installed;
+}
+
+} // namespace strativo
