@@ -229,7 +229,8 @@ TEST_F(HostileNamesWalk, AreSaidInFullByTooltipsUnlessTheyAreLong) {
         if (path.size() <= longestShownLine) {
             EXPECT_EQ(QString(*tip).simplified(), QString(path).simplified());
         } else {
-            EXPECT_TRUE(tip->startsWith(QLatin1String("/nowhere/")) && tip->endsWith(QLatin1String(".con")));
+            EXPECT_TRUE(tip->startsWith(QLatin1String("/nowhere/"))
+                        && tip->endsWith(QLatin1String(".con")));
         }
     }
 }
