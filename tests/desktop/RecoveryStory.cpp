@@ -100,11 +100,16 @@ INSTANTIATE_TEST_SUITE_P(Signals, CrashStory,
 
 class SpoiltHeapStory : public RecoveryStory, public testing::WithParamInterface<char> {};
 
-TEST_P(SpoiltHeapStory, EndsTheProgramAndTakesNothingOfWhatWasDoneASecondAgo) {
+TEST_P(SpoiltHeapStory, TakesNothingOfWhatWasDoneASecondAgo) {
     StartAndChange();
     WaitForCopy();
     program->SpoilHeap(GetParam());
-    Press(Key::down);
+    try {
+        Press(Key::down);
+    } catch (const std::runtime_error&) {
+        // Locks lie in the heap too: waiting for one, the program hangs until its user ends it.
+        program->Signal(SIGKILL);
+    }
     EXPECT_EQ(program->ExitStatus(patience), std::nullopt);
     EXPECT_FALSE(program->IsRunning());
     ExpectTheChangeIsOffered();
