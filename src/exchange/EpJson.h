@@ -2,8 +2,8 @@
 
 #include "model/Project.h"
 
-#include <compare>
 #include <string>
+#include <tuple>
 #include <vector>
 
 namespace strativo {
@@ -21,7 +21,13 @@ struct EpMaterial {
     double density = 0;      ///< kg/m3
     double specificHeat = 0; ///< J/kg K
 
-    auto operator<=>(const EpMaterial&) const = default;
+    bool operator<(const EpMaterial& other) const {
+        const auto fields = [](const EpMaterial& material) {
+            return std::tie(material.kind, material.name, material.resistance, material.thickness,
+                            material.conductivity, material.density, material.specificHeat);
+        };
+        return fields(*this) < fields(other);
+    }
 };
 
 struct EpConstruction {
