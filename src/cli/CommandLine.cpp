@@ -44,8 +44,8 @@ void AddOptions(CLI::App& app, Invocation& call) {
     }
 }
 
-/// What is no option, in order. Collected by hand, since a list of operands would take a path in
-/// square brackets for a list of paths.
+/// The arguments that are not options, in their order. Collected by hand: CLI11 would take a path
+/// in square brackets for a list of paths.
 std::vector<std::string> Operands(const CLI::App& app) {
     std::vector<std::string> operands;
     bool optionsOver = false;

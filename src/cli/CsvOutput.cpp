@@ -29,17 +29,13 @@ void WriteLayer(std::ostream& out, const Layer& layer) {
 } // namespace
 
 void WriteCsvRows(std::ostream& out, const Project& project, const std::string& file) {
-    for (int number = 1; number <= project.constructions.Size(); ++number) {
-        if (!InUse(project, number))
-            continue;
+    for (const int number : ConstructionsInUse(project)) {
         const Construction& construction = project.constructions[number];
         const std::string start = CsvCell(ShownPath(file)) + ',' + std::to_string(number) + ','
                                   + CsvCell(ShownText(construction.name)) + ','
                                   + std::to_string(construction.type) + ','
                                   + UValueText(construction) + ',';
-        for (int slot = 1; slot <= construction.layers.HighestUsed(); ++slot) {
-            if (construction.layers[slot].name.empty())
-                continue;
+        for (const int slot : FilledSlots(construction)) {
             out << start << slot << ',';
             WriteLayer(out, construction.layers[slot]);
             out << "\r\n";

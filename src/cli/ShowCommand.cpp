@@ -18,16 +18,14 @@ namespace {
 /// Calls show(number) for each record with a name; free slots have none.
 template <class Glass, class Action>
 void ForEachNamed(const NumberedList<Glass>& types, Action show) {
-    for (int number = 1; number <= types.Size(); ++number)
-        if (!types[number].name.empty())
-            show(number);
+    for (const int number : NamedGlassTypes(types))
+        show(number);
 }
 
 template <class Action>
 void ForEachConstruction(const Project& project, Action show) {
-    for (int number = 1; number <= project.constructions.Size(); ++number)
-        if (InUse(project, number))
-            show(number);
+    for (const int number : ConstructionsInUse(project))
+        show(number);
 }
 
 class TextShow {

@@ -26,9 +26,8 @@ struct Reason {
 
 std::vector<const Layer*> LayersOf(const Construction& construction) {
     std::vector<const Layer*> layers;
-    for (int slot = 1; slot <= construction.layers.HighestUsed(); ++slot)
-        if (!construction.layers[slot].name.empty())
-            layers.push_back(&construction.layers[slot]);
+    for (const int slot : FilledSlots(construction))
+        layers.push_back(&construction.layers[slot]);
     return layers;
 }
 
@@ -106,9 +105,8 @@ public:
     EpModelMaker(const Project& source, EpOptions asked) : project(source), options(asked) {}
 
     EpModel Run() {
-        for (int number = 1; number <= project.constructions.Size(); ++number)
-            if (InUse(project, number))
-                TakeConstruction(number);
+        for (const int number : ConstructionsInUse(project))
+            TakeConstruction(number);
         LeaveOutGlass(project.glassTypes, "glass type ");
         LeaveOutGlass(project.glassTypes2D, "two-dimensional glass type ");
         return std::move(model);

@@ -51,10 +51,10 @@ void Report(const LibraryContent& content, const FileMessages& messages, Prompts
 
 /// The file name after a failure. Cancelling here, unlike at the first prompt, ends the program.
 std::string AskForStandardFileAgain(Project& project, Prompts& prompts) {
-    const std::string name =
+    const std::optional<std::string> name =
         PromptLibraryFile(project, standardLibraryNumber, "stdmat.lby", prompts);
-    if (name != singleBlank)
-        return name;
+    if (name)
+        return *name;
     project.standardLibraryFile.clear();
     prompts.ShowMessage({"Cancel pressed aborting load", ""});
     throw ProgramEnd();
@@ -92,14 +92,13 @@ LibraryLoad TakeUserLibrary(Project& project, const LibraryContent& content, Pro
 
 } // namespace
 
-std::string PromptLibraryFile(Project& project, int libraryNumber, const std::string& initialName,
-                              Prompts& prompts) {
+std::optional<std::string> PromptLibraryFile(Project& project, int libraryNumber,
+                                             const std::string& initialName, Prompts& prompts) {
     const char* title =
         libraryNumber == userLibraryNumber ? userLibraryPrompt : standardLibraryPrompt;
     const std::string folder = LibraryFolder(project, libraryNumber);
     return Used(project, prompts.AskOpenFile(
-                             {title, "Material Files (*.lby)|*.lby", initialName, "LBY", folder}))
-        .value_or(singleBlank);
+                             {title, "Material Files (*.lby)|*.lby", initialName, "LBY", folder}));
 }
 
 LibraryLoad LoadStandardLibrary(Project& project, Prompts& prompts) {
@@ -107,11 +106,9 @@ LibraryLoad LoadStandardLibrary(Project& project, Prompts& prompts) {
     if (name == singleBlank)
         name = project.rememberedLibrary;
     if (name.empty())
-        name = PromptLibraryFile(project, standardLibraryNumber, "", prompts);
-    if (name == singleBlank) {
-        name.clear();
+        name = PromptLibraryFile(project, standardLibraryNumber, "", prompts).value_or("");
+    if (name.empty())
         return LibraryLoad::cancelled;
-    }
     for (;;) {
         try {
             const LibraryContent content =
@@ -127,11 +124,9 @@ LibraryLoad LoadStandardLibrary(Project& project, Prompts& prompts) {
 LibraryLoad LoadUserLibrary(Project& project, Prompts& prompts) {
     std::string& name = project.userLibraryFile;
     if (name.empty())
-        name = PromptLibraryFile(project, userLibraryNumber, "", prompts);
-    if (name == singleBlank) {
-        name.clear();
+        name = PromptLibraryFile(project, userLibraryNumber, "", prompts).value_or("");
+    if (name.empty())
         return LibraryLoad::cancelled;
-    }
     for (;;) {
         // A cancel is not looked for at once: opening the single blank fails and asks once more.
         const bool cancelled = name == singleBlank;
@@ -141,7 +136,8 @@ LibraryLoad LoadUserLibrary(Project& project, Prompts& prompts) {
             return TakeUserLibrary(project, content, prompts);
         } catch (const RuntimeError& error) {
             prompts.ShowMessage({userLibraryMessages.Text(error.Number()), ""});
-            name = PromptLibraryFile(project, userLibraryNumber, name, prompts);
+            name =
+                PromptLibraryFile(project, userLibraryNumber, name, prompts).value_or(singleBlank);
         }
         if (cancelled && name == singleBlank) {
             name.clear();

@@ -3,6 +3,7 @@
 #include "model/Project.h"
 #include "port/Prompts.h"
 
+#include <optional>
 #include <string>
 
 namespace strativo {
@@ -11,9 +12,9 @@ namespace strativo {
 inline constexpr char standardLibraryPrompt[] = "Open standard material file";
 inline constexpr char userLibraryPrompt[] = "Open user material file";
 
-/// Asks for the file of a library; a single blank when the user cancelled.
-std::string PromptLibraryFile(Project& project, int libraryNumber, const std::string& initialName,
-                              Prompts& prompts);
+/// Asks for the file of a library; nothing when the user cancelled.
+std::optional<std::string> PromptLibraryFile(Project& project, int libraryNumber,
+                                             const std::string& initialName, Prompts& prompts);
 
 /// What became of a load.
 enum class LibraryLoad {

@@ -110,9 +110,7 @@ std::string Body(const Project& project, const SnapshotHead& head) {
 }
 
 void AddConstructions(SnapshotOut& out, const Project& project) {
-    for (int number = 1; number <= project.constructions.Size(); ++number) {
-        if (!InUse(project, number))
-            continue;
+    for (const int number : ConstructionsInUse(project)) {
         const Construction& construction = project.constructions[number];
         out(number, construction.name, construction.type);
         out(project.comments.constructions.Of(number));

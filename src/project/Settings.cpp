@@ -20,7 +20,8 @@ std::string Environment(const char* name) {
     return value != nullptr ? value : "";
 }
 
-/// Nothing for what is no readable file, be it missing, a folder or a FIFO.
+/// The bytes of a settings file; empty when it is missing or cannot be read, for instance because
+/// it is a folder or a FIFO.
 std::string BytesIfReadable(const std::string& path) {
     try {
         return ReadFileBytes(path);

@@ -85,7 +85,8 @@ void AppendExponent(std::string& out, Decimal decimal) {
 
 constexpr std::array<double, 7> powersOfTen = {1, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6};
 
-/// So many decimal digits; returns their end.
+/// Writes the value in decimal with that many digits, leading zeros included; returns the place
+/// behind the last one.
 char* PutDigits(char* place, std::uint32_t value, int count) {
     for (char* digit = place + count; digit != place; value /= 10)
         *--digit = static_cast<char>('0' + value % 10);

@@ -24,7 +24,7 @@ protected:
     }
     const std::string& StartOfLibrary(int number) {
         prompts.OpensFile("");
-        EXPECT_EQ(PromptLibraryFile(project, number, "", prompts), singleBlank);
+        EXPECT_EQ(PromptLibraryFile(project, number, "", prompts), std::nullopt);
         return Start();
     }
 

@@ -17,7 +17,7 @@ MAY_INCLUDE = {
     "model": [],
     "text": [],
     "port": [],
-    "calc": ["model", "text", "port"],
+    "calc": ["model", "text"],
     "draw": ["model", "text", "calc"],
     "edit": ["model", "text", "port", "calc"],
     "files": ["model", "text", "port", "calc", "edit"],
