@@ -3,7 +3,6 @@
 #include "calc/LayerList.h"
 #include "calc/Relink.h"
 #include "files/ConstructionWriter.h"
-#include "files/SilentPrompts.h"
 
 #include <iostream>
 #include <map>
@@ -27,7 +26,6 @@ std::string FileBytes() {
 }
 
 void ReadAndLink(std::string_view bytes, Project& project) {
-    SilentPrompts prompts;
     Parse(bytes, project);
     RelinkLayers(project);
 }
