@@ -107,8 +107,10 @@ LibraryLoad LoadStandardLibrary(Project& project, Prompts& prompts) {
         name = project.rememberedLibrary;
     if (name.empty())
         name = PromptLibraryFile(project, standardLibraryNumber, "", prompts).value_or("");
-    if (name.empty())
+    if (name.empty() || name == singleBlank) {
+        name.clear();
         return LibraryLoad::cancelled;
+    }
     for (;;) {
         try {
             const LibraryContent content =
@@ -125,8 +127,10 @@ LibraryLoad LoadUserLibrary(Project& project, Prompts& prompts) {
     std::string& name = project.userLibraryFile;
     if (name.empty())
         name = PromptLibraryFile(project, userLibraryNumber, "", prompts).value_or("");
-    if (name.empty())
+    if (name.empty() || name == singleBlank) {
+        name.clear();
         return LibraryLoad::cancelled;
+    }
     for (;;) {
         // A cancel is not looked for at once: opening the single blank fails and asks once more.
         const bool cancelled = name == singleBlank;
