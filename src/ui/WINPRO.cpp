@@ -177,6 +177,12 @@ void Profile::PrepareKeys() {
 }
 
 void Profile::ConnectSignals() {
+    // Qt clicks for an access key a tenth of a second late: the keys that follow would go to the
+    // other property.
+    connect(ui.GlassProps, &QButtonGroup::idPressed, this, [this](int index) {
+        if (QApplication::mouseButtons() == Qt::NoButton)
+            ui.GlassProp[index]->setChecked(true);
+    });
     connect(ui.GlassProps, &QButtonGroup::idToggled, this, [this](int index, bool checked) {
         if (checked)
             GlassProp_Click(index);
