@@ -26,7 +26,7 @@ bool IsLikelyThickness(const Layer& layer, double value, Prompts& prompts) {
     return prompts.ShowMessage(question) == Answer::yes;
 }
 
-/// The number typed. One that does not fit a 32-bit float is reported, and refused.
+/// The typed number; nothing, after a message, when it does not fit into a 32-bit float.
 std::optional<double> TypedNumber(std::string_view text, Prompts& prompts) {
     try {
         const double value = LeadingNumber(text);
@@ -38,7 +38,8 @@ std::optional<double> TypedNumber(std::string_view text, Prompts& prompts) {
     }
 }
 
-/// The layer that an entry is for: the current one, as far as there are so many; 0 without layers.
+/// The layer that an entry goes to: the current one, limited to the layers that exist; 0 when there
+/// are none.
 int LayerOfEntry(const Project& project, int number) {
     if (!InUse(project, number))
         return 0;

@@ -9,31 +9,33 @@
 
 namespace strativo {
 
-/// What became of an entry ended by Enter.
+/// The outcome of an entry that was ended with Enter.
 enum class EntryResult {
     nothing, ///< there is no layer to take it
     refused, ///< the stored value is kept, the typed text stays for correction
     accepted
 };
 
-/// Stores a typed thickness (mm; a resistance for a type 3 cavity) in the current layer, after
-/// asking where it is unlikely, and moves on to the next layer, which alone is then marked.
+/// Stores a typed thickness (mm; a resistance for a type 3 cavity) in the current layer, asking
+/// first when the value is unlikely, and moves on to the next layer, which is then the only one
+/// marked.
 EntryResult EnterThickness(Project& project, int number, std::string_view text, Prompts& prompts);
 
-/// Stores a typed absorption in the current layer, whatever its range.
+/// Stores a typed absorption in the current layer, without checking its range.
 EntryResult EnterAbsorption(Project& project, int number, std::string_view text, Prompts& prompts);
 
-// Name, type and absorption do not mark the project as changed; its users know it so.
+// Unlike thickness, name, type and absorption do not mark the project as changed. This is intended;
+// users rely on it.
 void EnterName(Project& project, int number, std::string_view text);
 void ChangeType(Project& project, int number, int typeIndex);
 
-/// Makes a line of the layer list (from 0; -1 none) the current layer and takes over the marks.
+/// Makes a line of the layer list (from 0; -1 for none) the current layer and stores the marks.
 void SelectLine(Project& project, int number, int line, const std::vector<bool>& marks);
 
-/// Typed or pasted text for a name: control characters become one blank each.
+/// Typed or pasted text as a name can hold it: each control character becomes a blank.
 std::string CleanEntry(std::string_view text);
 
-/// The character starts a thickness entry anywhere in the window: a digit or a point.
+/// Whether typing this anywhere in the window starts a thickness entry: a digit or a point.
 bool StartsThicknessEntry(std::string_view keyText);
 
 } // namespace strativo

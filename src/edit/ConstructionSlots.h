@@ -7,10 +7,10 @@
 
 namespace strativo {
 
-/// The lowest construction number that is not in use; the table grows by one where none is free.
+/// The lowest construction number not in use; the table grows by one slot when all are taken.
 int FirstFreeConstructionSlot(Project& project);
 
-/// Makes the construction current, as the one whose window was active last.
+/// Makes the construction current and remembers its window as the last active one.
 void ActivateConstruction(Project& project, int number);
 
 /// The construction in use whose window was active last; 0 when none is in use.
@@ -22,8 +22,8 @@ void OpenConstructionWindow(Project& project);
 /// The same without a name, for a construction that is being read.
 void CreateUnnamedConstruction(Project& project);
 
-/// Takes the construction out of use; numbers of others do not change. The construction active
-/// before it becomes current. A slot not in use is left alone.
+/// Takes the construction out of use without renumbering the others. The one that was active before
+/// it becomes current. Does nothing for a slot not in use.
 void RemoveConstruction(Project& project, int number);
 
 /// Takes constructions 1 to last out of use, choosing the current one only at the end.
@@ -35,8 +35,8 @@ void CloseUpLayers(Construction& construction);
 /// Caption of a construction's window and default name of a new construction: "Construction 1".
 std::string ConstructionTitle(int number);
 
-/// The slots whose windows "Make all Icons" minimises, making those that do not exist: all of the
-/// table, removed ones included, as long as any construction is in use.
+/// The slots whose windows "Make all Icons" minimises, creating missing ones: every slot of the
+/// table, removed constructions included, as long as any construction is in use.
 std::vector<int> SlotsToMinimise(const Project& project);
 
 } // namespace strativo

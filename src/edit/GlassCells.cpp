@@ -13,7 +13,7 @@ namespace strativo {
 
 namespace {
 
-/// Line ends of any system as line feeds, without the one that ends the last row.
+/// The text with every kind of line end as a line feed, and without the final one.
 std::string WithLineFeeds(std::string_view text) {
     std::string plain;
     for (std::size_t i = 0; i < text.size(); ++i) {

@@ -7,7 +7,7 @@
 
 namespace strativo {
 
-/// The eleven values as cells of one row of a spreadsheet: shortest decimals, with tabs between.
+/// The eleven values as one row of spreadsheet cells: shortest decimals separated by tabs.
 std::string CellsOf(const AngularValues& values);
 
 /// Puts eleven cells of a spreadsheet, a row or a column of them, into columns 1 to 11 of the shown

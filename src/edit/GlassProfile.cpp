@@ -12,7 +12,7 @@ namespace strativo {
 
 namespace {
 
-/// A typed value; one beyond any number counts as the limit it passed.
+/// The value that was typed; a number too large to hold counts as the limit on its side.
 double TypedValue(std::string_view text) {
     try {
         return LeadingNumber(text);
@@ -67,7 +67,7 @@ bool NameTakenByAnother(const Project& project, int glassType, std::string_view 
     return false;
 }
 
-/// Only a new or altered name is compared: a type imported under a name twice keeps it.
+/// An unchanged name is accepted even if another type has it: an import may bring a name in twice.
 bool IsAcceptableName(const Project& project, const GlassProfile& profile, std::string_view name,
                       Prompts& prompts) {
     if (name.empty()) {

@@ -6,7 +6,8 @@ namespace strativo {
 
 namespace {
 
-/// The number of a free slot with all values 0; the hint keeps the search from starting over.
+/// The number of a free slot, its values reset to 0. The hint saves searching from slot 1 each
+/// time.
 template <class Glass>
 int TakeFreeSlot(NumberedList<Glass>& types, int& freeHint, OwnedComments& comments) {
     int number = freeHint;

@@ -4,21 +4,22 @@
 
 namespace strativo {
 
-/// Tells the presses of a user from those that the window system makes of a key held down. What
-/// Qt says of a release depends on what lies in its queue at that moment, and on a busy
-/// machine a key held down looks like one that is pressed again and again; but a release that is
-/// none, and the press after it, were made at the same time.
+/// Tells a user's key presses from the repeats of a key held down. Whether Qt marks a release as a
+/// repeat depends on what is in its queue at that moment, so on a busy machine a held key can look
+/// like one pressed over and over. A repeat's release and the press after it carry the same time,
+/// which gives them away.
 class HeldKeys {
 public:
-    /// Takes note of a key's release, also of one that is said to be a repeat's. Times are the
-    /// window system's, in milliseconds; 0 is an unknown one. Taking note twice changes nothing.
+    /// Records the release of a key, whether or not it is marked as a repeat. Times are the window
+    /// system's, in milliseconds; 0 stands for an unknown time. Recording a release twice is
+    /// harmless.
     void Released(int key, std::uint64_t time) {
         releasedKey = key;
         releasedAt = time;
     }
 
-    /// Whether the press only repeats a key that is held down: Qt says so, or it carries
-    /// the time of the same key's release right before it.
+    /// Whether the press only repeats a key that is held down: either Qt says so, or it has the
+    /// same time as the release of that key just before it.
     bool IsRepeat(int key, std::uint64_t time, bool saidToRepeat) const {
         return saidToRepeat || (time != 0 && key == releasedKey && time == releasedAt);
     }

@@ -19,7 +19,7 @@ std::string Identification(const char* source) {
 std::string CommentText(const Project& project, int number) {
     std::string text;
     for (const std::string& line : project.comments.constructions.Of(number))
-        text += line + "\n\r"; // in this order: so the box has always been given it
+        text += line + "\n\r"; // in this order on purpose: the box expects it
     return text;
 }
 

@@ -9,14 +9,14 @@ namespace strativo {
 /// The comment lines of a construction, each followed by a line feed and a carriage return.
 std::string CommentText(const Project& project, int number);
 
-// What names the program's version.
+// The two texts that contain the program's version.
 extern const char* const mainCaption;
 extern const char* const versionText;
 
 /// The windows whose source identification the About box can show, in its order.
 enum class ProgramWindow { selectMaterial, construction, mainWindow, glassTypes, glassProperties };
 
-/// Records the identification of a window's source, when the window is first loaded.
+/// Records the identification of a window's source file when the window is first loaded.
 void RecordSource(Project& project, ProgramWindow window);
 
 /// The six source identification lines, each followed by a carriage return; those of windows not

@@ -18,7 +18,7 @@ Construction* CurrentConstruction(Project& project, Prompts& prompts) {
     return nullptr;
 }
 
-/// The same with its slots closed up, to be changed.
+/// The same, ready for an edit: gaps between its layers are closed first.
 Construction* EditedConstruction(Project& project, Prompts& prompts) {
     Construction* construction = CurrentConstruction(project, prompts);
     if (construction != nullptr)
@@ -43,7 +43,8 @@ const Material* SelectedMaterial(const Project& project) {
     return number >= 1 && number <= MaterialCount(library) ? &library[number] : nullptr;
 }
 
-/// Edit > Copy in the dialog: later entries and slot 1's absorption stay, and are pasted again.
+/// Edit > Copy in the dialog replaces slot 1 but keeps its absorption. It empties slot 2 only, so
+/// the entries from slot 3 on are still pasted.
 void CopyMaterial(Project& project) {
     const Material* material = SelectedMaterial(project);
     if (material == nullptr)
@@ -69,14 +70,14 @@ void CopyMarkedLayers(const Construction& construction, LayerClipboard& clipboar
         clipboard[entry].name.clear();
 }
 
-/// Marks exactly these layers; layer 0 stands for none.
+/// Marks these layers and no others; a range that starts at 0 begins with layer 1.
 void MarkOnly(Construction& construction, int from, int to) {
     ClearMarks(construction);
     for (int layer = std::max(from, 1); layer <= to; ++layer)
         construction.layers.Edit(layer).selected = true;
 }
 
-/// Marks the inserted layers and makes one current; without any, marks and current layer stay.
+/// Marks the inserted layers and makes one of them current; does nothing when none was inserted.
 void MarkInserted(Construction& construction, int from, int to, int current) {
     if (to < from)
         return;
@@ -84,7 +85,7 @@ void MarkInserted(Construction& construction, int from, int to, int current) {
     construction.currentLayer = static_cast<std::int16_t>(current);
 }
 
-/// False when there is none.
+/// False when no layer is marked.
 bool RemoveMarkedLayers(Construction& construction) {
     LayerSlots& layers = construction.layers;
     const int lines = LayerCount(construction);
@@ -120,7 +121,7 @@ void DeleteMarked(Project& project, Construction& construction) {
 void InsertEntry(Project& project, Construction& construction, int lines, int at,
                  const ClipEntry& entry) {
     LayerSlots& layers = construction.layers;
-    layers.Edit(lines + 1); // before any layer is referred to, since making a slot moves them
+    layers.Edit(lines + 1); // first, because a new slot invalidates references to layers
     for (int layer = lines + 1; layer > at; --layer)
         layers.Edit(layer) = layers[layer - 1];
     layers.Edit(at) = entry;

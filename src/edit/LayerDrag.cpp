@@ -10,7 +10,7 @@ namespace strativo {
 
 namespace {
 
-/// Inserts the clipboard at the row and shows the target, without marks.
+/// Inserts the clipboard at the row, without leaving marks, and brings the target's window up.
 void PasteAtRow(Project& project, int target, int row, Prompts& prompts) {
     ActivateConstruction(project, target);
     Construction& construction = project.constructions[target];

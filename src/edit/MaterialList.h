@@ -8,15 +8,15 @@
 
 namespace strativo {
 
-/// Name order: by byte code up to the length of the shorter name. A name is never less than one
-/// that it begins, so that such names keep the order they had.
+/// Name order compares byte codes up to the length of the shorter name. When one name is the
+/// beginning of the other, neither is less, so such names keep their order.
 bool NameLess(std::string_view a, std::string_view b);
 
-/// Puts a library into name order; equal names, and those that begin alike, keep their order.
+/// Sorts a library by name; equal names, and names that begin alike, keep their order.
 void SortLibraryByName(MaterialLibrary& library);
 
-// The sorts reorder the materials of the shown library, ascending; equal ones keep their order.
-// Cavity entries sort by their negative codes.
+// The sorts put the materials of the shown library in ascending order; equal ones keep theirs.
+// Cavities sort by their negative codes.
 void SortByName(Project& project);
 void SortByConductivity(Project& project);
 void SortByDensity(Project& project);
@@ -32,10 +32,10 @@ std::vector<std::string> MaterialLines(const Project& project);
 /// "Select Material : " and the file name of the shown library.
 std::string MaterialListCaption(const Project& project);
 
-/// After the library shown was loaded or sorted: nothing is selected in its list.
+/// To be called after the shown library was loaded or sorted: its list then has no selection.
 void RefreshMaterialList(Project& project);
 
-/// Shows that library in the material list, its option marked.
+/// Shows that library in the material list and marks its option.
 void ShowLibrary(Project& project, int libraryNumber);
 
 } // namespace strativo

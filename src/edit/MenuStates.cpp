@@ -8,7 +8,8 @@ EditMenuState EditMenu(const Project& project, int activeConstruction) {
         state.copy = true;
         return state;
     }
-    // The first clipboard slot alone decides, and marks do not: the current layer does.
+    // The first clipboard slot alone decides about pasting. Marks play no part: what counts for the
+    // other items is whether there is a current layer.
     const bool hasClip = !project.clipboard[1].name.empty();
     const bool hasLayer = InUse(project, activeConstruction)
                           && project.constructions[activeConstruction].currentLayer > 0;

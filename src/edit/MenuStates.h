@@ -25,7 +25,7 @@ struct FileMenuState {
     bool operator==(const FileMenuState&) const = default;
 };
 
-/// What the File menu offers, given the same.
+/// What the File menu offers, given the same number.
 FileMenuState FileMenu(const Project& project, int activeConstruction);
 
 } // namespace strativo

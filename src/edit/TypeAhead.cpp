@@ -6,7 +6,7 @@ namespace strativo {
 
 namespace {
 
-/// Windows-1252 in capitals, as far as it has them.
+/// The text in capitals; letters that have no capital in Windows-1252 stay.
 std::string Capitals(std::string_view text) {
     std::string capitals(text);
     for (char& c : capitals) {

@@ -6,10 +6,10 @@
 
 namespace strativo {
 
-/// The line (from 0) of the name that typed letters lead to, without regard to letter case: the
-/// next one, from the line given on and round, that begins with them, else the next one that
-/// contains them. One letter typed again and again goes through the names that begin with it. -1
-/// when there is none.
+/// The line (from 0) that typed letters lead to, ignoring case; -1 when there is none. It is the
+/// next name that begins with them, searching from the given line and starting over at the end, or
+/// else the next one that contains them. The same letter typed repeatedly steps through the names
+/// that begin with it.
 int LineOfTyped(const std::vector<std::string>& names, std::string_view typed, int from);
 
 } // namespace strativo
