@@ -14,7 +14,7 @@ std::optional<std::chrono::milliseconds> CopySchedule::Wait(Clock::time_point no
     if (!first)
         return std::nullopt;
     const auto due = std::min(last + intervals.afterLast, *first + intervals.afterFirst);
-    // Rounded up: waiting so long is enough.
+    // Rounded up, so that the copy is really due after the wait.
     return std::max(std::chrono::milliseconds(0),
                     std::chrono::ceil<std::chrono::milliseconds>(due - now));
 }

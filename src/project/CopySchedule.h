@@ -5,7 +5,7 @@
 
 namespace strativo {
 
-/// When work is written down: some time after the last edit, but not longer than another time
+/// How soon work is copied to the disk: this long after the last edit, but no later than that long
 /// after the first.
 struct KeepIntervals {
     std::chrono::milliseconds afterLast{2000};
@@ -20,14 +20,14 @@ public:
     explicit CopySchedule(KeepIntervals times = {}) : intervals(times) {}
 
     void Edited(Clock::time_point now);
-    /// Everything is written down, or there is nothing to write.
+    /// To be called when everything has been written or there is nothing to write.
     void Settled() { first.reset(); }
-    /// How long to wait for the next copy, 0 when it is due; nothing when there was no edit.
+    /// The time until the next copy is due; 0 when it is due now, nothing when there was no edit.
     std::optional<std::chrono::milliseconds> Wait(Clock::time_point now) const;
 
 private:
     KeepIntervals intervals;
-    std::optional<Clock::time_point> first; ///< edit since the last copy
+    std::optional<Clock::time_point> first; ///< first edit since the last copy
     Clock::time_point last;                 ///< edit
 };
 

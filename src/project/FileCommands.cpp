@@ -22,7 +22,7 @@ Message AboutFile(const std::string& path, const std::string& text) {
     return message;
 }
 
-/// Nothing is overwritten unseen: another program may have changed the file meanwhile.
+/// Another program may have changed the file since it was read, so the user is asked first.
 bool MayOverwrite(const Project& project, Prompts& prompts) {
     const FileStamp now = StampOf(project.constructionFile);
     if (project.stampedFile != project.constructionFile || now == FileStamp()
@@ -37,7 +37,7 @@ bool MayOverwrite(const Project& project, Prompts& prompts) {
     return prompts.ShowMessage(question) == Answer::yes;
 }
 
-/// Writes under the name that the project has by now.
+/// Writes to the file that the project names.
 bool WriteNamedFile(Project& project, Prompts& prompts) {
     if (!MayOverwrite(project, prompts))
         return false;
@@ -57,7 +57,8 @@ bool WriteNamedFile(Project& project, Prompts& prompts) {
     }
 }
 
-/// Writes under the project's name, else under one that is asked for, the file given proposed.
+/// Writes to the project's file or, if it has none, to one that the user chooses; the prompt
+/// suggests `proposed`.
 bool WriteUnder(Project& project, const std::string& proposed, Prompts& prompts) {
     const std::string before = project.constructionFile;
     if (before.empty()) {
@@ -95,7 +96,7 @@ void FinishStartUp(Project& project, const std::string& commandLine, Prompts& pr
 }
 
 void OpenProject(Project& project, Prompts& prompts) {
-    // The name is gone when the prompt comes, which is to start in its folder.
+    // The prompt starts in the folder of the present file, whose name NewProject clears.
     const std::string file = project.constructionFile;
     if (!NewProject(project, prompts))
         return;

@@ -8,31 +8,32 @@
 
 namespace strativo {
 
-/// The name of a construction file as people read it, in UTF-8; "Untitled.con" where there is none.
+/// The name of a construction file for display, in UTF-8; "Untitled.con" when there is none.
 std::string ShownFileName(const std::string& constructionFile);
 
-/// End of start-up: orders the material list and reads the construction file that the whole
-/// command line names, if it is not empty.
+/// Completes the start: sorts the material list and, if the command line is not empty, reads the
+/// construction file whose path it is.
 void FinishStartUp(Project& project, const std::string& commandLine, Prompts& prompts);
 
 /// Asks for a construction file and reads it into a new project.
 void OpenProject(Project& project, Prompts& prompts);
 
-/// Reads a file dropped on the main window, without a question about unsaved changes; any other
-/// number of files than one is ignored.
+/// Reads a file dropped on the main window, without asking about unsaved changes. Does nothing
+/// unless exactly one file was dropped.
 void OpenDroppedFiles(Project& project, const std::vector<std::string>& paths, Prompts& prompts);
 
 /// Runs the save checks and writes the project; false when nothing was written.
 bool SaveProject(Project& project, Prompts& prompts);
 
-/// The same under a name that is asked for; the old name is kept when nothing was written.
+/// The same after asking for a name; the old name is kept when nothing was written.
 bool SaveProjectAs(Project& project, Prompts& prompts);
 
 /// Writes the project to its file, asking for a name when it has none. A failure is reported with
 /// the operating system's message, and leaves the old file, the name and `changed` as they were.
 bool WriteConstructionFile(Project& project, Prompts& prompts);
 
-/// Removes the construction whose window is active; 0, for any other window, removes nothing.
+/// Removes the construction with the active window; does nothing for 0, which stands for any other
+/// window.
 void CloseConstruction(Project& project, int activeConstruction);
 
 /// Called when the main window is about to close; true when it must stay open.

@@ -7,8 +7,8 @@ namespace strativo {
 
 namespace {
 
-/// A library just loaded is put in name order whichever is shown, and the one shown by each of the
-/// commands.
+/// A loaded library is sorted by name even when it is not the shown one; these commands have always
+/// sorted the shown one as well.
 void SortAndRefresh(Project& project, MaterialLibrary& loaded) {
     SortLibraryByName(loaded);
     SortByName(project);
@@ -39,7 +39,7 @@ LibraryLoad LoadMaterials(Project& project, Prompts& prompts) {
     project.userLibraryFile.clear();
     const LibraryLoad result = LoadUserLibrary(project, prompts);
     const bool loaded = result == LibraryLoad::loaded;
-    // After a wrong version too: the old name comes back although the library is now empty.
+    // After a wrong version the old name comes back too, although the library is empty by then.
     if (!loaded)
         project.userLibraryFile = remembered;
     SortAndRefresh(project, project.userLibrary);

@@ -6,11 +6,11 @@
 
 namespace strativo {
 
-/// Asks for a standard library, loads and shows it. Layers in constructions are not linked anew.
-/// The name goes back to what it was when nothing was loaded.
+/// Asks for a standard library, loads and shows it; existing layers are not linked again. If
+/// nothing is loaded, the old name comes back.
 LibraryLoad LoadStandard(Project& project, Prompts& prompts);
 
-/// The same for the user library, after a warning when layers come from the one loaded.
+/// The same for the user library, with a warning first when layers come from the present one.
 LibraryLoad LoadMaterials(Project& project, Prompts& prompts);
 
 } // namespace strativo

@@ -12,7 +12,7 @@ namespace strativo {
 
 namespace {
 
-/// One slot, not in use, without layers.
+/// Leaves one slot, not in use and without layers.
 void ResetConstructions(Project& project) {
     project.constructions = NumberedList<Construction>(1);
     project.lowestFreeHint = 1;

@@ -6,8 +6,8 @@
 
 namespace strativo {
 
-/// Gives a project just constructed what the program starts with: its settings, and the folder
-/// that it is started in.
+/// Completes a newly constructed project with what starting adds: the settings and the folder in
+/// which the program was started.
 void StartUp(Project& project, const Settings& settings);
 
 /// Whether the user is asked before the project is replaced by a new one.

@@ -11,13 +11,13 @@ namespace strativo {
 
 namespace {
 
-/// A name without any of these is never touched by the reader; most names are spared the trial.
+/// The reader leaves a name without any of these alone, which spares most names the full trial.
 bool IsHarmless(const std::string& name) {
     return name.find_first_of("'*!/}\t\r\n\x1a") == std::string::npos
            && name.find("2D") == std::string::npos;
 }
 
-/// Writes the project and reads it again, as far as that goes.
+/// Writes the project and reads it back; an empty project when a reader would give up.
 Project WrittenAndRead(const Project& written) {
     Project read;
     ParserEvents events;
@@ -25,7 +25,7 @@ Project WrittenAndRead(const Project& written) {
     try {
         ParseConstructionFile(FormatConstructionFile(written), read, events);
     } catch (const RuntimeError&) {
-        read = Project(); // a reader would have stopped here: nothing came back
+        read = Project();
     }
     return read;
 }

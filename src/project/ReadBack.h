@@ -8,11 +8,11 @@
 
 namespace strativo {
 
-/// The names of constructions in use and of glass types, and the library paths, that a reader of
-/// the written file would not get back as they are, or that would hide what follows them.
+/// The names (of constructions in use and glass types) and library paths that would not survive
+/// writing and reading, or that would hide what follows them in the file.
 std::vector<std::string> UnreadableNames(const Project& project);
 
-/// Whether a reader of the written file would get the name or path back as it is.
+/// Whether the name or path would survive writing and reading.
 bool ComesBack(NamedPart part, const std::string& name);
 
 } // namespace strativo

@@ -27,15 +27,16 @@ void ResetForReading(Project& project) {
     project.userLibraryFile.clear();
     project.userLibraryNeeded = false;
     DropUserLibrary(project);
-    // The count is taken once: after earlier removals, constructions numbered above it stay open.
+    // The count is evaluated once, on purpose: after earlier removals, constructions with higher
+    // numbers stay open.
     RemoveConstructions(project, project.constructionCount);
 }
 
-/// What became of the libraries so far.
+/// How loading the libraries has gone so far.
 struct LibrariesRead {
     LibraryLoad standard = LibraryLoad::loaded;
     LibraryLoad user = LibraryLoad::loaded;
-    std::string standardName; ///< of the standard library in memory
+    std::string standardName; ///< file of the standard library in memory
 };
 
 void LoadStandardSorted(Project& project, LibrariesRead& libraries, Prompts& prompts) {
@@ -53,7 +54,8 @@ void LoadUserSorted(Project& project, LibrariesRead& libraries, Prompts& prompts
 ParsedFile ReadLines(Project& project, LibrariesRead& libraries, Prompts& prompts) {
     ParserEvents events;
     events.createConstruction = [&, triedLibrary = false]() mutable {
-        // A library that cannot be loaded is reported once, not for each construction.
+        // A library that cannot be loaded is tried and reported once per file, not once per
+        // construction.
         if (!project.standardLoaded && !std::exchange(triedLibrary, true))
             LoadStandardSorted(project, libraries, prompts);
         CreateUnnamedConstruction(project);
@@ -122,7 +124,8 @@ void ActivateLastRead(const ParsedFile& parsed, Project& project) {
     project.windowToActivate = last;
 }
 
-/// Layers that found no material would be saved without what they were: the file keeps its own.
+/// When a library failed, the layers that found no material would be saved as something else, so
+/// the project loses its file name and the file is safe.
 FileReading ResultOf(const ParsedFile& parsed, const LibrariesRead& libraries, Project& project) {
     if (libraries.user == LibraryLoad::failed || libraries.standard == LibraryLoad::failed)
         project.constructionFile.clear();
@@ -148,7 +151,8 @@ FileReading ReadFile(Project& project, LibrariesRead& libraries, Prompts& prompt
     return ResultOf(parsed, libraries, project);
 }
 
-/// While it lives, boxes can be open over a project that is not whole.
+/// Flags the project as incomplete while it is being replaced, since message boxes can be open
+/// meanwhile.
 class ContentReplacement {
 public:
     explicit ContentReplacement(Project& toReplace) : project(toReplace) {
@@ -165,8 +169,8 @@ private:
     Project& project;
 };
 
-/// After a reading that stopped early, for whatever reason: a fragment must not be saved over the
-/// original, nor under the names of libraries that were only named and not loaded.
+/// Called when reading stops early, for whatever reason: a fragment must not be saved over the
+/// original, or with the names of libraries that were never loaded.
 void ForgetNames(Project& project, const LibrariesRead& libraries) {
     project.constructionFile.clear();
     project.standardLibraryFile = libraries.standardName;
@@ -174,7 +178,7 @@ void ForgetNames(Project& project, const LibrariesRead& libraries) {
         project.userLibraryFile.clear();
 }
 
-/// Reads the file into the project, which has its name by now.
+/// Reads the file that the project already names into it.
 FileReading ReplaceProject(Project& project, const std::string& messagePrefix, Prompts& prompts) {
     const ContentReplacement replacement(project);
     ResetForReading(project);
@@ -189,7 +193,7 @@ FileReading ReplaceProject(Project& project, const std::string& messagePrefix, P
         prompts.ShowMessage({messagePrefix + constructionFileMessages.Text(error.Number()), ""});
         // A library may have been loaded before the failure.
         RefreshMaterialList(project);
-        // The windows of what was read lie on top: the last of them is the active one.
+        // The windows of what was read are on top, and the last of them is active.
         if (project.activations != activationsBefore)
             project.windowToActivate = project.currentConstruction;
     } catch (...) {

@@ -14,7 +14,7 @@ namespace {
 
 constexpr char title[] = "Recovered project";
 
-/// A copy as it was read.
+/// The content of a copy.
 struct ReadCopy {
     Project project;
     SnapshotHead head;
@@ -66,7 +66,7 @@ bool Read(const LeftCopy& copy, ReadCopy& read, Prompts& prompts) {
     return false;
 }
 
-/// The same file, or the same name where there is none.
+/// Whether both paths lead to the same file or, when it no longer exists, would lead to it.
 bool IsOf(const std::string& original, const std::string& path) {
     if (IsSameFile(path, original))
         return true;
@@ -76,7 +76,7 @@ bool IsOf(const std::string& original, const std::string& path) {
            && absolute.lexically_normal() == std::filesystem::path(original).lexically_normal();
 }
 
-/// The windows are those of other constructions than before.
+/// Every construction gets a new window, since none of the present ones is still there.
 void AskForWindows(Project& project) {
     ++project.beginnings;
     for (const int number : ConstructionsInUse(project))
@@ -90,7 +90,7 @@ void Open(const LeftCopy& copy, ReadCopy&& read, Project& project, WorkKeeper& k
     const bool ofTheFile = read.project.stampedFile == read.project.constructionFile;
     project = std::move(read.project);
     project.constructionFile = read.head.originalPath;
-    // Saving is to notice when the original was changed since then.
+    // This lets Save notice that the original has changed in the meantime.
     project.stampedFile = ofTheFile ? project.constructionFile : "";
     project.changed = true;
     ++project.contentsReplaced;

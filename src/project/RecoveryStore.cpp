@@ -28,7 +28,8 @@ std::string Environment(const char* name) {
     return value != nullptr ? value : "";
 }
 
-/// What there is at the path itself; false for nothing, or what cannot be looked at.
+/// The status of the path itself, without following links; false when there is nothing or it is out
+/// of reach.
 bool Look(const std::string& path, struct stat& status) {
     return lstat(path.c_str(), &status) == 0;
 }
@@ -37,7 +38,8 @@ bool IsOwnFile(const std::string& path, struct stat& status) {
     return Look(path, status) && S_ISREG(status.st_mode) && status.st_uid == geteuid();
 }
 
-/// Takes other users' rights away. The folder is looked at as it is opened, not as it was.
+/// Also withdraws other users' access. Works on the opened folder, so that nobody can swap it in
+/// between.
 bool IsOwnFolder(const std::string& path) {
     constexpr mode_t ownRights = 0700;
     const int descriptor = open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
@@ -51,7 +53,7 @@ bool IsOwnFolder(const std::string& path) {
     return isOwn;
 }
 
-/// The names in a folder of this user; none where there is no such folder.
+/// The file names in a folder that belongs to this user; none when there is no such folder.
 std::vector<std::string> NamesIn(const std::string& folder) {
     std::vector<std::string> names;
     if (!IsOwnFolder(folder))
@@ -63,7 +65,7 @@ std::vector<std::string> NamesIn(const std::string& folder) {
     return names;
 }
 
-/// "OWNER.NUMBER.copy" and "OWNER.lock" name their owner before the first point.
+/// The owner is what stands before the first point of "OWNER.NUMBER.copy" and "OWNER.lock".
 std::string OwnerOf(const std::string& name) {
     return name.substr(0, name.find('.'));
 }
@@ -81,7 +83,7 @@ std::int64_t ModifiedAt(const struct stat& status) {
     return MakeStamp(status).modified;
 }
 
-/// The new path, or the old one where the name cannot be changed.
+/// The new path, or the old one if renaming fails.
 std::string Rename(const std::string& path, std::string_view end) {
     std::string renamed = path.substr(0, path.size() - copyEnd.size()).append(end);
     return std::rename(path.c_str(), renamed.c_str()) == 0 ? renamed : path;
@@ -142,7 +144,7 @@ std::shared_ptr<CopyLock> CopyLock::Take(const std::string& folder, const std::s
         open(path.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR);
     if (file < 0)
         return nullptr;
-    // Who held the lock a moment ago may have removed its file.
+    // Whoever held the lock a moment ago may have deleted the file that was opened here.
     struct stat status {};
     if (flock(file, LOCK_EX | LOCK_NB) == 0 && fstat(file, &status) == 0 && status.st_nlink == 1
         && status.st_uid == geteuid())
@@ -182,7 +184,7 @@ std::vector<LeftCopy> FindLeftCopies(const std::vector<std::string>& folders) {
 }
 
 void RefuseCopy(const LeftCopy& copy) {
-    // Its time becomes that of the refusal, from which it is kept for a while.
+    // Refused copies are kept for some weeks, counted from now.
     utimensat(AT_FDCWD, copy.path.c_str(), nullptr, AT_SYMLINK_NOFOLLOW);
     Rename(copy.path, refusedEnd);
 }
@@ -197,7 +199,7 @@ void RemoveOldCopies(const std::vector<std::string>& folders, std::int64_t nowSe
     constexpr std::int64_t longestRefused = 30 * day;
     constexpr std::size_t mostRefused = 20;
     const std::int64_t now = nowSeconds * second;
-    std::vector<std::pair<std::int64_t, std::string>> refused; // by age
+    std::vector<std::pair<std::int64_t, std::string>> refused; // age and path
     for (const std::string& folder : folders)
         for (const std::string& name : NamesIn(folder)) {
             const std::string path = folder + "/" + name;
@@ -228,7 +230,8 @@ std::string RecoveryStore::NewPath(const std::string& folder) {
         ownFolder = folder;
         held.push_back(std::move(lock));
     }
-    // In a container a process can have the number of the one before, and its owner's name with it.
+    // In a container, a process can have the same number as an earlier one and so the same owner's
+    // name.
     struct stat status {};
     do
         ++copies;
@@ -251,7 +254,7 @@ bool RecoveryStore::Write(std::string_view bytes) {
         const std::string path = NewPath(folder);
         if (path.empty() || !succeeds(path))
             continue;
-        Remove(); // the older copy in the place that takes no more
+        Remove(); // the older copy, in a folder that can no longer be written to
         current = path;
         return true;
     }

@@ -16,22 +16,22 @@ std::string StateFolder();
 /// the runtime folder, and the folder for temporary files.
 std::vector<std::string> RecoveryFolders();
 
-/// Makes a folder that nobody else can look into, with the folders above it. False when it is none
-/// of this user's own, or no folder at all; a link in its place is not followed.
+/// Makes a folder that nobody else can look into, and the folders above it. False when the path
+/// does not lead to a folder of this user's own; a link in its place is not followed.
 bool MakePrivateFolder(const std::string& path);
 
-/// Holds the lock of one program's copies. A program that ends, however it does, lets go of it.
+/// Holds the lock on one program's copies, which is released however the program ends.
 class CopyLock {
 public:
-    /// Null when another program holds the lock, or when the folder cannot have one.
+    /// Null when another program holds the lock or the folder does not allow one.
     static std::shared_ptr<CopyLock> Take(const std::string& folder, const std::string& owner);
-    /// The lock's file goes with the owner's last copy.
+    /// Deletes the lock's file when the owner has no copies left.
     ~CopyLock();
     CopyLock(const CopyLock&) = delete;
     CopyLock& operator=(const CopyLock&) = delete;
 
     std::string PathOfCopy(int number) const;
-    /// False when somebody has cleared the folder meanwhile.
+    /// False when the lock's file has been deleted from outside.
     bool IsInItsFolder() const;
 
 private:
@@ -43,7 +43,7 @@ private:
     int descriptor;
 };
 
-/// A copy that a program left when it ended. Nobody else touches it while the lock is held.
+/// A copy that a program left behind. Nobody else touches it while the lock is held.
 struct LeftCopy {
     std::string path;
     std::int64_t modified = 0; ///< nanoseconds since 1970
@@ -53,30 +53,31 @@ struct LeftCopy {
 /// The copies in these folders that no running program holds, the latest first.
 std::vector<LeftCopy> FindLeftCopies(const std::vector<std::string>& folders);
 
-/// The copy is not offered again; it stays for a while under another name.
+/// Renames a refused copy, so that it is not offered again but kept for a while.
 void RefuseCopy(const LeftCopy& copy);
 
-/// The copy cannot be read and stays under another name, which is returned.
+/// Renames a copy that cannot be read, and returns its new path.
 std::string SetDamagedCopyAside(const LeftCopy& copy);
 
-/// Removes refused copies beyond the latest 20 or older than 30 days, and what killed programs
-/// left half-written a day ago.
+/// Deletes refused copies except the latest 20, those older than 30 days, and half-written ones
+/// that a killed program left more than a day ago.
 void RemoveOldCopies(const std::vector<std::string>& folders, std::int64_t nowSeconds);
 
-/// The copies of this program: one of the current project, and those left of earlier ones.
+/// The copies that this program owns: that of the current project, and those it left of earlier
+/// ones.
 class RecoveryStore {
 public:
     explicit RecoveryStore(std::vector<std::string> copyFolders)
         : folders(std::move(copyFolders)) {}
 
-    /// Makes or replaces the current copy, whole or not at all, in the first folder that takes it.
-    /// False when none does; an older copy is still there then.
+    /// Writes the current copy, whole or not at all, to the first folder that takes it. False when
+    /// none does; an older copy then still exists.
     bool Write(std::string_view bytes);
-    /// The work was saved, or given up.
+    /// Deletes the current copy, because the work was saved or given up.
     void Remove();
-    /// The copy stays for the next start; the next one written is another.
+    /// Leaves the current copy for the next start; the next Write makes a new one.
     void Leave();
-    /// A copy that another program left becomes the current one.
+    /// Makes a copy that another program left the current one.
     void Adopt(const LeftCopy& copy);
     bool HasCopy() const { return !current.empty(); }
 
@@ -88,9 +89,9 @@ private:
     std::vector<std::string> folders;
     std::vector<std::shared_ptr<CopyLock>> held;
     std::shared_ptr<CopyLock> own;
-    std::string ownFolder; ///< that the own lock is in
-    std::string current;   ///< path of the copy; "" none
-    int copies = 0;        ///< counts the copies made
+    std::string ownFolder; ///< the folder of the own lock
+    std::string current;   ///< path of the current copy; "" when there is none
+    int copies = 0;        ///< number of copies made so far
 };
 
 } // namespace strativo

@@ -5,8 +5,8 @@
 
 namespace strativo {
 
-/// Asks about constructions with a zero thickness or without absorption where there are any, and
-/// about names that could not be read back from the file; false when the user then refuses to save.
+/// Asks about constructions with a zero thickness or without absorption, and about names that could
+/// not be read back from the file. False when the user decides not to save.
 bool CheckBeforeSave(const Project& project, Prompts& prompts);
 
 } // namespace strativo

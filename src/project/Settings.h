@@ -12,11 +12,11 @@ struct Settings {
     std::string stdMat = defaultLibrary; ///< remembered path of the standard library
 };
 
-/// The settings files in the order of their precedence: the user's, then the system's.
+/// The settings files in order of precedence: the user's, then the system's.
 std::vector<std::string> SettingsFiles();
 
-/// Reads section "Files" key by key from the first file that has the key; values are taken as
-/// they stand. Never writes.
+/// Reads section "Files", taking each key from the first file that has it. Values are taken as they
+/// stand; nothing is ever written.
 Settings ReadSettings(const std::vector<std::string>& files);
 
 } // namespace strativo

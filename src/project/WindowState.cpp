@@ -12,7 +12,7 @@ namespace strativo {
 
 namespace {
 
-constexpr int mostPixels = 32767; // of any screen
+constexpr int mostPixels = 32767; // more than any screen has
 
 bool IsPlausible(const ScreenArea& place) {
     const auto isPosition = [](int value) { return std::abs(value) <= mostPixels; };
@@ -42,7 +42,7 @@ std::optional<WindowState> ParseWindowState(std::string_view bytes) {
     std::sscanf(text.c_str(), "position %9d %9d\nsize %9d %9d\nmaximised %1d\n", &state.place.x,
                 &state.place.y, &state.place.width, &state.place.height, &maximised);
     state.maximised = maximised == 1;
-    // Whatever is written otherwise was not read whole.
+    // A file that does not read back exactly is damaged.
     if (!IsPlausible(state.place) || FormatWindowState(state) != text)
         return std::nullopt;
     return state;
@@ -70,7 +70,7 @@ void KeepWindowState(const WindowState& state, const std::string& folder) noexce
         FileStamp stamp;
         ReplaceFile(
             PathIn(folder), [&](const ByteSink& sink) { sink(FormatWindowState(state)); }, stamp);
-    } catch (const std::exception&) { // as for a state that cannot be read
+    } catch (const std::exception&) { // the next start simply has the usual size
     }
 }
 

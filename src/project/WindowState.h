@@ -18,23 +18,23 @@ struct ScreenArea {
 
 /// What is remembered of the main window from one start to the next.
 struct WindowState {
-    ScreenArea place; ///< while not maximised
+    ScreenArea place; ///< its place when not maximised
     bool maximised = false;
 
     friend bool operator==(const WindowState&, const WindowState&) = default;
 };
 
-/// The place, no larger than what is available and wholly inside of it.
+/// The place moved and shrunk so that it lies wholly inside the available area.
 ScreenArea FitInto(ScreenArea place, const ScreenArea& available);
 
-/// Nothing where the bytes are not what FormatWindowState writes.
+/// Nothing if the bytes are not what FormatWindowState writes.
 std::optional<WindowState> ParseWindowState(std::string_view bytes);
 std::string FormatWindowState(const WindowState& state);
 
-/// The state kept in the folder; nothing where none can be read.
+/// The state stored in the folder; nothing if it is missing or damaged.
 std::optional<WindowState> ReadWindowState(const std::string& folder);
-/// Keeps the state in the folder, which is made when needed. A failure is nobody's concern: the
-/// next start has the usual size.
+/// Stores the state in the folder, creating it if necessary. A failure is ignored: the next start
+/// then simply has the usual size.
 void KeepWindowState(const WindowState& state, const std::string& folder) noexcept;
 
 } // namespace strativo

@@ -13,8 +13,8 @@ namespace {
 
 constexpr std::chrono::milliseconds soon(100);
 
-/// There is nothing to lose in a project without a file, constructions and glass types, whatever
-/// libraries were loaded.
+/// A project without a file, constructions and glass types has nothing to lose, even with libraries
+/// loaded.
 bool HasWork(const Project& project) {
     const auto isNamed = [](const auto& type) { return !type.name.empty(); };
     return !project.constructionFile.empty() || project.constructionCount > 0
@@ -27,7 +27,7 @@ std::string Absolute(const std::string& path) {
     return path.empty() ? "" : std::filesystem::absolute(path, error).string();
 }
 
-/// Where the library was found; its name where that leads nowhere.
+/// The path where the library was found, or its name as given if it was not.
 std::string LibraryPath(const Project& project, const std::string& name) {
     if (name.empty() || name == singleBlank)
         return "";
@@ -76,7 +76,7 @@ std::optional<std::chrono::milliseconds> WorkKeeper::Look(const Project& project
         return std::nullopt;
     }
     if (isFailing && !schedule.Wait(now))
-        schedule.Edited(now); // once more later on
+        schedule.Edited(now); // try again later
     const auto wait = schedule.Wait(now);
     if (wait && wait->count() == 0 && !IsWriting()) {
         StartCopy(project);
@@ -120,7 +120,7 @@ void WorkKeeper::KeepNow(const Project& project) {
     FinishCopy();
 }
 
-/// The copy is up to date, or being written, afterwards.
+/// Makes sure that the copy is up to date or being written.
 void WorkKeeper::StartIfDue(const Project& project) {
     if (project.replacingContent)
         return;
@@ -189,7 +189,7 @@ void WorkKeeper::FinishCopy() {
         notice = KeepNotice::notKept;
     isFailing = failed;
     if (failed)
-        written = saved; // an older copy, or none
+        written = saved; // what is on the disk is older, or nothing
 }
 
 } // namespace strativo

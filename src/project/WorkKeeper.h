@@ -10,48 +10,50 @@
 
 namespace strativo {
 
-/// What the user is to be told about the copies.
+/// What the user should be told about the copies.
 enum class KeepNotice {
     none,
-    notKept,   ///< no folder takes a copy
-    left,      ///< the work on a project that was replaced waits for the next start
+    notKept,   ///< no folder could be written to
+    left,      ///< the work on the replaced project waits for the next start
     onlySaveAs ///< the edit does not count as a change, so that only Save as... keeps it
 };
 
-/// The words for it; "" for none.
+/// The notice in words; "" for none.
 std::string TextOf(KeepNotice notice);
 
-/// Keeps a copy of the project whenever its content differs from its file: written some time after
-/// an edit, removed once the work is saved or given up. Copies are written beside the program's own
-/// thread, which waits for nothing but the making of their bytes.
+/// Keeps a recovery copy of the project whenever its content differs from its file. The copy is
+/// written some time after an edit and removed once the work is saved or given up. The program's
+/// own thread only makes the bytes; another one writes them.
 class WorkKeeper {
 public:
     WorkKeeper(std::vector<std::string> folders, KeepIntervals intervals)
         : store(std::move(folders)), schedule(intervals) {}
 
-    /// To be called soon after every action: notices edits, and writes or removes the copy. Says
-    /// after what time it wants to be called again; nothing when not before the next action.
+    /// To be called soon after every action: notices edits, and writes or removes the copy. Returns
+    /// the time after which it should be called again, or nothing when the next action will do.
     std::optional<std::chrono::milliseconds> Look(const Project& project,
                                                   CopySchedule::Clock::time_point now);
-    /// The project is not what its file holds.
+    /// Whether the project differs from its file.
     bool IsUnsaved(const Project& project) const;
-    /// The content was saved or replaced, and has not been looked at since.
+    /// Whether the content was saved or replaced and no Look has followed yet.
     bool IsUnsettled(const Project& project) const;
 
-    /// Before an action that may replace the project: whether the user is asked about its changes
-    /// by then. If not, its copy stays for the next start.
+    /// To be called before an action that may replace the project, with whether the user will be
+    /// asked about unsaved changes. If not, the copy stays for the next start.
     void ExpectReplacement(const Project& project, bool userIsAsked);
     void EndExpectation() { userWasAsked = false; }
 
-    /// Before the program may be ended by others: the copy is up to date afterwards.
+    /// Brings the copy up to date at once, for the case that the program is about to be ended from
+    /// outside.
     void KeepNow(const Project& project);
-    /// The user has given the work up.
+    /// Removes the copy, because the user has given up the work.
     void GiveUp();
 
-    /// The project was read from a copy, which stays until the work is saved or given up.
+    /// Takes over the copy from which the project was read; it stays until the work is saved or
+    /// given up.
     void TakeOver(const LeftCopy& copy, const SnapshotHead& head, const Project& project);
 
-    /// There is a copy of the project as it is or was, and no other is being written.
+    /// Whether a copy of the project exists, up to date or not, and no other is being written.
     bool HasCopy() const { return !IsWriting() && store.HasCopy(); }
     /// What has come up since the last call.
     KeepNotice TakeNotice();
@@ -68,15 +70,15 @@ private:
 
     RecoveryStore store;
     CopySchedule schedule;
-    std::uint64_t saved = 0;   ///< digest of the content of the file
-    std::uint64_t seen = 0;    ///< of the project when it was last looked at
-    std::uint64_t written = 0; ///< of the copy
+    std::uint64_t saved = 0;   ///< digest of the content in the file
+    std::uint64_t seen = 0;    ///< digest of the project when last looked at
+    std::uint64_t written = 0; ///< digest of the content in the copy
     unsigned replacedSeen = 0;
     unsigned savedSeen = 0;
     bool userWasAsked = false;
     bool isFailing = false; ///< the last copy could not be written
     KeepNotice notice = KeepNotice::none;
-    std::future<bool> writing; ///< uses the store, so it is the last to be made and the first to go
+    std::future<bool> writing; ///< uses the store, so it must be declared after it
 };
 
 } // namespace strativo
