@@ -80,7 +80,7 @@ void About_Strativo::ConnectSignals() {
 }
 
 void About_Strativo::mousePressEvent(QMouseEvent* event) {
-    // Presses on the picture and on the labels arrive here too; those on the button do not count.
+    // Presses on the picture and the labels arrive here too, and count; those on the button do not.
     const QWidget* pressed = childAt(event->position().toPoint());
     if (pressed == nullptr)
         Form_MouseDown(event->button());

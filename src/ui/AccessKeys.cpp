@@ -73,7 +73,7 @@ void AccessKeys::OpenMenu(QKeyCombination wanted) {
     }
 }
 
-/// The toolkit would only close the menu, and leave the keys with the bar.
+/// Qt would only close the menu and leave the keyboard with the menu bar.
 bool AccessKeys::LeaveMenu(QObject* watched, const QKeyEvent& event) {
     auto* menu = qobject_cast<QMenu*>(watched);
     if (menu == nullptr || event.key() != Qt::Key_Escape || menu->parentWidget() != &menus)

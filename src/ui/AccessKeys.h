@@ -11,13 +11,12 @@ class QWidget;
 
 namespace strativo {
 
-/// Alt and a letter in the main window: the control of the active child window that shows the
-/// letter is clicked or gets the focus; a menu opens only where there is no such control. Letters
-/// of controls in other child windows do nothing. Esc in a menu of the bar gives the keys back to
-/// where they were at once.
+/// Alt and a letter in the main window click or focus the control of the active child window that
+/// shows the letter; a menu opens only if there is no such control. Controls in other child windows
+/// are ignored. Esc in a menu of the bar returns the keyboard at once to where it was.
 class AccessKeys : public QObject {
 public:
-    /// The function gives the widget whose controls come first, or null.
+    /// The function returns the widget whose controls come first, or null.
     AccessKeys(std::function<QWidget*()> activeContent, QMenuBar& menuBar, QObject* parent);
 
 protected:

@@ -61,7 +61,7 @@ bool Appearance::eventFilter(QObject* watched, QEvent* event) {
     return false;
 }
 
-/// The family may be any; style and size have to fit into the places.
+/// Any font family will do, but the places of the controls depend on its style and size.
 void Appearance::HoldFont() {
     QFont held(QApplication::font().families());
     held.setPointSizeF(fontSize);

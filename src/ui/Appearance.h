@@ -9,18 +9,18 @@ class QPalette;
 
 namespace strativo {
 
-/// The colour, moved as far as a text of that colour needs to be read on the background.
+/// The colour, changed as far as necessary for text to be readable on the background.
 QColor Readable(const QColor& text, const QColor& background);
 
-/// The colour, moved as far as a mark of that colour needs to be seen on the background.
+/// The colour, changed as far as necessary for a mark to be visible on the background.
 QColor Visible(const QColor& mark, const QColor& background);
 
-/// The palette with colours in which selected texts and links can be read.
+/// The palette, with colours changed so that selected text and links can be read.
 QPalette WithReadableTexts(QPalette palette);
 
-/// Keeps what the windows rely on for as long as it lives. Their controls have places for the
-/// system's sans serif at 8 points, and desktops may set a font of their own after the start; and
-/// selected rows and links are to be readable whatever palette comes.
+/// As long as it lives, it keeps up what the windows rely on: their controls are laid out for the
+/// system's sans serif at 8 points, though desktops may set a font of their own after the start,
+/// and selected rows and links must be readable in any palette.
 class Appearance : public QObject {
     Q_OBJECT
 

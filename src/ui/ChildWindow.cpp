@@ -36,7 +36,7 @@ ChildWindow::ChildWindow(int windowId, QWidget* parent)
       minimiseButton(AddButton(QStringLiteral("MinimiseButton"))),
       closeButton(AddButton(QStringLiteral("CloseButton"))) {
     setObjectName(QStringLiteral("ChildWindow"));
-    // It paints all of itself; unless Qt knows, all windows below are painted for nothing.
+    // It paints its whole area. If Qt did not know, it would paint all windows below for nothing.
     setAttribute(Qt::WA_OpaquePaintEvent);
     title->setAttribute(Qt::WA_TransparentForMouseEvents);
     closeButton->setAccessibleName(tr("Close"));
@@ -130,7 +130,7 @@ void ChildWindow::mouseReleaseEvent(QMouseEvent*) {
 }
 
 void ChildWindow::mouseDoubleClickEvent(QMouseEvent* event) {
-    // Only an icon answers: windows of fixed size have nothing to be enlarged to.
+    // Only an icon reacts: a window of fixed size cannot be enlarged.
     if (minimised && event->button() == Qt::LeftButton)
         emit MinimiseToggled();
 }

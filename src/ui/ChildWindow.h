@@ -11,8 +11,8 @@ namespace strativo {
 class TitleButton;
 
 /// The frame of a window inside the main window: a title bar with caption, minimise and close
-/// buttons, and the content below it. It asks for what its user wants by signals; the window area
-/// decides.
+/// buttons, and the content below. It signals what its user wants and leaves the decision to the
+/// window area.
 class ChildWindow : public QWidget {
     Q_OBJECT
 
@@ -32,7 +32,7 @@ public:
     void SetContent(QWidget* widget);
     QWidget* Content() const { return content; }
     void SetCaption(const QString& caption);
-    /// Draws the title bar as that of the active window or not.
+    /// Draws the title bar as active or inactive.
     void SetActive(bool active);
     void SetMinimised(bool minimised);
     bool IsMinimised() const { return minimised; }
@@ -43,7 +43,7 @@ signals:
     void Activated();
     void MinimiseToggled();
     void CloseRequested();
-    /// Its user drags it there, in the parent's coordinates.
+    /// The user is dragging it there, in the parent's coordinates.
     void MoveWanted(QPoint position);
 
 protected:
@@ -54,7 +54,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
-    /// Tab goes round within the window.
+    /// Keeps Tab within the window.
     bool focusNextPrevChild(bool next) override;
 
 private:

@@ -15,7 +15,7 @@ namespace strativo {
 
 namespace {
 
-/// Gives every row the height that the drag arithmetic reckons with.
+/// Gives every row the height that the drag arithmetic assumes.
 class RowDelegate : public QStyledItemDelegate {
 public:
     RowDelegate(int rowPixels, QObject* parent) : QStyledItemDelegate(parent), height(rowPixels) {}
@@ -28,8 +28,8 @@ private:
     int height;
 };
 
-/// The fonts of the columns, the best one first. One that is there comes first, since the search
-/// for one that is like a missing font is a thirtieth of the start.
+/// The fonts of the columns, best first unless only the other is installed: looking for a
+/// substitute for a missing first font would take a thirtieth of the start-up time.
 QStringList ColumnFamilies() {
     QStringList families{QStringLiteral("Courier New"), QStringLiteral("Liberation Mono")};
     if (QFontDatabase::styles(families.front()).isEmpty())
@@ -42,8 +42,8 @@ QStringList ColumnFamilies() {
 QFont ColumnFont() {
     static const QStringList families = ColumnFamilies();
     QFont font(families);
-    // Files hold Windows-1252, which any such font has whole: a search for fonts to fall back upon
-    // would only make the start slower.
+    // Files hold Windows-1252, which any such font covers, so looking for fallback fonts would only
+    // slow down the start.
     font.setStyleHint(QFont::TypeWriter, QFont::NoFontMerging);
     font.setPointSizeF(8.25);
     return font;
@@ -73,7 +73,7 @@ bool ColumnList::SetLines(const std::vector<std::string>& lines) {
     clear();
     for (const std::string& line : lines)
         addItem(ToText(line));
-    doItemsLayout(); // until then there is nowhere to scroll to
+    doItemsLayout(); // before this there is nowhere to scroll to
     verticalScrollBar()->setValue(top);
     return true;
 }

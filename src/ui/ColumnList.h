@@ -7,8 +7,8 @@
 
 namespace strativo {
 
-/// A list of fixed-pitch lines with rows of a fixed height: the common part of the layer list and
-/// the material list. It starts drags only beyond the platform's drag distance.
+/// A list of fixed-pitch lines in rows of a fixed height, the common part of the layer list and the
+/// material list. Drags start only beyond the platform's drag distance.
 class ColumnList : public PlainList {
     Q_OBJECT
 
@@ -18,19 +18,19 @@ public:
 
     ColumnList(const QString& objectName, int rows, int heightInTwips, QWidget* parent);
 
-    /// Replaces all lines; nothing is selected afterwards, no signal is sent, and the same line
-    /// stays on top as far as there are so many. False, with nothing done, when these are shown
-    /// already.
+    /// Replaces all lines, leaving none selected and sending no signal; the top line stays the same
+    /// if there are enough lines. Returns false without doing anything if these lines are already
+    /// shown.
     virtual bool SetLines(const std::vector<std::string>& lines);
-    /// The line (from 0) at the position, which may be behind the last one.
+    /// The line (from 0) at the position; it may be beyond the last one.
     int LineAt(const QPoint& position) const;
     int RowHeightInPixels() const;
     int TopLine() const;
-    /// Width that shows lines of so many characters whole.
+    /// The width needed to show lines of that many characters.
     int WidthFor(int characters) const;
 
 signals:
-    /// The pointer was moved far enough with the left button held.
+    /// The pointer was moved far enough for a drag, with the left button held.
     void DragWanted(int pressedLine, QPoint position, bool ctrlHeld);
 
 protected:
@@ -38,7 +38,7 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
 
-    /// What a press, and a release without a drag after it, mean for the selection.
+    /// What a press does to the selection, and what a release does when no drag came before it.
     virtual void PressLine(int line, Qt::KeyboardModifiers modifiers) = 0;
     virtual void ReleaseLine(int line, Qt::KeyboardModifiers modifiers) = 0;
 

@@ -59,7 +59,7 @@ void ConCommentBox::ConnectSignals() {
 
 void ConCommentBox::Form_Load(const Project& project) {
     QString text = WithPlainLineBreaks(ToText(CommentText(project, project.currentConstruction)));
-    // One shown line for each comment: the last one's break would add an empty line.
+    // One shown line per comment: the line break after the last one would add an empty line.
     text.chop(1);
     ui.Comment->setPlainText(text);
     modified = false;

@@ -9,8 +9,8 @@ class QPushButton;
 
 namespace strativo {
 
-/// Shows the comments that the construction file holds for the current construction. What is typed
-/// into it is kept nowhere.
+/// Shows the comments that the construction file holds for the current construction. Text typed
+/// into it is not stored anywhere.
 class ConCommentBox : public QDialog {
     Q_OBJECT
 
@@ -18,7 +18,7 @@ public:
     explicit ConCommentBox(Program& program, QWidget* parent = nullptr);
 
     QSize sizeHint() const override;
-    /// Something was typed. Nothing asks for it, on purpose: the box only shows.
+    /// Whether something was typed. On purpose nothing asks for it: the box is only for viewing.
     bool IsModified() const { return modified; }
 
 private:

@@ -9,7 +9,7 @@ class QRectF;
 
 namespace strativo {
 
-/// Draws as large as fits into the place, in its middle at the top; not larger than `largest`
+/// Draws as large as fits into the place, centred at its top, but enlarged no more than `largest`
 /// times.
 void PaintDrawing(QPainter& painter, const Drawing& drawing, const QRectF& place, double largest);
 

@@ -6,7 +6,7 @@
 
 namespace strativo {
 
-/// A label beside the layer list that takes drops for its first or its last line.
+/// A label beside the layer list; a drop on it goes before the first or after the last line.
 class DropLabel : public QLabel {
     Q_OBJECT
 
@@ -23,7 +23,7 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private:
-    /// Stands out while something that it takes is dragged over it.
+    /// Highlighted while something that it accepts is dragged over it.
     void StandOut(bool dragged);
 };
 

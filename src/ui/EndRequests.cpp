@@ -10,7 +10,7 @@ namespace strativo {
 
 namespace {
 
-// A signal handler is given nothing but the signal's number.
+// Global, because a signal handler receives nothing but the signal's number.
 int writeEnd = -1;
 
 constexpr std::array<int, 3> endSignals = {SIGTERM, SIGHUP, SIGINT};
@@ -36,7 +36,7 @@ void Install(void (*handler)(int)) {
 EndRequests::EndRequests() {
     std::array<int, 2> ends{};
     if (pipe2(ends.data(), O_CLOEXEC | O_NONBLOCK) != 0)
-        return; // the signals end the program as they do any other
+        return; // without a pipe the signals end the program in the usual way
     readEnd = ends[0];
     writeEnd = ends[1];
     Install(HandleEndRequest);

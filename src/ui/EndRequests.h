@@ -2,8 +2,8 @@
 
 namespace strativo {
 
-/// While it lives, the signals that ask a program to end (SIGTERM, SIGHUP, SIGINT) arrive at a
-/// descriptor instead of ending it. There is one at a time.
+/// As long as it lives, signals that ask a program to end (SIGTERM, SIGHUP, SIGINT) arrive at a
+/// descriptor instead of ending it. Only one may exist at a time.
 class EndRequests {
 public:
     EndRequests();
@@ -11,7 +11,7 @@ public:
     EndRequests(const EndRequests&) = delete;
     EndRequests& operator=(const EndRequests&) = delete;
 
-    /// Becomes readable with the first of them.
+    /// A descriptor that becomes readable with the first of these signals.
     int Descriptor() const { return readEnd; }
 
 private:

@@ -21,7 +21,8 @@ bool EnterKey::eventFilter(QObject* watched, QEvent* event) {
     const bool plain = (key.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
     if (!enter || !plain || button == nullptr || !button->isEnabled())
         return false;
-    // Enter still held from the entry that opened a box must not answer the box unread.
+    // The Enter that ended an entry may still be held when a box opens; it must not answer that box
+    // before anybody has read it.
     if (!IsRepeat(key))
         button->click();
     return true;

@@ -4,8 +4,8 @@
 
 namespace strativo {
 
-/// Enter presses the button that has the focus, in every window; the toolkit knows that for some
-/// buttons of dialogs only.
+/// Makes Enter press the focused button in every window; by itself, Qt does so only for some
+/// buttons of dialogs.
 class EnterKey : public QObject {
 public:
     explicit EnterKey(QObject* parent);

@@ -13,7 +13,7 @@ namespace strativo {
 
 namespace {
 
-/// Never refuses a text; it corrects what the files could not carry, typed or pasted, at once.
+/// Never rejects a text: what files could not hold is corrected at once, typed or pasted.
 class EntryCorrector : public QValidator {
 public:
     EntryCorrector(EntryField::Kind fieldKind, QObject* parent)
@@ -36,7 +36,7 @@ private:
     EntryField::Kind kind;
 };
 
-/// The focus goes to, or comes back from, a box, a menu or another program.
+/// Whether the focus moves to or from a box, a menu or another program.
 bool IsAside(Qt::FocusReason reason) {
     return reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason
            || reason == Qt::MenuBarFocusReason;
@@ -83,7 +83,7 @@ void EntryField::focusOutEvent(QFocusEvent* event) {
         emit Left();
 }
 
-/// The focus need not come back here: a menu's command or an answered box may give it to another
+/// The focus may not come back here: a menu command or the answer to a box can move it to another
 /// control.
 void EntryField::StayWatchful() {
     disconnect(watch);
@@ -112,7 +112,7 @@ void EntryField::ShowFocus(bool focused) {
         const QColor highlight = colours.color(QPalette::Highlight);
         colours.setColor(QPalette::Text, colours.color(QPalette::HighlightedText));
         colours.setColor(QPalette::Base, highlight);
-        // Selected text must still be told apart within the selection colour.
+        // Selected text must stand out against the field's own selection colour.
         colours.setColor(QPalette::Highlight, highlight.darker(160));
     }
     setPalette(colours);

@@ -4,15 +4,15 @@
 
 namespace strativo {
 
-/// A text field whose entry is ended by Enter; leaving it otherwise restores what is stored. It is
-/// drawn in the selection colours while it has the focus, all text selected at first.
+/// A text field whose entry is completed with Enter; leaving it any other way restores the stored
+/// text. With the focus it is drawn in the selection colours, at first with all text selected.
 class EntryField : public QLineEdit {
     Q_OBJECT
 
 public:
     enum class Kind {
         name,  ///< letters outside Windows-1252 become "?", control characters blanks
-        number ///< as well, and a comma becomes a point
+        number ///< the same, and a comma becomes a point
     };
 
     EntryField(Kind kind, const QString& objectName, QWidget* parent);

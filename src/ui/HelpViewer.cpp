@@ -21,7 +21,7 @@ namespace {
 
 constexpr qint64 looksAt = 4096;
 
-/// The reason why the file cannot be shown as text; empty when it can.
+/// Why the file cannot be shown as text; empty if it can.
 QString WhyNotShown(const QString& path) {
     QFile file(path);
     if (!QFileInfo(path).isFile())
@@ -33,7 +33,7 @@ QString WhyNotShown(const QString& path) {
     return {};
 }
 
-/// Shows local files only, and a page of its own in the place of one that cannot be shown.
+/// Shows local files only; for one that cannot be shown, it makes up a page that says so.
 class LocalPages : public QTextBrowser {
 public:
     using QTextBrowser::QTextBrowser;
@@ -45,7 +45,7 @@ public:
         const QString path = file.toLocalFile();
         const bool isPage =
             type == QTextDocument::HtmlResource || type == QTextDocument::MarkdownResource;
-        // A device as a picture would be read for ever.
+        // Reading a device as if it were a picture would never end.
         if (!isPage && !QFileInfo(path).isFile())
             return {};
         const QString reason = isPage ? WhyNotShown(path) : QString();
@@ -60,7 +60,7 @@ protected:
     void doSetSource(const QUrl& name, QTextDocument::ResourceType type) override {
         QTextBrowser::doSetSource(name, type);
         TidyTables(document()->rootFrame());
-        // The tables have moved what follows them.
+        // The tables have shifted what follows them.
         if (name.hasFragment())
             scrollToAnchor(name.fragment());
     }
@@ -80,7 +80,7 @@ private:
         }
     }
 
-    /// A page of HTML; plain text is wrapped so that its lines stay.
+    /// The file as a page of HTML; plain text is wrapped so that its lines stay as they are.
     QVariant HtmlText(const QString& path) {
         const QVariant bytes =
             QTextBrowser::loadResource(QTextDocument::HtmlResource, QUrl::fromLocalFile(path));
@@ -208,7 +208,7 @@ void HelpViewer::ConnectSignals() {
 
 void HelpViewer::ShowContents(const QString& path) {
     const QUrl contents = QUrl::fromLocalFile(QFileInfo(path).absoluteFilePath());
-    // A page that was missing or has changed since is read again.
+    // Read again, because the page may have been missing or may have changed.
     if (ui.Page->source() == contents)
         ui.Page->reload();
     else

@@ -10,16 +10,16 @@ class QUrl;
 
 namespace strativo {
 
-/// The window that shows the help file: a page of HTML, Markdown or plain text. Links are followed
-/// within the file system only.
+/// The window that shows the help file: a page of HTML, Markdown or plain text. It follows links to
+/// local files only.
 class HelpViewer : public QWidget {
     Q_OBJECT
 
 public:
     explicit HelpViewer(QWidget* parent = nullptr);
 
-    /// Opens the file and brings the window to the front; a file that cannot be shown gives a page
-    /// saying so.
+    /// Opens the file and brings the window to the front. If the file cannot be shown, a page says
+    /// so.
     void ShowContents(const QString& path);
 
 protected:

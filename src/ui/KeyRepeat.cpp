@@ -10,7 +10,7 @@ namespace strativo {
 
 namespace {
 
-/// Sees every release before the control does that it goes to: a key held down may go on repeating
+/// Sees every release before the control that it is meant for: a key held down may go on repeating
 /// in a box that it opened.
 class KeyWatch : public QObject {
 public:

@@ -4,10 +4,10 @@ class QKeyEvent;
 
 namespace strativo {
 
-/// Watches the keys of all the program's windows from now on.
+/// Starts watching the keys of all the program's windows.
 void WatchKeys();
 
-/// Whether the press only repeats a key that is held down, in whatever window it went down.
+/// Whether the press only repeats a key held down, in whatever window it was first pressed.
 bool IsRepeat(const QKeyEvent& press);
 
 } // namespace strativo

@@ -42,7 +42,7 @@ LayerList::LayerList(QWidget* parent)
 
 void LayerList::SetMarks(const std::vector<bool>& marks, int focusedLine) {
     if (currentRow() == focusedLine && Marks() == marks)
-        return; // a range that is being marked goes on
+        return; // leaves a range selection in progress alone
     const QSignalBlocker blocked(this);
     for (int line = 0; line < count(); ++line)
         item(line)->setSelected(static_cast<std::size_t>(line) < marks.size()
@@ -60,7 +60,7 @@ std::vector<bool> LayerList::Marks() const {
 
 void LayerList::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Delete) {
-        // A key held down since a box was in front only repeats here.
+        // If the key was held down while a box was in front, this is only a repeat.
         deletePressed = deletePressed || !IsRepeat(*event);
         return;
     }
@@ -75,7 +75,8 @@ void LayerList::keyPressEvent(QKeyEvent* event) {
         emit LineTouched(currentRow());
 }
 
-/// The focused line may be unmarked; a move that stays on it marks it like any other.
+/// The focused line can be unmarked. A key that would move beyond the end stays on it and marks it,
+/// like a move to any other line.
 void LayerList::MarkWhereMoveEnds(const QKeyEvent& event) {
     const bool plain = (event.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
     if (!plain || !MoveOf(event.key()) || currentItem() == nullptr || currentItem()->isSelected())
@@ -84,8 +85,8 @@ void LayerList::MarkWhereMoveEnds(const QKeyEvent& event) {
     currentItem()->setSelected(true);
 }
 
-/// Shift and a key that moves through the lines. Qt's own range would start where its
-/// keyboard was last used, not at the line that was clicked since.
+/// Handles Shift with a key that moves through the lines. Qt's own range would start where its
+/// keyboard was last used, not at the line clicked since.
 bool LayerList::ExtendRange(const QKeyEvent& event) {
     const std::optional<CursorAction> action = MoveOf(event.key());
     if (!action || count() == 0 || !(event.modifiers() & Qt::ShiftModifier))
@@ -105,8 +106,9 @@ void LayerList::MarkRange(int line) {
 }
 
 void LayerList::keyReleaseEvent(QKeyEvent* event) {
-    // A key held down repeats, and a press may have gone to a box that closed meanwhile: only the
-    // end of a press made here counts, or what looks like its end when a repeat is not told apart.
+    // A held key repeats, and the press may have gone to a box that has closed since. So only the
+    // end of a press that was made here counts, or what looks like one when Qt does not recognise a
+    // repeat.
     const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
     if (event->key() == Qt::Key_Delete && !event->isAutoRepeat()) {
         const bool wasPressed = deletePressed;
@@ -128,7 +130,8 @@ void LayerList::PressLine(int line, Qt::KeyboardModifiers modifiers) {
         MarkRange(line);
     } else {
         rangeStart = line;
-        // A press on a marked line may begin a drag of all marked ones: they stay until release.
+        // A press on a marked line may begin a drag of all marked lines, so the marks stay until
+        // the release.
         if (!(modifiers & Qt::ControlModifier) && !item(line)->isSelected()) {
             clearSelection();
             item(line)->setSelected(true);

@@ -53,7 +53,7 @@ private:
 
     bool deletePressed = false;
     int rangeStart = 0; ///< line from which Shift marks a range
-    int dropRow = -1;   ///< where a drop would insert; -1 when nothing is dragged over the list
+    int dropRow = -1;   ///< row where a drop would insert; -1 when nothing is dragged over the list
 };
 
 } // namespace strativo

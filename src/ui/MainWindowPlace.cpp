@@ -12,10 +12,12 @@ namespace strativo {
 namespace {
 
 constexpr QSize usualSize(1080, 760);
-// What window managers put around a window; its own is known only once it is shown.
+// What a window manager typically puts around a window; the real frame is known only once the
+// window is shown.
 constexpr QSize usualFrame(8, 40);
 
-/// What the window itself may take of the screen at that point, or of the main one.
+/// The room that the window itself can take on the screen at that point, or else on the main
+/// screen.
 ScreenArea AvailableAt(QPoint point) {
     const QScreen* screen = QGuiApplication::screenAt(point);
     if (screen == nullptr)
@@ -49,7 +51,7 @@ void RestorePlace(QWidget& window) {
 void KeepPlace(const QWidget& window) {
     if (!window.isVisible())
         return;
-    // Without what the window manager does to it; the frame around it counts to the position.
+    // The size is without the window manager's frame, but the position includes it.
     const bool isNormal = !window.isMaximized() && !window.isMinimized() && !window.isFullScreen();
     const QRect normal = window.normalGeometry();
     const QPoint position = isNormal ? window.pos() : normal.topLeft();

@@ -6,14 +6,14 @@ class QWidget;
 
 namespace strativo {
 
-/// The size, no larger than what the window's screen has room for.
+/// The size, limited to the room on the window's screen.
 QSize FittingSize(QSize wanted, const QWidget& window);
 
-/// Gives the main window the size, place and state that it had at its last end, or else its usual
-/// size; never larger than what the screen has room for. Before it is shown.
+/// Gives the main window the size, place and state that it had when the program last ended, or else
+/// its usual size, limited to the room on the screen. To be called before it is shown.
 void RestorePlace(QWidget& window);
 
-/// Remembers them for the next start.
+/// Stores them for the next start.
 void KeepPlace(const QWidget& window);
 
 } // namespace strativo

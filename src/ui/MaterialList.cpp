@@ -50,10 +50,10 @@ void MaterialList::SelectLine(int line) {
         return;
     }
     clearSelection();
-    scrollToTop(); // as after a sort that changed nothing
+    scrollToTop(); // even if setting the lines changed nothing, as after a sort of a sorted library
 }
 
-/// A blank and a deleted letter belong to a search that has begun.
+/// Blank and Backspace belong to the search when one is in progress.
 void MaterialList::keyPressEvent(QKeyEvent* event) {
     if (searching.isActive() && event->key() == Qt::Key_Backspace) {
         typed.chop(1);
@@ -92,7 +92,7 @@ void MaterialList::EndSearch() {
     Say(QString());
 }
 
-/// The main window shows what its children say, and its own line again after an empty text.
+/// The main window's status bar shows it; an empty text brings its own line back.
 void MaterialList::Say(const QString& text) {
     QStatusTipEvent said(text);
     QCoreApplication::sendEvent(this, &said);

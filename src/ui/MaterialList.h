@@ -16,14 +16,14 @@ public:
 
     explicit MaterialList(QWidget* parent);
 
-    /// The selected line (from 0); -1 for none. A line that merely has the focus is not selected.
+    /// The selected line (from 0), or -1. A line that merely has the focus is not selected.
     int SelectedLine() const;
     /// Selects a line, or none for -1, without sending a signal.
     void SelectLine(int line);
-    /// The first line is on top afterwards.
+    /// Replaces the lines and scrolls to the first.
     bool SetLines(const std::vector<std::string>& lines) override;
-    /// Typed letters lead to a material whose name begins with or contains them; the status bar of
-    /// the main window shows them.
+    /// Typed letters lead to a material whose name begins with them or contains them; the main
+    /// window's status bar shows them.
     void keyboardSearch(const QString& letters) override;
 
 signals:
@@ -41,7 +41,7 @@ private:
     void Say(const QString& text);
 
     QString typed;
-    QTimer searching; ///< runs while further letters belong to those typed so far
+    QTimer searching; ///< runs as long as further letters are added to those typed so far
 };
 
 } // namespace strativo

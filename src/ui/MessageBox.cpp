@@ -30,7 +30,7 @@ QDialogButtonBox::StandardButtons StandardButtons(Buttons buttons) {
     }
 }
 
-/// What Esc and the close box mean.
+/// The answer given by Esc and the close box.
 Answer AnswerOnClose(Buttons buttons) {
     if (buttons == Buttons::yesNoCancel)
         return Answer::cancel;
@@ -135,7 +135,7 @@ QString WithPlainLineBreaks(const QString& text) {
 
 namespace {
 
-/// A window that has only just been shown lies nowhere yet, and a box over it would not either.
+/// A window that has just been shown has no position yet, so a box could not be centred on it.
 void WaitUntilPlaced(const QWidget* parent) {
     constexpr int longest = 1000; // ms
     const QWindow* window =

@@ -93,7 +93,7 @@ int MoreWindows::Selected() const {
 }
 
 bool MoreWindows::eventFilter(QObject* watched, QEvent* event) {
-    // The list is walked through without leaving the filter field.
+    // The arrow keys move through the list while the focus stays in the filter field.
     if (event->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent*>(event)->key();
         if (key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_PageUp

@@ -18,7 +18,7 @@ class MoreWindows : public QDialog {
 public:
     explicit MoreWindows(const QStringList& captions, QWidget* parent = nullptr);
 
-    /// The index of the selected caption; -1 when there is none.
+    /// The index of the selected caption, or -1.
     int Selected() const;
     QSize sizeHint() const override;
 
@@ -43,7 +43,7 @@ private:
     Ui ui{};
 };
 
-/// Asks for one of the windows: its index, or -1 when the user chose none.
+/// Lets the user choose a window; returns its index, or -1 if none was chosen.
 int ChooseWindow(const QStringList& captions, QWidget* parent);
 
 } // namespace strativo

@@ -14,7 +14,7 @@ void PlainList::focusInEvent(QFocusEvent* event) {
 }
 
 QModelIndex PlainList::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
-    // Without a focused line every key would lead to the first one.
+    // Without a focused line, every key would go to the first one.
     if (action == MoveEnd && !currentIndex().isValid() && count() > 0)
         return model()->index(count() - 1, 0);
     return QListWidget::moveCursor(action, modifiers);
@@ -26,7 +26,7 @@ void PlainList::FocusLine(int line) {
 }
 
 void PlainList::keyPressEvent(QKeyEvent* event) {
-    // Qt would put the line into the system's clipboard, over what the user has there.
+    // Qt would copy the line to the system clipboard, over what the user has there.
     if (!event->matches(QKeySequence::Copy))
         QListWidget::keyPressEvent(event);
 }

@@ -4,8 +4,8 @@
 
 namespace strativo {
 
-/// A list whose focused line is moved by clicks and keys alone, and which leaves the system's
-/// clipboard to the user.
+/// A list whose focused line moves only by clicks and keys, and which leaves the system clipboard
+/// alone.
 class PlainList : public QListWidget {
     Q_OBJECT
 
@@ -18,7 +18,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
 
-    /// Makes the line the focused one without touching the selection; -1 for none.
+    /// Focuses the line (-1 for none) without changing the selection.
     void FocusLine(int line);
 };
 

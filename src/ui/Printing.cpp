@@ -8,7 +8,7 @@ namespace strativo {
 
 namespace {
 
-/// Beside the program where it was built, else where it is installed.
+/// Beside the program in a build tree, otherwise where it is installed.
 QString ModulePath() {
     const QString name = QLatin1String(printModule) + QStringLiteral(".so");
     const QString folder = QCoreApplication::applicationDirPath() + QLatin1Char('/');

@@ -4,8 +4,8 @@
 
 namespace strativo {
 
-/// Prints a page; the printing library is loaded for the first one. A PDF file may be named to take
-/// the place of the printer. Empty when it was printed or the user gave up, else what went wrong.
+/// Prints a page, or writes it to a PDF file if one is named. The printing library is loaded on
+/// first use. Returns what went wrong; empty when it was printed or the user cancelled.
 QString PrintPage(QWidget* parent, const QString& title, const PagePainter& paint,
                   const QString& pdfFile = {});
 

@@ -6,8 +6,8 @@ class QPalette;
 
 namespace strativo {
 
-/// The colours of the glass editor's graph. Those of curve and markers are fixed, and both are
-/// dark: in a dark palette the paper is dimmed as far as leaves them to be seen.
+/// The colours of the glass editor's graph. Curve and markers have fixed, dark colours, so in a
+/// dark palette the paper is only darkened as far as they remain visible.
 struct ProfileColours {
     QColor paper;
     QColor lightGrid;
@@ -15,8 +15,8 @@ struct ProfileColours {
     QColor diffuseTint;
     QColor border;
     QColor figures;
-    QColor otherCurve; ///< of the property that is not being edited
-    QColor impossible; ///< where both properties add up to more than 1
+    QColor otherCurve; ///< curve of the property that is not being edited
+    QColor impossible; ///< area where both properties add up to more than 1
     QColor warning;    ///< figures of values beyond the graph
 
     static const QColor curve;

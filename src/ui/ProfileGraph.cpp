@@ -41,7 +41,7 @@ QPointF ProfileGraph::PointOf(int column, double value) const {
 
 void ProfileGraph::Draw(QPainter& painter) const {
     painter.save();
-    // A position names a pixel's corner; lines through pixel centres are sharp.
+    // Coordinates refer to a pixel's corner; lines are sharp when drawn through pixel centres.
     painter.translate(0.5, 0.5);
     painter.setRenderHint(QPainter::Antialiasing);
     DrawGrid(painter);
@@ -72,7 +72,7 @@ void ProfileGraph::DrawGrid(QPainter& painter) const {
     painter.drawRect(QRectF(0, 0, right, bottom));
 }
 
-/// The diffuse value belongs to no angle, so it stays apart from the curve.
+/// The diffuse value belongs to no angle, so the curve does not include it.
 QPolygonF ProfileGraph::CurveOf(const AngularValues& ofValues) const {
     QPolygonF curve;
     for (int column = 2; column <= profileColumns; ++column)
@@ -112,7 +112,7 @@ void ProfileGraph::DrawMarkers(QPainter& painter) const {
     DrawOutsideFigures(painter);
 }
 
-/// A marker at the edge does not tell how far beyond it the value of a file lies.
+/// A marker at the edge does not show how far beyond it the file's value is, so the figure does.
 void ProfileGraph::DrawOutsideFigures(QPainter& painter) const {
     const double step = PointOf(1, 0).x();
     const int line = fontMetrics().height();

@@ -8,23 +8,24 @@
 namespace strativo {
 
 /// The drawing area of the glass editor: the profile of one property over the angle of incidence.
-/// Its whole size is the plot, so markers of the values 0 and 1 reach beyond it; the sheet that it
-/// lies on draws their other halves.
+/// The plot fills all of it, so markers at 0 and 1 extend beyond it; the sheet below draws their
+/// other halves.
 class ProfileGraph : public QWidget {
     Q_OBJECT
 
 public:
     explicit ProfileGraph(QWidget* parent);
 
-    /// In twips, for the size that the widget has now.
+    /// In twips, for the widget's present size.
     GraphGeometry Geometry() const;
-    /// Shows a property; the other one is drawn thin behind, and what it leaves no room for is
-    /// shaded: both together cannot be more than 1.
+    /// Shows a property. The other one is drawn thin behind it, and the area that it rules out is
+    /// shaded: both together cannot exceed 1.
     void Show(const AngularValues& newValues, const AngularValues& newOthers,
               int newSelectedColumn);
     /// Where a value of a column is drawn, in logical pixels.
     QPointF PointOf(int column, double value) const;
-    /// Draws grid, curve and markers from the painter's origin, beyond the widget's edges too.
+    /// Draws grid, curve and markers relative to the painter's origin, also beyond the widget's
+    /// edges.
     void Draw(QPainter& painter) const;
     /// Lets go of a point that is being dragged.
     void EndDrag() { dragging = false; }
@@ -53,7 +54,7 @@ private:
     void DrawOutsideFigures(QPainter& painter) const;
 
     AngularValues values;
-    AngularValues others; ///< of the property that is not edited
+    AngularValues others; ///< values of the property that is not being edited
     int selectedColumn = 0;
     bool dragging = false;
 };

@@ -12,7 +12,8 @@ namespace strativo {
 
 namespace {
 
-// The steps between columns and between tenths are whole pixels at the usual 96 dots per inch.
+// The sizes make the steps between columns and between tenths whole pixels at the usual 96 dots per
+// inch.
 constexpr double graphWidth = 8250; // twips
 constexpr double graphHeight = 4500;
 
@@ -50,7 +51,7 @@ void ProfileSheet::paintEvent(QPaintEvent*) {
     DrawAngleAxis(painter);
 }
 
-/// Markers of 0 and 1 stand out over the graph's edges, and can be taken hold of there as well.
+/// Markers at 0 and 1 extend beyond the graph's edges, and can be grabbed there as well.
 void ProfileSheet::mousePressEvent(QMouseEvent* event) {
     const double radius = markerRadius * logicalDpiX() / twipsPerInch;
     const QRectF reach = QRectF(graph->geometry()).adjusted(-radius, -radius, radius, radius);
@@ -96,7 +97,7 @@ void ProfileSheet::DrawAngleAxis(QPainter& painter) const {
     for (int column = 1; column <= profileColumns; ++column) {
         const QString figure =
             column == 1 ? tr("Diffuse") : QString::number(IncidenceAngle(column));
-        // A little wider than its column: "Diffuse" has no neighbour on the left.
+        // Wider than its column, since "Diffuse" has no neighbour on the left.
         painter.drawText(QRectF(graph->PointOf(column, 0).x() - step, top, 2 * step, line),
                          Qt::AlignHCenter | Qt::AlignTop, figure);
     }

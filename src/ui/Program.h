@@ -7,12 +7,12 @@
 
 namespace strativo {
 
-/// What every window is given of the program.
+/// What every window knows of the program.
 struct Program {
     Project& project;
     Prompts& prompts;
-    /// Runs a user's action: a failure becomes a message, the program's end is carried out, and
-    /// the status bar is brought up to date afterwards.
+    /// Runs a user's action: turns a failure into a message, ends the program if the action asked
+    /// for it, and then brings the windows and the status bar up to date.
     std::function<void(const std::function<void()>&)> perform;
 };
 

@@ -87,7 +87,7 @@ void ProjectView::OpenWindow(int number) {
         area.Open(number, CaptionOf(number));
         return;
     }
-    // An empty window that stands in this slot becomes the construction's.
+    // If an empty window occupies this slot, the construction takes it over.
     area.SetCaption(number, CaptionOf(number));
     area.SetMinimised(number, false);
 }

@@ -15,22 +15,21 @@ class UvalsDialog;
 class WindowArea;
 class WinForm;
 
-/// Compares the windows inside the main window with the project, and brings them up to date. It
-/// does so at the end of every action and before any box or prompt, so that nobody else has to
-/// think of a window.
+/// Compares the windows inside the main window with the project and brings them up to date, at the
+/// end of every action and before any box or prompt. Nobody else has to keep windows current.
 class ProjectView {
 public:
     ProjectView(Project& shownProject, WindowArea& windows, UvalsDialog& materials,
                 StatusBar& statusBar);
 
-    // Windows that exist by now, to be kept up to date until they go.
+    // Registers windows when they come into existence; they are kept up to date until they go.
     void Follow(UValue* construction);
     void Follow(WinForm* glassTypes);
 
     void Update();
-    /// Activates the current construction's window; without one, the window that is on top.
+    /// Activates the current construction's window, or the topmost window if there is none.
     void ActivateCurrent();
-    /// Minimises the windows of all slots; those not in use get an empty window for it.
+    /// Minimises the windows of all slots; a slot not in use gets an empty window first.
     void MinimiseAll();
 
     static constexpr int dialogId = 0;
@@ -46,7 +45,7 @@ private:
     void FollowActive();
     QString CaptionOf(int number) const;
 
-    /// What tells whether constructions have come or gone.
+    /// Shows whether constructions have been opened or removed.
     struct Openings {
         unsigned openings = 0;
         unsigned beginnings = 0;

@@ -15,17 +15,17 @@ namespace strativo {
 
 namespace {
 
-/// "Material Files (*.lby)|*.lby" in the form of Qt's dialog, which matches names without
-/// regard to letter case.
+/// "Material Files (*.lby)|*.lby" in the form that Qt's dialog expects; the dialog ignores case
+/// when it matches names.
 QString DialogFilter(const FilePrompt& prompt) {
     return ToText(prompt.filter.substr(0, prompt.filter.find('|')));
 }
 
 QString StartFolder(const FilePrompt& prompt) {
-    return QDir(PathText(prompt.startFolder)).absolutePath(); // of "": the working directory
+    return QDir(PathText(prompt.startFolder)).absolutePath(); // "" gives the working directory
 }
 
-/// Qt's own widths cut sizes and dates off.
+/// With Qt's own widths, sizes and dates would be cut off.
 void ShowColumnsWhole(QFileDialog& box) {
     auto* details = box.findChild<QTreeView*>(QStringLiteral("treeView"));
     if (details == nullptr)
@@ -34,7 +34,7 @@ void ShowColumnsWhole(QFileDialog& box) {
     details->header()->setSectionResizeMode(0, QHeaderView::Stretch);
 }
 
-/// The busy pointer of a long command would be misleading over a box that waits for the user.
+/// Hides the busy pointer of a long command: over a box that waits for the user it would mislead.
 class NormalPointer {
 public:
     NormalPointer() { QApplication::setOverrideCursor(Qt::ArrowCursor); }

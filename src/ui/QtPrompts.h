@@ -10,7 +10,7 @@ namespace strativo {
 
 class UValueMDI;
 
-/// Asks and tells in boxes of Qt. What stands behind a box is brought up to date first.
+/// Asks and tells in Qt's boxes. The windows behind a box are brought up to date first.
 class QtPrompts : public Prompts {
 public:
     explicit QtPrompts(UValueMDI& mainWindow) : window(mainWindow) {}

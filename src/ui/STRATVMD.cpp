@@ -41,7 +41,7 @@ namespace strativo {
 
 namespace {
 
-/// A file address may name the machine that it is on; that of another machine is no local file.
+/// A file URL may name the machine it is on; with another machine's name it is not a local file.
 bool IsOnThisMachine(const QUrl& url) {
     const QString host = url.host();
     return url.isLocalFile()
@@ -80,7 +80,8 @@ UValueMDI::UValueMDI(QWidget* parent)
 }
 
 UValueMDI::~UValueMDI() {
-    // Children send focus changes while they go; nobody is to act on them any more.
+    // Children report focus changes while they are destroyed, and nobody must react to them any
+    // more.
     area->disconnect(this);
     dialog->Form_Unload();
     delete area;
@@ -112,7 +113,7 @@ void UValueMDI::PlaceDialog() {
     area->Activate(dialogId);
 }
 
-/// Every action of the user comes through here. An action may show boxes and so start others.
+/// Every action of the user runs through here. An action may show boxes and so start further ones.
 void UValueMDI::Perform(const std::function<void()>& action) {
     if (performing == 0)
         watch->ActionBegins();
@@ -192,7 +193,7 @@ void UValueMDI::ActiveChanged(int id) {
         section->ShowConstruction();
 }
 
-/// Constructions are closed only by the program's own command; an empty window may go.
+/// Only the program's own command closes a construction; an empty window has no such protection.
 void UValueMDI::ChildCloseRequested(int id) {
     if (InUse(project, id) && !project.closingInProgress)
         return;
@@ -227,7 +228,7 @@ void UValueMDI::OpenSection() {
     section->Open();
 }
 
-/// The Edit menu's items, and what concerns the construction as a whole.
+/// Offers the Edit menu's items and what concerns the construction as a whole.
 void UValueMDI::ShowLayerMenu(QPoint position) {
     if (layerMenu == nullptr) {
         layerMenu = new QMenu(this);
@@ -277,7 +278,7 @@ void UValueMDI::closeEvent(QCloseEvent* event) {
         watch->End(userIsAsked);
 }
 
-/// The path dropped, as the file system's bytes; empty unless it is one local file.
+/// The dropped path as the file system's bytes; empty unless it is exactly one local file.
 std::string UValueMDI::DroppedPath(const QDropEvent& event) const {
     const bool busy = performing > 0 || QApplication::activeModalWidget() != nullptr;
     const QList<QUrl> urls = event.mimeData()->urls();
@@ -301,7 +302,8 @@ void UValueMDI::dropEvent(QDropEvent* event) {
         return;
     event->setDropAction(Qt::CopyAction);
     event->accept();
-    // Reading may show boxes, and the other program waits for the answer to its drop.
+    // Done later, because reading may show boxes while the other program waits for its drop to be
+    // answered.
     QMetaObject::invokeMethod(
         this,
         [this, path] {

@@ -22,8 +22,8 @@ class WindowArea;
 class WinForm;
 class WorkWatch;
 
-/// The main window: menu bar, window area and status bar. It is the only place where windows,
-/// commands and the core's port are wired together.
+/// The main window: menu bar, window area and status bar. Windows, commands and the core's prompts
+/// are wired together here and nowhere else.
 class UValueMDI : public QMainWindow {
     Q_OBJECT
 
@@ -31,20 +31,21 @@ public:
     explicit UValueMDI(QWidget* parent = nullptr);
     ~UValueMDI() override;
 
-    /// Starts the program's work, with the construction file that the command line names, if any.
+    /// Starts the program's work and opens the construction file that the command line names, if
+    /// any.
     void MDIForm_Load(const std::string& commandLine);
-    /// The core has ended the program: the event loop need not be entered.
+    /// Whether the core has already ended the program, so that the event loop need not start.
     bool HasEnded() const { return ended; }
     /// Ends the program without a question; unsaved changes are kept as a recovery copy.
     void EndByRequest();
-    /// Brings the recovery copy up to date, for a session that ends and may not wait.
+    /// Brings the recovery copy up to date when the session ends and cannot wait.
     void KeepWork();
     WorkWatch& Watch() { return *watch; }
 
     Project& TheProject() { return project; }
     WindowArea& Area() { return *area; }
     UvalsDialog& Dialog() { return *dialog; }
-    /// The construction's window; null while no part of it has been seen.
+    /// The construction's window; null as long as no part of it has been visible.
     UValue* ConstructionWindow(int number) const;
     /// The number of the construction whose window is active; 0 when another window is.
     int ActiveConstruction() const;
@@ -127,7 +128,7 @@ private:
     std::unique_ptr<QtPrompts> prompts;
     Program program;
     WindowArea* area;
-    QSize constructionSize; ///< of what is inside a construction's window
+    QSize constructionSize; ///< size of a construction window without its frame
     UvalsDialog* dialog;
     StatusBar* status;
     std::unique_ptr<ProjectView> view;

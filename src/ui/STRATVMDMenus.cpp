@@ -22,8 +22,8 @@
 
 #include <utility>
 
-// The menu bar of the main window. The key names in the Edit captions are part
-// of the captions: the items bind no keys, the construction window's own handler does.
+// The menu bar of the main window. The key names in the Edit captions are plain text: the items
+// bind no keys, the construction window handles them itself.
 
 namespace strativo {
 
@@ -175,7 +175,7 @@ void UValueMDI::CloseUValue_Click() {
     CloseConstruction(project, ActiveConstruction());
 }
 
-/// A command that asks about unsaved changes before it replaces the project.
+/// Runs a command that asks about unsaved changes before it replaces the project.
 template <class Result>
 void UValueMDI::Replace_Click(Result (*command)(Project&, Prompts&)) {
     watch->Keeper().ExpectReplacement(project, AsksAboutChanges(project));
@@ -188,7 +188,7 @@ void UValueMDI::Edit_Click(Command command) {
 
 void UValueMDI::Edit_Paste_Click(Command command) {
     command(project, *prompts);
-    // With another window in front the layers would have been pasted out of sight.
+    // With another window in front, the user would not see where the layers were pasted.
     if (area->Active() != project.currentConstruction)
         view->ActivateCurrent();
 }
@@ -214,11 +214,11 @@ void UValueMDI::Winmenu_Click() {
         if (i < numberedWindows)
             caption.prepend(QStringLiteral("&%1 ").arg(i + 1));
         QAction* item = AddItem(ui.Winmenu, "Window", caption, [this, id] { area->Activate(id); });
-        // Only one can be marked: the others need no empty box.
+        // Only one item can be checked, so the others need no empty check box.
         item->setCheckable(id == area->Active());
         item->setChecked(id == area->Active());
     }
-    // The dialog can be hidden, and must be there to be chosen all the same.
+    // The dialog may be hidden and is listed all the same, so that it can be brought back.
     if (area->Has(dialogId) && area->IsHidden(dialogId))
         AddItem(ui.Winmenu, "Window", MenuCaption(area->Caption(dialogId)),
                 [this] { area->Activate(dialogId); });

@@ -25,7 +25,7 @@ namespace strativo {
 
 namespace {
 
-/// Takes over a number that can be used; any other text is shown as such and changes nothing.
+/// Takes over a usable number; other text is shown as invalid and changes nothing.
 bool TakeNumber(QLineEdit& field, double lowest, double highest, std::optional<double>& value) {
     const std::string text = ToBytes(field.text());
     const auto number = NumberWithin(text, lowest, highest);
@@ -158,7 +158,7 @@ void SectionWindow::LayOut() {
 }
 
 QSize SectionWindow::FirstSize() const {
-    constexpr int columns = 104; // of the longest line of figures
+    constexpr int columns = 104; // characters in the longest line of figures
     constexpr int lines = 46;
     const QFontMetrics fixed(ui.Figures->font());
     const QSize wanted(fixed.averageCharWidth() * columns, fontMetrics().height() * lines);

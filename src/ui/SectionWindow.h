@@ -16,9 +16,9 @@ namespace strativo {
 
 class DrawingView;
 
-/// The window that shows what the current construction does to heat: its section to scale with the
-/// temperature through it, and the figures below. A window beside the main one, which stays the
-/// one that works on the project.
+/// Shows how the current construction conducts heat: its section to scale, with the temperature
+/// through it, and the figures below. It stands beside the main window, where the project is
+/// edited.
 class SectionWindow : public QWidget {
     Q_OBJECT
 
@@ -27,9 +27,9 @@ public:
 
     /// Brings the window to the front.
     void Open();
-    /// Shows the current construction as it is stored by now, if the window is open.
+    /// Shows the current construction as now stored, if the window is open.
     void ShowConstruction();
-    /// Prints heading, drawing and figures; into a PDF file where one is named.
+    /// Prints heading, drawing and figures, or writes them to a PDF file if one is named.
     void Print(const QString& pdfFile = {});
 
 protected:

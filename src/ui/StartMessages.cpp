@@ -11,7 +11,7 @@ namespace strativo {
 
 namespace {
 
-/// A message handler is given nothing of its own, so what it needs stands here.
+/// Global, because Qt's message handler cannot be given any data of its own.
 QStringList& Waiting() {
     static QStringList messages;
     return messages;

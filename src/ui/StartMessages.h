@@ -2,9 +2,9 @@
 
 namespace strativo {
 
-/// Stands around the start of Qt, which ends the process with several lines and an abort
-/// when there is no display: that becomes one line and status 1. Its other messages follow when
-/// the start went well.
+/// Lives while Qt starts. Without a display, Qt ends the process with several lines and an abort;
+/// this turns that into one line and status 1. Other messages of Qt are printed after a successful
+/// start.
 class StartMessages {
 public:
     StartMessages();

@@ -24,7 +24,7 @@ StatusBar::StatusBar(QWidget* parent) : QStatusBar(parent) {
     ui.FileStatus = AddLabel("FileStatus", 0);
     ui.ChangedStatus = AddLabel("ChangedStatus", 1);
     ui.LayerStatus = AddLabel("LayerStatus", 4);
-    // Takes the room that is left and pushes nothing aside; the tool tip has all of it.
+    // Takes the remaining room without pushing anything aside; the tooltip shows all of it.
     ui.LayerStatus->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     ui.LibraryStatus = AddLabel("LibraryStatus", 0);
     ui.Progress = new QProgressBar(this);
@@ -39,7 +39,7 @@ StatusBar::StatusBar(QWidget* parent) : QStatusBar(parent) {
 QLabel* StatusBar::AddLabel(const char* objectName, int stretch) {
     QLabel* label = PlainLabel(QString(), this);
     label->setObjectName(QLatin1String(objectName));
-    label->setMinimumWidth(1); // a long name is cut; it must not widen the main window
+    label->setMinimumWidth(1); // a long name is cut off instead of widening the main window
     addWidget(label, stretch);
     return label;
 }
@@ -88,7 +88,7 @@ void StatusBar::ShowProgress(std::size_t done, std::size_t total) {
         QApplication::setOverrideCursor(Qt::WaitCursor);
     if (reading.elapsed() < untilBar)
         return;
-    // Drawn at once and without looking at any event, so that nothing else can begin meanwhile.
+    // Drawn at once, without processing events, so that nothing else can start meanwhile.
     ui.Progress->setValue(
         static_cast<int>(1000.0 * static_cast<double>(done) / static_cast<double>(total)));
     ui.Progress->show();

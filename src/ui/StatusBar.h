@@ -10,8 +10,8 @@ class QProgressBar;
 
 namespace strativo {
 
-/// The status bar of the main window: the file, whether it has unsaved changes, what is implausible
-/// about the current layer, the libraries, and how far a long read has come.
+/// The status bar of the main window: the file and whether it has unsaved changes, anything
+/// implausible about the current layer, the libraries, and the progress of a long read.
 class StatusBar : public QStatusBar {
     Q_OBJECT
 
@@ -19,8 +19,8 @@ public:
     explicit StatusBar(QWidget* parent);
 
     void ShowProject(const Project& project);
-    /// Most files are read before anybody could see that something goes on: pointer and bar show
-    /// it only after a while, until done == total.
+    /// Most files are read before anybody would notice, so pointer and bar show progress only after
+    /// a while, and until done == total.
     void ShowProgress(std::size_t done, std::size_t total);
     void EndProgress();
 
@@ -38,7 +38,7 @@ private:
 
     Ui ui{};
     QElapsedTimer reading;    ///< runs while a file is read
-    bool busyPointer = false; ///< shown while that takes long
+    bool busyPointer = false; ///< shown when reading takes long
 };
 
 } // namespace strativo

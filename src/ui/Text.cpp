@@ -61,7 +61,8 @@ void SetPlainText(QLabel& label, const QString& text) {
 }
 
 void SetPlainToolTip(QWidget& widget, const QString& text) {
-    // Tooltips have no plain format: what would be taken for HTML has to be HTML that shows it.
+    // Tooltips have no plain-text mode, so anything Qt would take for HTML is turned into HTML that
+    // displays it.
     const QString shown = ElidedLines(text);
     widget.setToolTip(
         Qt::mightBeRichText(shown)

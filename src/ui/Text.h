@@ -10,11 +10,11 @@ class QWidget;
 
 namespace strativo {
 
-// The only steps between the bytes of the core and Unicode.
+// All conversions between the bytes of the core and Unicode.
 
 /// Windows-1252 bytes for display.
 QString ToText(std::string_view bytes);
-/// Text as Windows-1252 bytes; what cannot be said there becomes "?".
+/// Text as Windows-1252 bytes; characters that do not exist there become "?".
 std::string ToBytes(const QString& text);
 
 /// A path for display: as UTF-8 where it is valid UTF-8, else as Windows-1252.
@@ -22,19 +22,20 @@ QString PathText(std::string_view path);
 /// A chosen path as the file system's bytes.
 std::string PathBytes(const QString& path);
 
-// Names, paths and messages reach the toolkit as plain text only, and not at any length: it lays
-// out all it is given, and loads what HTML asks for.
+// Names, paths and messages reach Qt as plain text of limited length: it lays out all text that it
+// is given, and loads whatever HTML refers to.
 
 inline constexpr qsizetype longestShownLine = 1000;   ///< characters
 inline constexpr qsizetype longestShownText = 200000; ///< characters
 
-/// The text with its middle left out when it has more characters than that.
+/// The text, with its middle left out if it has more characters than that.
 QString Elided(const QString& text, qsizetype longest = longestShownLine);
-/// Text of several lines, each of them elided, and all of it too.
+/// Text of several lines, elided line by line and as a whole.
 QString ElidedLines(const QString& text);
-/// The caption of a menu item that shows the text as it stands, without access key and shortcut.
+/// A menu item's caption that shows the text unchanged, without access key and shortcut.
 QString MenuCaption(const QString& text);
-/// A label that shows its text as it stands, apart from "&" where it names a control.
+/// A label that shows its text unchanged, except that "&" marks the access key when it names a
+/// control.
 QLabel* PlainLabel(const QString& text, QWidget* parent);
 void SetPlainText(QLabel& label, const QString& text);
 void SetPlainToolTip(QWidget& widget, const QString& text);

@@ -12,7 +12,7 @@ namespace strativo {
 
 namespace {
 
-/// Where the line that starts there ends, and where the next one begins.
+/// The end of the line that starts there, and the start of the next one.
 std::pair<qsizetype, qsizetype> BreakAfter(const QString& text, qsizetype start, int longest) {
     const qsizetype lineEnd = text.indexOf(QLatin1Char('\n'), start);
     const qsizetype end = lineEnd < 0 ? text.size() : lineEnd;
@@ -24,7 +24,7 @@ std::pair<qsizetype, qsizetype> BreakAfter(const QString& text, qsizetype start,
     return {start + longest, start + longest};
 }
 
-/// The toolkit shows a tip somewhat below the place that it is given, as far as a pointer is high.
+/// Qt shows a tip below the point it is given, by about the height of a pointer.
 constexpr int pointerHeight = 32; // at most
 constexpr int frame = 8;
 
@@ -36,7 +36,7 @@ QPoint PlaceOfTip(const QWidget& control, const QString& lines) {
     return {place.left(), place.top() - height - pointerHeight};
 }
 
-/// Names of files are no markup.
+/// File names must not be read as markup.
 QString AsPlainText(const QString& lines) {
     return Qt::mightBeRichText(lines)
                ? QStringLiteral("<p style=\"white-space:pre\">%1</p>").arg(lines.toHtmlEscaped())

@@ -5,12 +5,12 @@
 
 namespace strativo {
 
-/// The text in lines of at most so many characters, broken at blanks where there are any.
+/// The text in lines of at most that many characters, broken at blanks where possible.
 QString InLines(const QString& text, int longest);
 
-/// Shows the tool tips of all windows: in lines of at most 60 characters, and below the whole
-/// control (above it where the screen ends), so that none covers the row or the point that it is
-/// about.
+/// Shows the tooltips of all windows in lines of at most 60 characters. They appear below the whole
+/// control (or above it at the end of the screen), so that none covers the row or point it
+/// describes.
 class Tips : public QObject {
 public:
     explicit Tips(QObject* parent);

@@ -5,7 +5,7 @@
 namespace strativo {
 
 TitleButton::TitleButton(QWidget* parent) : QToolButton(parent) {
-    setAutoRaise(true); // it is drawn anew when the pointer comes and goes
+    setAutoRaise(true); // makes Qt repaint it when the pointer enters and leaves
 }
 
 void TitleButton::Show(Sign newSign, const QColor& newColour, const QColor& newBar) {
@@ -15,9 +15,9 @@ void TitleButton::Show(Sign newSign, const QColor& newColour, const QColor& newB
     update();
 }
 
-/// Away from the sign's colour, so that the sign can be seen better and not worse.
+/// Moves away from the sign's colour, so that the sign is easier to see under the pointer.
 QColor TitleButton::Background() const {
-    constexpr int hovered = 20; // per cent on the way to black or white
+    constexpr int hovered = 20; // per cent of the way to black or white
     constexpr int pressed = 40;
     if (!underMouse() && !isDown())
         return bar;

@@ -5,8 +5,8 @@
 
 namespace strativo {
 
-/// A button in a window's title bar. It is drawn in the bar's own colours, which the style's
-/// buttons do not know: their background under the pointer can swallow the sign.
+/// A button in a window's title bar, drawn in the bar's own colours. The style's buttons do not
+/// know these, so that their highlight under the pointer can swallow the sign.
 class TitleButton : public QToolButton {
     Q_OBJECT
 

@@ -64,7 +64,7 @@ void UValue::ShowConstruction() {
         return;
     shownRecord = Record();
     const QSignalBlocker blocked(ui.TypeCombo);
-    // A name that is being typed stays; leaving the field decides about it.
+    // A name being typed stays; whether it is kept is decided on leaving the field.
     if (!ui.NameText->isModified())
         ui.NameText->setText(ToText(Record().name));
     ui.IndexText->setText(ToText(FormatGeneral(number)));
@@ -79,7 +79,7 @@ void UValue::RefreshLayerList() {
     const LayerListView view = ViewLayerList(Record());
     ui.Construction->SetLines(view.lines);
     ui.Construction->SetMarks(view.marks, Record().currentLayer - 1);
-    // A current layer without thickness leaves the field as it is, text being typed included.
+    // If the current layer has no thickness the field stays as it is, even with text being typed.
     if (!ui.EditThick->isModified() || CurrentLayer(Record()).thickness > 0
         || Record().currentLayer == 0)
         ui.EditThick->setText(ToText(view.editThick));
@@ -199,7 +199,7 @@ void UValue::Construction_MouseMove(int line, QPoint position, bool ctrlHeld) {
     QDrag drag(ui.Construction);
     drag.setMimeData(MakeDragPayload(DragKind::layers));
     drag.setPixmap(ui.Label2[row]->Draw(dragged));
-    // One action only, so that the pointer tells what will happen.
+    // Offers a single action, so that the pointer shows what will happen.
     drag.exec(ctrlHeld ? Qt::CopyAction : Qt::MoveAction);
 }
 
@@ -218,7 +218,7 @@ void UValue::VWConComments_Click() {
 
 bool UValue::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Wheel && watched == ui.TypeCombo) {
-        // Turning the wheel over it would change the type unnoticed.
+        // The mouse wheel would change the type unnoticed.
         event->ignore();
         return true;
     }
@@ -236,7 +236,7 @@ bool UValue::WindowKey(QKeyEvent* event) {
     if (!plain || !StartsThicknessEntry(ToBytes(event->text())))
         return false;
     if (IsRepeat(*event))
-        return true; // a digit held while Enter ended the entry before does not begin another
+        return true; // a digit still held after Enter does not begin another entry
     ui.EditThick->setFocus();
     ui.EditThick->setText(event->text());
     ui.EditThick->setModified(true);
@@ -253,7 +253,7 @@ bool UValue::CommandKey(const QKeyEvent& event) {
                                                : nullptr;
     if (command == nullptr)
         return false;
-    // Held down, Cut would take one layer after another and keep the last.
+    // A held Cut would remove one layer after another and keep only the last.
     if (!IsRepeat(event))
         program.perform([&] { command(program.project, program.prompts); });
     return true;

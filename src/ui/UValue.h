@@ -17,25 +17,25 @@ class DropLabel;
 class EntryField;
 class LayerList;
 
-/// The window of one construction. It keeps the construction's number and reads everything else
-/// from the project. For a number that is not in use it is an empty window without function.
+/// The window of one construction. It stores only the number and reads everything else from the
+/// project. For a number that is not in use it is an empty, inactive window.
 class UValue : public QWidget {
     Q_OBJECT
 
 public:
     UValue(int constructionNumber, Program& owner, QWidget* parent = nullptr);
 
-    /// The size that the window always has, without its frame, in logical pixels.
+    /// The fixed size of the window without its frame, in logical pixels.
     static QSize FixedSize(const QWidget& screenWidget);
 
-    /// Shows the construction as it is stored by now, if that differs from what is shown.
+    /// Shows the construction as now stored, if that differs from what is shown.
     void Follow();
     /// Shows name, number, type, layers and U-value.
     void ShowConstruction();
     void RefreshLayerList();
-    /// "Uvalue" windows are told apart by their number; an empty window has none.
+    /// "Uvalue" windows are distinguished by their number; an empty window has none.
     bool IsEmpty() const;
-    /// Puts the focus into the layer list.
+    /// Moves the focus to the layer list.
     void FocusList();
 
 signals:

@@ -13,8 +13,8 @@
 #include <QLabel>
 #include <QPushButton>
 
-// Where the controls of a construction window stand: the window has a fixed size, and the headings
-// stand over the columns of the list. Places are in logical pixels from the window's top left.
+// Places of the controls in a construction window, in logical pixels from its top left corner. The
+// window has a fixed size, and the headings are aligned with the columns of the list.
 
 namespace strativo {
 
@@ -26,7 +26,7 @@ constexpr int margin = 10;
 constexpr int fieldHeight = 22;
 constexpr int fieldColumn = 128;
 constexpr int dropLabelWidth = 40;
-constexpr int dropLabelHeight = 22; // a target for the pointer with a drag on it
+constexpr int dropLabelHeight = 22; // large enough to hit while dragging
 
 constexpr int nameRow = 8;
 constexpr int typeRow = 36;

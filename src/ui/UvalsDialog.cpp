@@ -30,13 +30,13 @@ constexpr int headingHeight = 30; // two lines
 constexpr int listRow = 64;
 constexpr int lineLength = 62;
 
-constexpr char16_t controlC = 3; // what Ctrl+C types
+constexpr char16_t controlC = 3; // the text of a Ctrl+C key press
 
 bool IsEnter(int key) {
     return key == Qt::Key_Return || key == Qt::Key_Enter;
 }
 
-/// Enter with any modifiers; C and Insert with Ctrl alone.
+/// Whether the key copies the material: Enter with any modifiers, C or Insert with Ctrl alone.
 bool TakesMaterial(const QKeyEvent& event) {
     const bool ctrlOnly = (event.modifiers() & ~Qt::KeypadModifier) == Qt::ControlModifier;
     return IsEnter(event.key())
@@ -111,7 +111,7 @@ void UvalsDialog::BuildHeadings() {
                             QRect(column(0), headingRow, column(29) - column(0), headingHeight));
     name->setBuddy(ui.UValueList);
     name->setAlignment(Qt::AlignLeft | Qt::AlignBottom);
-    // The last heading is wider than its column and stands out over the scroll bar.
+    // The last heading is wider than its column and extends over the scroll bar.
     const struct {
         QString text;
         int from, to;
@@ -200,7 +200,7 @@ bool UvalsDialog::eventFilter(QObject* watched, QEvent* event) {
     return UValueList_KeyPress(key.text()) || taken;
 }
 
-/// Whether the key means something to the dialog rather than to the list.
+/// Handles the keys that copy a material; false for a key that belongs to the list.
 bool UvalsDialog::UValueList_KeyDown(const QKeyEvent& event) {
     if (!TakesMaterial(event))
         return false;
@@ -214,7 +214,7 @@ bool UvalsDialog::UValueList_KeyDown(const QKeyEvent& event) {
     return true;
 }
 
-/// Whether the list is not to get what was typed: it would beep, or search for it.
+/// Whether to keep this text from the list, which would beep or search for it.
 bool UvalsDialog::UValueList_KeyPress(const QString& text) {
     return text == QChar(controlC);
 }

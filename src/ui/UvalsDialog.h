@@ -22,12 +22,12 @@ class UvalsDialog : public QWidget {
 public:
     explicit UvalsDialog(Program& owner, QWidget* parent = nullptr);
 
-    // The dialog has become the active child window, is so no longer, or is about to go.
+    // The dialog has become the active child window, has ceased to be, or is about to be destroyed.
     void Form_Activate();
     void Form_Deactivate();
     void Form_Unload();
 
-    /// Shows the library as it is by now, its option marked without running the handler.
+    /// Shows the library as it is now and marks its option, without running the option's handler.
     void Follow();
     QString Caption() const;
 

@@ -30,7 +30,7 @@ WinForm::WinForm(Program& owner, QWidget* parent) : QWidget(parent), program(own
 }
 
 WinForm::~WinForm() {
-    // The focus moves once more while the controls are taken down.
+    // The focus changes once more while the controls are destroyed.
     disconnect(qApp, nullptr, this, nullptr);
 }
 
@@ -125,11 +125,11 @@ void WinForm::RefreshIfStale() {
 
 void WinForm::FocusMoved(QWidget* before, QWidget* now) {
     if (now == nullptr)
-        return; // to another program, which may be looked at in mid-work
+        return; // the user may only be looking something up in another program
     const bool isInside = isAncestorOf(now);
     if (isInside && !isAncestorOf(before))
         Form_GotFocus();
-    // Boxes are windows of their own: answering one is not leaving this window.
+    // A message box is a window of its own: answering one does not count as leaving this window.
     if (!isInside && now->window() == window() && qobject_cast<QMenuBar*>(now) == nullptr)
         Form_LostFocus();
 }
@@ -149,8 +149,8 @@ void WinForm::WinList_Click() {
 }
 
 void WinForm::EnableForSelection(bool selected) {
-    // A button that is disabled under the focus would pass it on to the next one; the window's
-    // own focus counts, since a box may still be in front.
+    // Disabling the focused button would pass the focus on to the next one. The window's own focus
+    // is what counts, since a box may still be in front.
     const QWidget* focus = window()->focusWidget();
     if (!selected && (focus == ui.EditBut || focus == ui.DelBut))
         ui.WinList->setFocus();

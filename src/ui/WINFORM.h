@@ -21,8 +21,7 @@ public:
     explicit WinForm(Program& owner, QWidget* parent = nullptr);
     ~WinForm() override;
 
-    /// Lists the glass types as the project has them listed; nothing is selected after a new
-    /// listing.
+    /// Shows the glass types that the project has listed; a new listing leaves nothing selected.
     void ShowGlassTypes();
 
     QSize sizeHint() const override;
@@ -64,7 +63,7 @@ private:
 
     Program& program;
     Ui ui{};
-    unsigned shownListing = 0; ///< the listing that the list shows
+    unsigned shownListing = 0; ///< number of the listing that is shown
 };
 
 } // namespace strativo

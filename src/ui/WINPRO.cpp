@@ -49,7 +49,7 @@ std::optional<ProfileKey> ProfileKeyOf(int key) {
     }
 }
 
-/// Eleven cells are shorter; what is longer is refused all the same.
+/// More than eleven cells ever need; a longer text is refused anyway.
 constexpr int longestPaste = 10'000;
 
 bool IsEnter(int key) {
@@ -96,7 +96,7 @@ void Profile::BuildControls() {
 }
 
 void Profile::BuildPropertyChoice() {
-    // The label's access key gives the focus to the choice without changing it.
+    // The label's access key focuses the choice without changing it.
     ui.propertyChoice = new QWidget(this);
     ui.propertyChoice->setFocusPolicy(Qt::ClickFocus);
     ui.Label1 = PlainLabel(tr("&Property"), this);
@@ -177,8 +177,8 @@ void Profile::PrepareKeys() {
 }
 
 void Profile::ConnectSignals() {
-    // Qt clicks for an access key a tenth of a second late: the keys that follow would go to the
-    // other property.
+    // Qt performs an access key's click a tenth of a second late, so keys typed after it would
+    // still change the other property.
     connect(ui.GlassProps, &QButtonGroup::idPressed, this, [this](int index) {
         if (QApplication::mouseButtons() == Qt::NoButton)
             ui.GlassProp[index]->setChecked(true);
@@ -196,7 +196,7 @@ void Profile::ConnectSignals() {
             [this] { ui.Graph->setFocus(Qt::OtherFocusReason); });
     connect(ui.EditLevel, &EntryField::Escaped, this, &Profile::reject);
     connect(ui.GlassText, &EntryField::Escaped, this, &Profile::reject);
-    // Its label names the point, and cannot show an access key.
+    // Its label shows the point's name and so cannot show an access key.
     auto* valueKey = new QShortcut(QKeySequence(Qt::ALT | Qt::Key_V), this);
     connect(valueKey, &QShortcut::activated, this, &Profile::GoToLevel);
     connect(ui.OkBut, &QPushButton::clicked, this, &Profile::OkBut_Click);
@@ -224,7 +224,8 @@ bool Profile::eventFilter(QObject* watched, QEvent* event) {
 }
 
 bool Profile::Form_KeyDown(QObject* control, const QKeyEvent& event) {
-    // Typed quickly, the next key goes down before Enter has come up; Enter's work comes first.
+    // In fast typing, the next key is pressed before Enter is released; Enter must take effect
+    // first.
     if (!IsRepeat(event))
         FinishEnter();
     const bool plain = (event.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
@@ -242,10 +243,10 @@ bool Profile::Form_KeyDown(QObject* control, const QKeyEvent& event) {
     TakeTypedValue();
     program.perform([&] { PressProfileKey(program.project, profile, *key); });
     ShowProfile();
-    return control != ui.GlassText; // there the caret moves as well
+    return control != ui.GlassText; // in that field the keys move the caret as well
 }
 
-/// The keys that mean something on the graph alone.
+/// Handles the keys that only work on the graph.
 bool Profile::GraphKey(const QKeyEvent& event) {
     if (event.matches(QKeySequence::Copy)) {
         CopyCells();
@@ -308,7 +309,8 @@ void Profile::EditLevel_KeyUp(const QKeyEvent& event) {
         FinishEnter();
 }
 
-/// Counts only when the field saw Enter go down: a release may belong to a closing box.
+/// Takes effect only if the field also saw Enter pressed: the release alone may belong to a closing
+/// box.
 void Profile::FinishEnter() {
     if (!std::exchange(enterPressed, false))
         return;
@@ -323,7 +325,7 @@ void Profile::EditLevel_LostFocus() {
 }
 
 void Profile::TakeTypedValue() {
-    // A value is shown rounded: text that nobody edited must not be stored again.
+    // The field shows a rounded value, so text that nobody edited must not be stored.
     if (levelEdited)
         program.perform(
             [this] { TypeValue(program.project, profile, ToBytes(ui.EditLevel->text())); });
@@ -373,7 +375,7 @@ void Profile::CancelBut_Click() {
 }
 
 void Profile::done(int result) {
-    // The field loses the focus to nobody now, and what it holds is not to be taken any more.
+    // When the editor closes, the field loses the focus; what it holds must no longer be stored.
     levelEdited = false;
     QDialog::done(result);
 }

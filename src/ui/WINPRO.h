@@ -80,8 +80,8 @@ private:
     Program& program;
     GlassProfile profile;
     Ui ui{};
-    bool levelEdited = false;  ///< by the user, since the program last filled the field
-    bool enterPressed = false; ///< the value field saw Enter go down, and it still is
+    bool levelEdited = false;  ///< edited by the user since the program last filled the field
+    bool enterPressed = false; ///< Enter was pressed in the value field and not yet released
 };
 
 } // namespace strativo

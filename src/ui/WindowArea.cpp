@@ -32,7 +32,7 @@ WindowArea::~WindowArea() {
     disconnect(qApp, nullptr, this, nullptr);
 }
 
-/// Many changes of one action lead to one look at what can be seen.
+/// However many changes one action makes, the windows are brought up to date once.
 void WindowArea::Changed() {
     changed = true;
     if (std::exchange(lookComes, true))
@@ -55,7 +55,7 @@ void WindowArea::Close(int id) {
         return;
     ReleaseFocus(found->second);
     if (found->second.frame != nullptr) {
-        // Its own event may be on the way through it.
+        // Deleted later, because one of its own event handlers may be running.
         found->second.frame->hide();
         found->second.frame->deleteLater();
     }
@@ -99,7 +99,7 @@ void WindowArea::SetMinimised(int id, bool minimised) {
         ShowMinimised(id);
 }
 
-/// Brings a frame to what its record says.
+/// Makes a frame match its record.
 void WindowArea::ShowMinimised(int id) {
     const Child& child = children.at(id);
     const bool minimised = IsMinimised(id);
@@ -117,7 +117,7 @@ void WindowArea::Raise(int id) {
     places.Raise(id);
     if (children.at(id).frame == nullptr) {
         MakeFrame(id);
-        Changed(); // others may be let go for it
+        Changed(); // another frame may be released in exchange
     }
     ChildWindow* frame = children.at(id).frame;
     frame->setGeometry(places.Geometry(id));
@@ -136,8 +136,8 @@ void WindowArea::SetActive(int id) {
     emit ActiveChanged(id);
 }
 
-/// A window that goes gives up the focus first: Qt would hand it to whatever control comes next,
-/// and so make another window active than the one that is on top.
+/// A window that disappears gives up the focus first. Otherwise Qt would hand it to an arbitrary
+/// control and so activate another window than the topmost one.
 void WindowArea::ReleaseFocus(const Child& child) {
     if (child.frame == nullptr)
         return;
@@ -150,11 +150,11 @@ void WindowArea::GiveFocus(const Child& child) {
     QWidget* content = child.frame->Content();
     if (content == nullptr || content->isAncestorOf(window()->focusWidget()))
         return;
-    // A button that is disabled by now cannot take it.
+    // The last control may have been disabled since.
     const bool canReturn = child.lastFocus != nullptr && child.lastFocus->isEnabled();
     QWidget* focus = canReturn ? child.lastFocus.data() : content;
     focus->setFocus(Qt::OtherFocusReason);
-    // An empty window takes none, and keys are not to go on to a window that is not active.
+    // An empty window cannot take the focus; without this, keys would go on to an inactive window.
     if (!content->isEnabled() && window()->focusWidget() != nullptr)
         window()->focusWidget()->clearFocus();
 }
@@ -234,7 +234,7 @@ void WindowArea::ToggleMinimised(int id) {
         ActivateTop();
 }
 
-/// The user waits for the active window: others are made once it has been painted.
+/// The user is waiting for the active window, so the others are made after it has been painted.
 bool WindowArea::ActiveComesFirst() const {
     const auto found = children.find(active);
     return found != children.end() && found->second.frame != nullptr
@@ -273,7 +273,7 @@ void WindowArea::PlaceFrames() {
             child.frame->setGeometry(places.Geometry(id));
 }
 
-/// Lets the frames go that have not been seen for longest.
+/// Releases the frames that have gone unseen for longest.
 void WindowArea::LetGo(const std::vector<int>& seen) {
     const std::set<int> kept(seen.begin(), seen.end());
     int unseen = 0;
@@ -299,7 +299,7 @@ void WindowArea::FollowFocus(QWidget* now) {
     const int id = frame->Id();
     Child& child = children.at(id);
     if (IsMinimised(id) || IsHidden(id)) {
-        // Qt gives it to what is hidden when a box closes and nothing else can be seen.
+        // Qt gives the focus to a hidden window when a box closes and nothing else can be seen.
         ReleaseFocus(child);
         return;
     }

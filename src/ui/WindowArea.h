@@ -13,17 +13,17 @@ namespace strativo {
 
 class ChildWindow;
 
-/// The area of the main window in which its child windows lie. Thousands of them can be open: the
-/// widgets of one exist only once a part of it can be seen. It owns the frames and the focus; where
-/// a window lies is a matter of its WindowPlaces. After any change it shows what can be seen by
-/// itself, with the next turn of the event loop.
+/// The area of the main window that holds its child windows. Thousands may be open, so the widgets
+/// of one exist only once a part of it can be seen. The area owns the frames and the focus;
+/// WindowPlaces knows where a window lies. After any change the area updates itself in the next
+/// turn of the event loop.
 class WindowArea : public QWidget {
     Q_OBJECT
 
 public:
-    /// Makes the widget inside a child window; called when the window is first seen.
+    /// Creates the widget inside a child window; called when the window is first seen.
     using MakeContent = std::function<QWidget*(int id)>;
-    /// The size of that widget, asked for without making it.
+    /// The size of that widget, needed before it is created.
     using ContentSize = std::function<QSize(int id)>;
 
     WindowArea(MakeContent makeContent, ContentSize contentSize, QWidget* parent);
@@ -42,31 +42,31 @@ public:
     void SetMinimised(int id, bool minimised);
     bool IsMinimised(int id) const { return places.IsMinimised(id); }
 
-    /// Makes the window active: on top, restored, with the focus where it last was.
+    /// Activates the window: on top, restored, with the focus where it last was.
     void Activate(int id);
-    /// Gives the active state away to the window that is now on top, if any.
+    /// Activates the topmost window, if any.
     void ActivateTop();
-    /// Activates the next window round that is not minimised, or the one before.
+    /// Activates the next window that is not minimised, or the previous one, going round.
     void ActivateNext(bool backwards);
     /// The active window's number; noWindow when there is none.
     int Active() const { return active; }
     static constexpr int noWindow = -1000;
-    /// The active window was closed, and no other one has become active since.
+    /// Whether the active window was closed and no other has become active since.
     bool ActiveWasClosed() const { return activeClosed; }
 
     void Cascade() { places.Cascade(); }
     void ArrangeIcons() { places.ArrangeIcons(); }
 
-    /// Windows that are not hidden, in the order in which they were numbered.
+    /// Windows that are not hidden, by number.
     std::vector<int> Windows() const { return places.Windows(); }
-    /// The widget inside the window, if it exists by now.
+    /// The widget inside the window; null if it does not exist yet.
     QWidget* Content(int id) const;
     /// Number of windows whose widgets exist.
     int ExistingWindows() const;
 
-    /// Does at once what follows any change by itself: makes the widgets of the windows that can
-    /// be seen by now, and lets those of long unseen ones go. Cheap when nothing has changed. A new
-    /// active window comes alone at first, the others that can be seen right after it.
+    /// Updates at once, not in the next turn of the event loop: creates the widgets of windows that
+    /// can be seen, and releases those of windows long unseen. Cheap when nothing has changed. A
+    /// newly active window is made first, the other visible ones right after it.
     void ShowVisible();
 
 signals:

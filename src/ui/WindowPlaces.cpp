@@ -8,7 +8,7 @@ namespace strativo {
 WindowPlaces::WindowPlaces(Measures frameMeasures, std::function<void()> whenChanged)
     : measures(frameMeasures), changed(std::move(whenChanged)) {}
 
-/// Whatever changes may free a place.
+/// Any change may free a place.
 void WindowPlaces::Changed() {
     takenIsKnown = false;
     changed();
@@ -71,7 +71,7 @@ void WindowPlaces::SetMinimised(int id, bool minimised) {
         return;
     if (minimised) {
         TakeIconSlot(record);
-        // Icons lie below all windows, which they would cover otherwise.
+        // Icons stay below all windows; otherwise they would cover them.
         const auto found = std::find(order.begin(), order.end(), id);
         std::rotate(order.begin(), found, found + 1);
     } else {
@@ -162,7 +162,7 @@ std::vector<int> WindowPlaces::Seen() const {
         const QRect visible = Geometry(record).intersected(QRect(QPoint(), area));
         if (record.hidden || visible.isEmpty())
             continue;
-        // Thousands of windows share the few places of the cascade; one look at each is enough.
+        // Thousands of windows share the few places of a cascade, so each place is looked at once.
         const bool isNewPlace = places.insert(PlaceOf(visible)).second;
         if (!isNewPlace || (QRegion(visible) - covered).isEmpty())
             continue;
@@ -188,9 +188,9 @@ QRect WindowPlaces::IconGeometry(int slot) const {
         icon};
 }
 
-/// A window whose title bar could not be grasped could not be moved back.
+/// Keeps a part of the title bar in reach; otherwise the window could not be moved back.
 QPoint WindowPlaces::WithinReach(QPoint position, QSize window) const {
-    constexpr int grasp = 40; // of the title bar, to take hold of
+    constexpr int grasp = 40; // pixels of the title bar that stay in reach
     const int left = grasp + measures.buttons - window.width();
     return {std::clamp(position.x(), left, std::max(left, area.width() - grasp)),
             std::clamp(position.y(), 0, std::max(0, area.height() - measures.title))};
@@ -217,7 +217,8 @@ bool WindowPlaces::IsBesideCorner(QRect icon) const {
     });
 }
 
-/// The lowest place in sight beside the window in the corner, or else the lowest at all.
+/// The lowest free place in sight that is not covered by the window in the corner, or else the
+/// lowest free one.
 int WindowPlaces::FreeIconSlotNumber() const {
     const int perRow = std::max(1, area.width() / measures.icon.width());
     const int inSight = perRow * (area.height() / measures.icon.height());
@@ -250,7 +251,7 @@ void WindowPlaces::FreeIconSlot(Record& record) {
     record.movedIcon.reset();
 }
 
-/// In the order in which they stand.
+/// Assigns the icons' places anew, in their present order.
 void WindowPlaces::TakeIconSlotsAgain() {
     std::vector<std::pair<int, Record*>> icons;
     for (auto& [id, record] : records)
@@ -286,7 +287,8 @@ void WindowPlaces::AddTaken(QRect place) {
         taken += place;
 }
 
-/// The first place beside all others, row by row; it touches their edges or those of the area.
+/// The first place, row by row, that overlaps no other window and touches the edges of others or of
+/// the area.
 std::optional<QPoint> WindowPlaces::FreePlace(QSize window) {
     if (window == sizeWithoutRoom)
         return std::nullopt;
@@ -306,7 +308,7 @@ std::optional<QPoint> WindowPlaces::FreePlace(QSize window) {
     return std::nullopt;
 }
 
-/// So many windows lie beside each other before the cascade starts again in its corner.
+/// The number of windows in one run of the cascade before it starts again in its corner.
 int WindowPlaces::CascadeSteps(QSize window) const {
     const int room = std::min(area.width() - window.width(), area.height() - window.height());
     return std::max(1, room / measures.cascadeStep + 1);
@@ -317,7 +319,7 @@ QPoint WindowPlaces::CascadePosition(int step, QSize window) const {
     return {place, place};
 }
 
-/// A place in which nothing else lies would cover nothing wholly.
+/// Prefers a place that no other window has, so that no window is covered completely.
 QPoint WindowPlaces::NextOfCascade(QSize window) {
     for (int tries = CascadeSteps(window); tries > 0; --tries) {
         const QPoint position = CascadePosition(cascaded++, window);

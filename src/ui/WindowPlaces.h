@@ -14,31 +14,31 @@
 
 namespace strativo {
 
-/// What a window in the area lets others do with it.
+/// What may be done with a window in the area.
 struct WindowTraits {
-    bool remade = true;    ///< its content can be made anew, so its widgets may be let go unseen
-    bool inCorner = false; ///< lies in the bottom right corner, where others leave it alone
+    bool remade = true;    ///< its content can be recreated, so its widgets may be released while unseen
+    bool inCorner = false; ///< lies in the bottom right corner, which others avoid
 };
 
-/// Where the windows of the main window's area lie and which of them can be seen: numbered records
-/// of places in pixels of the area, without any widget. It reports each change by itself. Functions
-/// that take a number throw std::out_of_range for a window that is not open, unless they say
-/// otherwise.
+/// Keeps where the windows of the main window's area lie and which of them can be seen: numbered
+/// records with places in pixels of the area, without any widget. It reports every change by
+/// itself. Functions that take a number throw std::out_of_range for a window that is not open,
+/// unless they say otherwise.
 class WindowPlaces {
 public:
     /// The sizes of a frame's parts, in pixels.
     struct Measures {
         int title;       ///< height of the title bar
-        int buttons;     ///< width of that right end of it that cannot be grasped
-        int cascadeStep; ///< from one place of the cascade to the next, right and down
+        int buttons;     ///< width of its right end, where the buttons prevent dragging
+        int cascadeStep; ///< offset from one place of the cascade to the next, to the right and down
         QSize icon;      ///< a minimised window
     };
 
     /// `whenChanged` is called after each change of what Geometry, Seen or Order return.
     WindowPlaces(Measures frameMeasures, std::function<void()> whenChanged);
 
-    /// Opens a window on top of the others: in the first place beside them while there is room,
-    /// else in the next of the cascade.
+    /// Opens a window on top of the others: in the first place beside them if there is room,
+    /// otherwise in the next place of the cascade.
     void Open(int id, QSize size, WindowTraits traits = {});
     void Open(int id, QSize size, QPoint position, WindowTraits traits = {});
     /// Nothing for a window that is not open.
@@ -46,33 +46,33 @@ public:
     bool Has(int id) const { return records.count(id) != 0; }
     bool MayLetGo(int id) const { return records.at(id).traits.remade; }
 
-    /// In a smaller area windows are brought inside; one in the corner stays in the corner until it
-    /// is moved.
+    /// When the area shrinks, windows are brought inside; the one in the corner stays in the corner
+    /// until the user moves it.
     void SetArea(QSize size);
     void SetHidden(int id, bool hidden);
     bool IsHidden(int id) const { return records.at(id).hidden; }
-    /// A minimised window is an icon below all windows, in the lowest free place of the bottom;
-    /// beside the window in the corner while there is room.
+    /// A minimised window becomes an icon below all windows, in the lowest free place, avoiding the
+    /// window in the corner if there is room.
     void SetMinimised(int id, bool minimised);
     bool IsMinimised(int id) const { return records.at(id).iconSlot.has_value(); }
     void Raise(int id);
-    /// Moves a window or an icon there, or as near as leaves its title within reach.
+    /// Moves a window or an icon there, or as near as keeps its title within reach.
     void Move(int id, QPoint position);
-    /// Moves a window inside the area: wholly where it fits, else as far as its title.
+    /// Moves a window inside the area: all of it if it fits, otherwise its title.
     void BringInside(int id);
-    /// Gives the windows places from the top left corner on, from the lowest to the topmost. The
-    /// one in the corner stays there, on top of them.
+    /// Cascades the windows from the top left corner, the lowest first. The one in the corner stays
+    /// there, on top of them.
     void Cascade();
     void ArrangeIcons();
 
     QRect Geometry(int id) const { return Geometry(records.at(id)); }
-    /// All windows from the bottom to the top.
+    /// All windows, lowest first.
     const std::vector<int>& Order() const { return order; }
     /// The windows that are not hidden, by number.
     std::vector<int> Windows() const;
     /// The topmost window that is neither hidden nor minimised, if there is one.
     std::optional<int> Topmost() const;
-    /// From the top downwards, the windows that those above leave a part of to be seen.
+    /// The windows of which some part can be seen, topmost first.
     std::vector<int> Seen() const;
 
 private:

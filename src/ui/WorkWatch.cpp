@@ -8,17 +8,18 @@ namespace strativo {
 
 namespace {
 
-/// Keys held down are one action after the other; looking at each would be work for nothing.
+/// A held key is a series of actions; looking after each one would be wasted work.
 constexpr std::chrono::milliseconds breath(100);
 
-/// An edit is noticed a breath late, and its copy is to lie on the disk when the time is up.
+/// Shortens the intervals a little, because an edit is noticed late and its copy must be on the
+/// disk in time.
 KeepIntervals SoThatItIsWrittenIn(const KeepIntervals& intervals) {
     constexpr std::chrono::milliseconds writing(100);
     return {intervals.afterLast - breath, intervals.afterFirst - breath - writing};
 }
 
-/// Those of the program, unless a test shortens them: milliseconds after the last edit and after
-/// the first, with a comma between.
+/// The intervals of the program, unless a test shortens them: milliseconds after the last edit and
+/// after the first, separated by a comma.
 KeepIntervals Intervals() {
     KeepIntervals intervals;
     const char* text = std::getenv("STRATIVO_KEEP_INTERVALS");
@@ -46,7 +47,7 @@ void WorkWatch::ActionBegins() {
 }
 
 void WorkWatch::ActionEnded() {
-    // A time that is running already is not put off.
+    // A timer that is already running is not extended.
     if (!timer.isActive() || timer.remainingTimeAsDuration() > breath)
         timer.start(breath);
 }

@@ -13,8 +13,8 @@
 
 namespace {
 
-/// Everything behind the program's name, joined by blanks, is one path; its bytes are not touched.
-/// Qt has taken out its own options by then.
+/// All arguments, joined by blanks, form one path, and its bytes are kept as they are. Qt has
+/// removed its own options by then.
 std::string CommandLine(int argc, char** argv) {
     std::string line;
     for (int i = 1; i < argc; ++i)
@@ -29,7 +29,7 @@ int main(int argc, char** argv) {
     auto startMessages = std::make_unique<strativo::StartMessages>();
     QApplication application(argc, argv);
     startMessages.reset();
-    Q_INIT_RESOURCE(strativo); // lies in a library, which would otherwise be linked without it
+    Q_INIT_RESOURCE(strativo); // the resources are in a library and would otherwise not be linked
     QApplication::setApplicationName(QStringLiteral("strativo"));
     QApplication::setDesktopFileName(QStringLiteral("strativo"));
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/window-icon.png")));
@@ -39,7 +39,7 @@ int main(int argc, char** argv) {
     const QSocketNotifier endRequests(requests.Descriptor(), QSocketNotifier::Read);
     QObject::connect(&endRequests, &QSocketNotifier::activated, &window,
                      &strativo::UValueMDI::EndByRequest);
-    // A log-out asks nothing: the session may end before anybody has answered.
+    // Logging out asks nothing: the session may end before anybody could answer.
     QObject::connect(&application, &QApplication::commitDataRequest, &window,
                      &strativo::UValueMDI::KeepWork);
     window.MDIForm_Load(CommandLine(argc, argv));
