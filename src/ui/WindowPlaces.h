@@ -16,7 +16,8 @@ namespace strativo {
 
 /// What may be done with a window in the area.
 struct WindowTraits {
-    bool remade = true;    ///< its content can be recreated, so its widgets may be released while unseen
+    bool remade =
+        true; ///< its content can be recreated, so its widgets may be released while unseen
     bool inCorner = false; ///< lies in the bottom right corner, which others avoid
 };
 
@@ -30,7 +31,8 @@ public:
     struct Measures {
         int title;       ///< height of the title bar
         int buttons;     ///< width of its right end, where the buttons prevent dragging
-        int cascadeStep; ///< offset from one place of the cascade to the next, to the right and down
+        int cascadeStep; ///< offset from one place of the cascade to the next, to the right and
+                         ///< down
         QSize icon;      ///< a minimised window
     };
 
