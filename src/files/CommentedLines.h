@@ -8,23 +8,24 @@
 
 namespace strativo {
 
-/// Takes the lines of a construction file one after the other, cleaned and without their comments.
+/// Goes through the lines of a construction file, cleaned and without their comments.
 class CommentedLines {
 public:
     explicit CommentedLines(std::string_view bytes) : lines(bytes) {}
 
     bool AtEnd() const { return lines.AtEnd(); }
-    /// Takes the next line. False when nothing is left of it: then its comment is lost.
+    /// Goes to the next line. False when nothing of it is left after cleaning; its comment is lost
+    /// then.
     bool Next();
     std::string_view Line() const { return line; }
-    /// The text after the first asterisk of the line; nothing where it has none.
+    /// The text after the first asterisk of the line; nothing if there is none.
     std::optional<std::string_view> Comment() const { return comment; }
 
-    /// The lines that follow as they stand, such as those of a table.
+    /// The lines that follow, unchanged, for parts such as tables.
     LineReader& Following() { return lines; }
     std::size_t Position() const { return lines.Position(); }
 
-    /// The file is of another format, which no input is taken for.
+    /// Whether the file is of another format; no input leads to that.
     bool FormatBad() const { return formatBad; }
 
 private:

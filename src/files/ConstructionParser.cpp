@@ -18,7 +18,7 @@ namespace {
 constexpr auto npos = std::string_view::npos;
 
 /// The text between the apostrophes; nothing when fewer than two characters follow the first one,
-/// so that an empty pair of them leaves what is stored as it is.
+/// so that an empty pair leaves the stored text alone.
 std::optional<std::string> QuotedValue(std::string_view line) {
     const auto open = line.find('\'');
     if (open != npos && open + 2 >= line.size())
@@ -36,8 +36,8 @@ enum class Section {
     none
 };
 
-/// Looks for keywords, which start with a mark. Nearly all lines have one mark at the most, and are
-/// walked through once and not for each keyword.
+/// Finds keywords, which start with an exclamation mark. Nearly all lines have at most one mark, so
+/// a line is scanned once and not once per keyword.
 class KeywordFinder {
 public:
     explicit KeywordFinder(std::string_view line) {
@@ -86,7 +86,7 @@ private:
             events.progress(lines.Position(), total);
     }
 
-    /// The first keyword found decides. False for a line whose comment is not kept.
+    /// Dispatches on the first keyword found. False for a line whose comment is not kept.
     bool Interpret(std::string_view line) {
         const KeywordFinder keywords(line);
         if (keywords.HasAny() && ReadKeyword(keywords, line))
@@ -231,10 +231,10 @@ private:
     bool constructionOpen = false;
     bool glassOpen = false;
     bool glassIs2D = false;
-    bool transparent = false; ///< of the last type line, whatever construction it stood in
+    bool transparent = false; ///< as the last type line said, whatever construction it was in
 };
 
-/// Where the material number of a part line starts, and the library that it belongs to.
+/// Where the material number of a part line starts, and which library it refers to.
 PieceReader MaterialNumber(std::string_view line, Layer& layer) {
     const auto at = line.find('@');
     layer.library =
@@ -282,14 +282,14 @@ ParsedFile ParseConstructionFile(std::string_view bytes, Project& project,
 }
 
 bool ParsePartLine(std::string_view line, bool transparent, Project& project) {
-    // Before the numbers are taken, which may fail.
+    // Before the numbers, which may be malformed, are read.
     project.userLibraryNeeded = project.userLibraryNeeded || Contains(line, '@');
     Layer layer = ReadPart(line, transparent);
     Construction& construction = project.constructions[project.currentConstruction];
     const int slot = construction.layers.HighestUsed() + 1;
     if (slot > maxLayers)
         return false;
-    layer.name = std::to_string(slot); // until it is linked to its library
+    layer.name = std::to_string(slot); // placeholder until the layer is linked to its library
     construction.layers.Edit(slot) = std::move(layer);
     construction.currentLayer = static_cast<std::int16_t>(slot);
     RefreshLayerList(construction);

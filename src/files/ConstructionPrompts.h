@@ -10,7 +10,7 @@ namespace strativo {
 
 // Each returns the chosen path, or nothing when the user cancelled.
 std::optional<std::string> PromptConstructionFile(Project& project, Prompts& prompts);
-/// Proposes the name of the file given, in its folder; "" for none.
+/// Suggests the name of the given file, in its folder; "" for none.
 std::optional<std::string> PromptSaveConstructionFile(Project& project, const std::string& file,
                                                       Prompts& prompts);
 

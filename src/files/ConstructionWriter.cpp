@@ -13,14 +13,14 @@ namespace strativo {
 
 namespace {
 
-// Named, so that the patterns are taken apart by the compiler and not for each number.
+// Constants, so that the compiler parses the patterns and not each call.
 constexpr NumberPattern materialPattern = "##0";
 constexpr NumberPattern thicknessPattern = "#0.000";
 constexpr NumberPattern resistancePattern = "#0.000000";
 constexpr NumberPattern absorptionPattern = "0.00";
 constexpr NumberPattern glassPattern = "0.0##";
 
-/// For the metres of the layer's thickness.
+/// Pattern for a thickness in metres.
 const NumberPattern& PatternOfThickness(const Layer& layer) {
     return layer.materialCode == resistanceCavity ? resistancePattern : thicknessPattern;
 }
@@ -89,8 +89,9 @@ private:
         WriteLayerName(layer.name);
     }
 
-    /// A cavity is written by its conductivity, which holds its code. That of another layer without
-    /// a number may be any, but one beyond 16 bits would make the file unreadable.
+    /// A cavity is written with its conductivity, which holds its code. Any other layer without a
+    /// material number may have any conductivity, but beyond 16 bits it would make the file
+    /// unreadable.
     void WriteMaterialNumber(const Layer& layer) {
         using Limits = std::numeric_limits<std::int16_t>;
         if (layer.materialCode > 0)
@@ -100,7 +101,7 @@ private:
                           materialPattern);
     }
 
-    /// A quoted name of a user library may go over lines, a comment may not.
+    /// The quoted name of a user library may contain line breaks, a comment may not.
     void WriteLayerName(std::string_view name) {
         out.Put("      * ");
         for (auto end = name.find('\n'); end != std::string_view::npos; end = name.find('\n')) {

@@ -26,7 +26,7 @@ public:
     int Descriptor() const { return descriptor; }
 
 private:
-    /// A missing file and a missing folder have the same errno.
+    /// Tells a missing file from a missing folder, which share an errno.
     static ErrorNumber OpenError(const std::string& path) {
         const int systemError = errno;
         const std::string folder = FolderOf(path);
@@ -54,8 +54,8 @@ std::size_t RegularFileSize(int descriptor) {
 }
 
 std::string ReadToEnd(int descriptor, std::size_t expectedSize) {
-    // One byte more than is known shows whether the file grew since its size was asked. It is there
-    // from the start, since a string that grows is copied.
+    // One byte more than the size shows whether the file grew since it was asked for. The buffer
+    // has it from the start, because growing a string copies it.
     std::string bytes(expectedSize + 1, '\0');
     std::size_t length = 0;
     for (;;) {
@@ -112,7 +112,7 @@ std::string ReadFileBytes(const std::string& path) try {
         const OpenFile file(path);
         const std::size_t size = RegularFileSize(file.Descriptor());
         std::string bytes = ReadToEnd(file.Descriptor(), size);
-        // A file that another program writes anew ends early, and is no whole file.
+        // A shorter result means that another program is rewriting the file.
         if (bytes.size() >= size)
             return bytes;
     }

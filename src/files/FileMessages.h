@@ -6,7 +6,7 @@
 
 namespace strativo {
 
-/// The messages of one kind of file for its numbered failures.
+/// The messages for numbered failures of one kind of file.
 struct FileMessages {
     const char* wrongVersion; ///< error 5
     const char* missing;      ///< error 53
@@ -23,7 +23,7 @@ extern const FileMessages userLibraryMessages;
 extern const FileMessages constructionFileMessages;
 extern const FileMessages glassImportMessages;
 
-/// Goes before the operating system's message.
+/// Precedes the operating system's message.
 inline constexpr char savedButNotSafe[] =
     "The file was saved, but is not yet safe against a loss of power: ";
 

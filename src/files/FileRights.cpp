@@ -18,7 +18,7 @@ namespace {
 
 using Acl = std::unique_ptr<std::remove_pointer_t<acl_t>, int (*)(void*)>;
 
-/// Empty where the file system has no such lists.
+/// Empty if the file system has no such lists.
 Acl ReadAcl(const std::string& path, acl_type_t type) {
     Acl acl(acl_get_file(path.c_str(), type), acl_free);
     CheckCall(acl || errno == ENOTSUP || errno == ENOSYS);
@@ -39,7 +39,7 @@ void ForEachEntry(const Acl& acl, Action action) {
     }
 }
 
-/// A default list says what is allowed at most; files are not made to be run.
+/// A default list gives the most that is allowed; data files are not executable, though.
 void TakeAwayExecution(const Acl& acl) {
     acl_tag_t groupLimit = ACL_GROUP_OBJ;
     ForEachEntry(acl, [&](acl_tag_t tag, acl_permset_t) {
@@ -51,7 +51,7 @@ void TakeAwayExecution(const Acl& acl) {
     });
 }
 
-/// Only a privileged user can keep the owner; the group stays wherever that is allowed.
+/// Only a privileged user can keep the owner; the group is kept wherever possible.
 bool KeepsGroup(int file, const struct stat& status) {
     constexpr uid_t anyOwner = static_cast<uid_t>(-1);
     return fchown(file, status.st_uid, status.st_gid) == 0
@@ -62,7 +62,8 @@ struct AttributeErrors : error_context {
     int systemError = 0;
 };
 
-/// What the user may not set, or the file system does not take, stays behind, as the owner does.
+/// Attributes that the user may not set or the file system does not support are left out, like the
+/// owner.
 void NoteError(error_context* context, const char*, ...) {
     if (errno != EPERM && errno != EACCES && errno != ENOTSUP)
         static_cast<AttributeErrors*>(context)->systemError = errno;
@@ -89,7 +90,8 @@ void CarryRights(const std::string& oldFile, const struct stat& oldStatus, int n
         CheckCall(fchmod(newFile, groupKept ? mode : mode & ~S_IRWXG) == 0);
         return;
     }
-    // The group's bits of the permissions are only the mask of a list, so the list itself decides.
+    // With a list, the permission bits of the group are only the list's mask, so the list itself
+    // decides.
     if (!groupKept)
         ForEachEntry(acl, [](acl_tag_t tag, acl_permset_t permissions) {
             if (tag == ACL_GROUP_OBJ)

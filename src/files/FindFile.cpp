@@ -35,7 +35,8 @@ std::string Join(const std::string& folder, const std::string& name) {
     return folder + separator + name;
 }
 
-/// The entry of the folder whose name differs at most in letter case; the first in name order.
+/// The folder's entry whose name differs at most in letter case; of several, the first in name
+/// order.
 std::optional<std::string> EntryIgnoringCase(const std::string& folder, const std::string& name) {
     std::vector<std::string> found;
     std::error_code error;
@@ -50,7 +51,7 @@ std::optional<std::string> EntryIgnoringCase(const std::string& folder, const st
     return *std::min_element(found.begin(), found.end());
 }
 
-/// The path spelled as the file system spells it, component by component.
+/// The path, each component spelled as on the disk.
 std::optional<std::string> FindIgnoringCase(const std::string& path) {
     std::string found = path.starts_with('/') ? "/" : "";
     std::size_t start = 0;
@@ -91,7 +92,7 @@ std::optional<std::string> FindInOtherCase(const std::string& folder, const std:
     return FindIgnoringCase(From(folder, WithSlashes(name)));
 }
 
-/// Where a file that is nowhere would be: in the first place that has its folder.
+/// The path to report for a file that does not exist: in the first place whose folder exists.
 std::string PathOfMissing(const std::string& name, const std::vector<std::string>& places) {
     std::string slashed = WithSlashes(name);
     const std::string subfolder = FolderOf(slashed);

@@ -93,11 +93,11 @@ private:
     std::vector<Finding>& findings;
     const MaterialCodes standardCodes;
     const MaterialCodes userCodes;
-    std::unordered_map<std::string, int> numbersByName; ///< the first of each, by its trimmed name
+    std::unordered_map<std::string, int> numbersByName; ///< first type of each trimmed name
 };
 
 struct TablePlace {
-    int row = 0; ///< 0 in the table of an ordinary type
+    int row = 0; ///< 0 for an ordinary type
     int value = 1;
 
     std::string Text() const {
@@ -109,7 +109,7 @@ struct TablePlace {
     }
 };
 
-/// Calls check(place, a, b) with the values of both rows at each place until it returns false.
+/// Calls check(place, a, b) with the values of both rows at each place, until it returns false.
 template <class Row, class Check>
 bool CheckRows(int rowNumber, const Row& a, const Row& b, Check check) {
     for (int value = Row::first; value <= Row::last; ++value)
@@ -174,7 +174,7 @@ private:
     void CheckBalance(int number, const Glass& type) {
         CheckPlaces(type.transmission, type.absorption,
                     [&](const TablePlace& place, float transmission, float absorption) {
-                        // Added as 32-bit floats, in which 0.6 and 0.4 make 1.
+                        // Added as 32-bit floats, so that 0.6 and 0.4 give exactly 1.
                         const float sum = transmission + absorption;
                         if (sum > 1)
                             Add("glass-energy-balance", number,

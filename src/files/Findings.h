@@ -8,13 +8,13 @@
 
 namespace strativo {
 
-/// What the save checks ask about, layers without a material or cavity type, constructions without
-/// layers, glass types of either kind with a name given before or with impossible values, and what
-/// is implausible: constructions in number order, then ordinary glass types, then two-dimensional
-/// ones.
+/// Everything that the save checks ask about; layers without a material or cavity type;
+/// constructions without layers; glass types of either kind with a repeated name or impossible
+/// values; and whatever is implausible. Constructions come first, by number, then ordinary and
+/// finally two-dimensional glass types.
 std::vector<Finding> FindingsOf(const Project& project);
 
-/// What is found about the current layer of the current construction, as one line; "" for nothing.
+/// The findings about the current layer of the current construction, in one line; "" for none.
 std::string CurrentLayerFinding(const Project& project);
 
 } // namespace strativo

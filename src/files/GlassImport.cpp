@@ -20,7 +20,7 @@ class Importer {
 public:
     Importer(std::string_view bytes, Project& target) : lines(bytes), project(target) {}
 
-    /// False for a file of another format, which no input is taken for.
+    /// False for a file of another format; no input leads to that.
     bool Run() {
         while (!atEndMark && !lines.FormatBad() && !lines.AtEnd())
             if (lines.Next() && Interpret(lines.Line()) && lines.Comment())
@@ -29,7 +29,7 @@ public:
     }
 
 private:
-    /// False for a part line, whose comment is its layer's name.
+    /// False for a part line, because its comment is the name of a layer.
     bool Interpret(std::string_view line) {
         if (Contains(line, "!EOF"))
             atEndMark = true;
@@ -55,7 +55,7 @@ private:
         }
     }
 
-    /// A name too short to be one is that of the section before.
+    /// A name that is too short repeats that of the section before.
     void ReadName(std::string_view line) {
         const auto open = line.find('\'');
         if (open == npos || open + 2 < line.size())
@@ -72,7 +72,7 @@ private:
             ReadGlassTable(lines.Following(), table, project.glassTypes[project.currentGlassType]);
     }
 
-    /// Comments go by the count of sections read, not by the slot the type was given.
+    /// On purpose, comments are filed under the number of sections read, not under the type's slot.
     void KeepComment(std::string text) {
         Comments& comments = project.comments;
         if (!windowSeen)

@@ -7,14 +7,14 @@
 
 namespace strativo {
 
-/// Adds the glass types in the bytes of a construction file to the project's. Run-time error 5 or
-/// 6; types added before it stay. False for a file of another format, which no input is taken for.
+/// Adds the glass types in the bytes of a construction file to the project. Throws run-time error 5
+/// or 6; types added before it stay. False for a file of another format; no input leads to that.
 bool ParseGlassDefinitions(std::string_view bytes, Project& project);
 
 enum class ImportResult { imported, cancelled, stopped };
 
-/// Asks for a construction file and imports its glass types. A failure is reported, and marks the
-/// project as changed only if a type was added before it; success always does.
+/// Asks for a construction file and imports its glass types. Success always marks the project as
+/// changed; a failure is reported and marks it only if a type was added before.
 ImportResult ImportGlassDefinitions(Project& project, Prompts& prompts);
 
 } // namespace strativo

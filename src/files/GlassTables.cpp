@@ -8,7 +8,7 @@ namespace strativo {
 
 namespace {
 
-/// A piece without the comma that separates the values of a table.
+/// The piece without the comma that separates table values.
 std::string_view WithoutComma(std::string_view piece) {
     return piece.substr(0, piece.size() - (piece.ends_with(',') ? 1 : 0));
 }

@@ -11,12 +11,13 @@ namespace strativo {
 enum class GlassTable { none, transmission, absorption, diffusion };
 GlassTable AnnouncedTable(std::string_view line);
 
-/// Reads the table lines that follow into the glass type: the numeric pieces of a line, in order;
-/// further ones are ignored, missing ones leave the old values. Run-time error 6.
+/// Reads the table lines that follow into the glass type, taking the numbers of a line in order.
+/// Extra numbers are ignored, and missing ones leave the old values. Throws run-time error 6.
 void ReadGlassTable(LineReader& lines, GlassTable table, GlassType& type);
 void ReadGlassTable(LineReader& lines, GlassTable table, GlassType2D& type);
 
-/// The section line is of a two-dimensional type; a name that contains "2D" makes it so too.
+/// Whether the section line announces a two-dimensional type; a name containing "2D" has that
+/// effect too.
 bool IsSection2D(std::string_view line);
 
 } // namespace strativo

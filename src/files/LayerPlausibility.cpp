@@ -15,7 +15,7 @@ namespace strativo {
 
 namespace {
 
-/// Files hold metres, so that millimetres have noise in their last digits; it is not told.
+/// Files hold metres, so millimetres have noise in their last digits, which is rounded away.
 std::string Thickness(double value) {
     constexpr int honestDigits = 12;
     std::array<char, 32> text{};
@@ -100,7 +100,7 @@ private:
     std::vector<BrokenRule>& broken;
 };
 
-/// Sum of the layers' absorptions, 0 where one of them is impossible.
+/// Sum of the layers' absorptions; 0 if one of them is impossible.
 double TotalAbsorption(const Construction& construction) {
     double sum = 0;
     for (int slot = 1; slot <= construction.layers.HighestUsed(); ++slot) {
@@ -132,7 +132,7 @@ std::vector<BrokenRule> RulesBrokenByLayer(const Layer& layer, std::int16_t type
 std::vector<BrokenRule> RulesBrokenByConstruction(const Construction& construction) {
     constexpr double leastUValue = 0.05; // W/m2 C
     constexpr double mostUValue = 7;
-    constexpr double mostAbsorption = 1.0005; // as three decimals may be rounded
+    constexpr double mostAbsorption = 1.0005; // leaves room for rounding to three decimals
     std::vector<BrokenRule> broken;
     const auto value = IndicativeUValue(construction.layers, LayerCount(construction));
     if (value && (*value < leastUValue || *value > mostUValue))

@@ -7,9 +7,9 @@
 
 namespace strativo {
 
-/// What is wrong or implausible about a layer of a construction of this type. The values of its
-/// material count only where it is linked, which a layer of a positive material number is that has
-/// its material in its library.
+/// What is wrong or implausible about a layer in a construction of this type. Its material's values
+/// count only if it is linked: a layer with a positive material number is linked when its material
+/// is in its library.
 std::vector<BrokenRule> RulesBrokenByLayer(const Layer& layer, std::int16_t type, bool linked);
 
 /// What is implausible about a construction as a whole.

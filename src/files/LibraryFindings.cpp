@@ -25,13 +25,13 @@ std::string_view WithoutBlanks(std::string_view text) {
     return text.substr(0, text.find_last_not_of(blanks) + 1);
 }
 
-/// A text of the file in a message, cut where it is long.
+/// A text of the file as a message shows it, shortened if necessary.
 std::string Quoted(std::string_view text) {
     constexpr std::size_t longest = 60;
     return "\"" + std::string(text.substr(0, longest)) + "\"";
 }
 
-/// Why a record is not read; the loader has found that it is not.
+/// Why a record cannot be read. The loader has already rejected it.
 std::string WhyNotStandard(std::string_view line) {
     const auto open = line.find('\'');
     if (open == npos)
@@ -106,8 +106,8 @@ private:
         }
     }
 
-    /// Fields come in pairs, so that one too many or too few would shift all that follow. The next
-    /// pair begins with the next line, or where the numbers of this one end.
+    /// Fields come in pairs, so one too many or too few would shift all that follow. Therefore the
+    /// next pair is taken from the next line, or from where the numbers of this one end.
     void GoOnBehind(FieldReader& fields, std::size_t behindNaming, std::string_view numbers) const {
         const bool numbersLookLikeAName = Contains(numbers, '*');
         const std::size_t from = numbersLookLikeAName ? behindNaming : fields.Position();
@@ -129,7 +129,7 @@ private:
         }
     }
 
-    /// False where the loader would stop.
+    /// False if the loader would stop here.
     template <class Read, class Why>
     bool CheckRecord(Read read, Why why) {
         try {
@@ -172,7 +172,7 @@ private:
     }
 
     void CheckCount() {
-        constexpr int cavities = 6; // which the loader adds to a standard library
+        constexpr int cavities = 6; // added by the loader to a standard library
         const bool user = layout == LibraryLayout::user;
         const int most = MaterialLibrary::last - 1 - (user ? 0 : cavities);
         if (slot == most + 1)
@@ -259,11 +259,11 @@ private:
     const LibraryLayout layout;
     std::vector<Finding> findings;
     std::unordered_map<double, int> linesByCode;      ///< the first of each
-    std::unordered_map<std::string, int> linesByName; ///< the first of each, in small letters
+    std::unordered_map<std::string, int> linesByName; ///< first line of each name, in lower case
     std::string name;                                 ///< of the material just read
     int slot = 0;                                     ///< of the material just read
     int line = 0;
-    std::size_t counted = 0; ///< bytes whose line ends were counted
+    std::size_t counted = 0; ///< bytes searched for line ends so far
 };
 
 std::string_view FirstLineWithText(std::string_view bytes) {

@@ -9,14 +9,15 @@ namespace strativo {
 
 enum class LibraryLayout { standard, user };
 
-/// As the first line with a text tells: an asterisk before any apostrophe is the user layout.
+/// The layout that the first non-empty line suggests: an asterisk before any apostrophe means the
+/// user layout.
 LibraryLayout LayoutOfLibrary(std::string_view bytes);
 
-/// A keyword of construction files stands in it.
+/// Whether it contains a keyword of construction files.
 bool HasConstructionKeyword(std::string_view bytes);
 
-/// What is wrong or implausible in the bytes of a material library, in the order of its lines. Each
-/// line at which the loader would stop is told, with the reason, and looking goes on behind it.
+/// What is wrong or implausible in the bytes of a material library, by line. Every line that would
+/// stop the loader is reported with the reason, and checking goes on after it.
 std::vector<Finding> FindingsOfLibrary(std::string_view bytes, LibraryLayout layout);
 
 } // namespace strativo

@@ -10,14 +10,14 @@ namespace strativo {
 
 namespace {
 
-/// Another file name can help after these; after any other failure it would only fail again.
+/// Failures after which another file may help; any other failure would only happen again.
 bool AsksForAnotherFile(ErrorNumber number) {
     return number == ErrorNumber::pathNotFound || number == ErrorNumber::fileNotFound
            || number == ErrorNumber::invalidArgument;
 }
 
-/// What the file gives, and the folder that it lies in; nothing and a number where it cannot be
-/// read at all. A failure that another file can make good is thrown.
+/// The content of the file and its folder, or a number if it cannot be read at all. A failure that
+/// another file could put right is thrown.
 LibraryContent ReadLibrary(const Project& project, const std::string& name, std::string& folder,
                            LibraryContent (*parse)(std::string_view)) {
     try {
@@ -41,7 +41,7 @@ LibraryLoad ResultOf(const LibraryContent& content) {
     return content.wrongVersion ? LibraryLoad::wrongVersion : LibraryLoad::loaded;
 }
 
-/// A wrong version is told before a failure: it is met first.
+/// The wrong version is reported first, because it comes first in the file.
 void Report(const LibraryContent& content, const FileMessages& messages, Prompts& prompts) {
     if (content.wrongVersion)
         prompts.ShowMessage({messages.wrongVersion, ""});
@@ -49,7 +49,8 @@ void Report(const LibraryContent& content, const FileMessages& messages, Prompts
         prompts.ShowMessage({messages.Text(*content.failure), ""});
 }
 
-/// The file name after a failure. Cancelling here, unlike at the first prompt, ends the program.
+/// Asks for another file name after a failure. Unlike at the first prompt, cancelling here ends the
+/// program.
 std::string AskForStandardFileAgain(Project& project, Prompts& prompts) {
     const std::optional<std::string> name =
         PromptLibraryFile(project, standardLibraryNumber, "stdmat.lby", prompts);
@@ -62,13 +63,13 @@ std::string AskForStandardFileAgain(Project& project, Prompts& prompts) {
 
 LibraryLoad TakeStandardLibrary(Project& project, const LibraryContent& content, Prompts& prompts) {
     project.standardLibrary = content.library;
-    // A wrong version counts as loaded all the same, unlike for the user library.
+    // Unlike for the user library, a wrong version still counts as loaded.
     project.standardLoaded = !content.failure;
     Report(content, standardLibraryMessages, prompts);
     return ResultOf(content);
 }
 
-/// Takes the user library out of the material list.
+/// Removes the user library from the material list.
 void WithdrawUserLibrary(Project& project) {
     project.userLoaded = false;
     if (project.shownLibrary == userLibraryNumber)
@@ -132,7 +133,7 @@ LibraryLoad LoadUserLibrary(Project& project, Prompts& prompts) {
         return LibraryLoad::cancelled;
     }
     for (;;) {
-        // A cancel is not looked for at once: opening the single blank fails and asks once more.
+        // A cancel is not handled right away: opening the single blank fails and asks once more.
         const bool cancelled = name == singleBlank;
         try {
             const LibraryContent content =

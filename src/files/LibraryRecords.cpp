@@ -18,7 +18,7 @@ double Take(std::string_view& piece, std::string_view text) {
     return LeadingNumber(text);
 }
 
-/// The text behind its piece.
+/// The text that follows the piece.
 std::string_view Behind(std::string_view text, std::string_view piece) {
     return text.substr(static_cast<std::size_t>(piece.data() - text.data()) + piece.size());
 }

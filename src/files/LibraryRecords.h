@@ -7,7 +7,7 @@
 
 namespace strativo {
 
-/// A record of a material library, and the texts in the file that it was read from.
+/// A record of a material library and the pieces of text that it was read from.
 struct LibraryRecord {
     Material material;
     std::string_view code;
@@ -18,14 +18,14 @@ struct LibraryRecord {
     std::string_view rest; ///< what follows the numbers
 };
 
-/// A record of the standard layout, one line without its line end; nothing when it is of another
-/// version. Run-time error 5 or 6.
+/// Reads a record of the standard layout, one line without its line end; nothing if it is of
+/// another version. Throws run-time error 5 or 6.
 std::optional<LibraryRecord> ReadStandardRecord(std::string_view line);
 
-/// A record of the user layout, which are two fields; likewise.
+/// Reads a record of the user layout, which consists of two fields, in the same way.
 std::optional<LibraryRecord> ReadUserRecord(std::string_view naming, std::string_view numbers);
 
-/// Takes the fields of the user layout one after the other.
+/// Goes through the fields of the user layout.
 class FieldReader {
 public:
     explicit FieldReader(std::string_view bytes) : all(bytes), rest(bytes) {}
@@ -33,13 +33,13 @@ public:
     bool AtEnd() const { return rest.empty(); }
     /// The next field, without the double quotes around it.
     std::string_view Next();
-    /// Where the field just taken began, its quote included.
+    /// Where the field just taken began, including its quote.
     std::size_t Start() const { return start; }
-    /// Where the next field begins, blanks before it included.
+    /// Where the next field begins, including blanks before it.
     std::size_t Position() const { return all.size() - rest.size(); }
-    /// What stood between the closing quote and the separator, and is no part of the field.
+    /// The text between the closing quote and the separator, which is not part of the field.
     std::string_view BehindQuote() const { return behindQuote; }
-    /// Goes on from this position, which is not before the present one.
+    /// Continues from this position, which must not lie before the present one.
     void MoveTo(std::size_t position) { rest = all.substr(position); }
 
 private:

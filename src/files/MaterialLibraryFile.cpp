@@ -17,7 +17,7 @@ Material& Slot(MaterialLibrary& library, int number) {
     return library[number];
 }
 
-/// The slot is that of the next material.
+/// Reads all records; `slot` is that of the next material.
 void ReadStandardRecords(std::string_view bytes, LibraryContent& content, int& slot) {
     LineReader lines(bytes);
     while (!lines.AtEnd() && !content.wrongVersion) {
@@ -47,7 +47,8 @@ void ReadUserRecords(std::string_view bytes, LibraryContent& content, int& slot)
     }
 }
 
-/// Notes a failure of the step; error 5 goes on, since another file can make it good.
+/// Runs a step and records its failure. Error 5 passes through, since another file can put it
+/// right.
 template <class Step>
 void Try(LibraryContent& content, Step step) {
     try {
@@ -67,7 +68,7 @@ void EndBefore(MaterialLibrary& library, int slot) {
 } // namespace
 
 std::string NormaliseMaterialName(std::string_view name) {
-    constexpr char leftBrace = '{'; // inside the range on purpose: libraries in use rely on it
+    constexpr char leftBrace = '{'; // on purpose within the range: existing libraries rely on it
     std::string upper(name);
     for (char& c : upper)
         if (c >= 'a' && c <= leftBrace)

@@ -15,9 +15,9 @@ bool IsWater(const MaterialValues& values) {
     return IsBetween(values.density, 900, 1100) && values.specificHeat >= 3900;
 }
 
-/// The two values together are those of no material, and exchanged they are. Each line is a corner
-/// that no known building material reaches into: heavy with little heat, heat above that of wood
-/// and plastics, light but a good conductor, heavy but an insulator.
+/// Whether two values fit no material as they are, but would if exchanged. Each line describes a
+/// corner that no known building material reaches: heavy with a low specific heat, more specific
+/// heat than wood and plastics, light but a good conductor, heavy but an insulator.
 bool LookExchanged(const MaterialValues& values) {
     const double density = values.density;
     const double heat = values.specificHeat;

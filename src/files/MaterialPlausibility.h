@@ -6,14 +6,14 @@
 
 namespace strativo {
 
-/// What a material is calculated with.
+/// The values of a material that calculations use.
 struct MaterialValues {
     double conductivity = 0; ///< W/m C
     double density = 0;      ///< kg/m3
     double specificHeat = 0; ///< J/kg C
 };
 
-/// Values that no building material has, or that look exchanged; a value of 0 counts as missing.
+/// Reports values that no building material has or that look exchanged; 0 counts as missing.
 std::vector<BrokenRule> RulesBrokenByMaterial(const MaterialValues& values);
 
 } // namespace strativo

@@ -5,7 +5,7 @@
 
 namespace strativo {
 
-/// What a name in a construction file belongs to; each is found again by other rules.
+/// What a name in a construction file belongs to; each is read by different rules.
 enum class NamedPart { standardLibrary, userLibrary, construction, glassType, glassType2D };
 
 /// Whether a name or path may be written.

@@ -12,7 +12,8 @@ void PrepareProcess() {
     std::signal(SIGXFSZ, SIG_IGN);
     for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
         const bool isClosed = fcntl(descriptor, F_GETFD) < 0 && errno == EBADF;
-        // The lowest free number is this one, since those before it are taken by now.
+        // Opening takes the lowest free number, which is this one: those before it are in use by
+        // now.
         if (isClosed && open("/dev/null", descriptor == STDIN_FILENO ? O_WRONLY : O_RDONLY) < 0)
             return;
     }

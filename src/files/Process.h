@@ -2,9 +2,9 @@
 
 namespace strativo {
 
-/// To be called before anything else in a program: a file that may not grow any further is an error
-/// of the write, and standard descriptors that were closed become no file that is opened later;
-/// reading from them and writing to them go on to fail.
+/// To be called before anything else in a program. Afterwards, a file that may not grow any further
+/// is a write error, and files opened later never take the place of standard descriptors that were
+/// closed: reading from and writing to those keeps failing.
 void PrepareProcess();
 
 } // namespace strativo

@@ -9,7 +9,7 @@
 
 namespace strativo {
 
-/// What a snapshot says beside the project that it holds.
+/// What a snapshot tells apart from the project that it holds.
 struct SnapshotHead {
     std::int64_t time = 0;           ///< when it was made, seconds since 1970
     std::string originalPath;        ///< absolute; "" for a project without a file
@@ -20,28 +20,28 @@ struct SnapshotHead {
     bool operator==(const SnapshotHead&) const = default;
 };
 
-/// The bytes are no snapshot, or not as they were written; what() says why, as a sentence's end.
+/// Thrown when the bytes are no intact snapshot; what() says why, worded as the end of a sentence.
 class DamagedSnapshot : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
 };
 
-/// The whole project as it is in memory, but for screen, clipboard and settings: any byte in any
-/// text comes back, and every number bit by bit.
+/// The whole project as it is in memory, except for screen, clipboard and settings. Every byte of a
+/// text and every bit of a number comes back.
 std::string WriteSnapshot(const Project& project, const SnapshotHead& head);
 
-/// Gives the project what a snapshot holds; screen, clipboard and settings stay. Throws
-/// DamagedSnapshot, with the project as it was. Takes memory in proportion to the bytes.
+/// Replaces the project with the content of a snapshot; screen, clipboard and settings stay. Throws
+/// DamagedSnapshot, leaving the project as it was. Uses memory in proportion to the bytes.
 SnapshotHead ReadSnapshot(std::string_view bytes, Project& project);
 
-/// What a construction file of the project is made from: constructions in use, named glass types,
-/// comments and the libraries' names. Equal bytes, equal content.
+/// The bytes of everything that a construction file of the project is made from: constructions in
+/// use, named glass types, comments and the libraries' names. Equal content gives equal bytes.
 std::string ContentBytes(const Project& project);
 
-/// A digest of these bytes, the same at any time and place.
+/// A digest of these bytes, the same on every run and machine.
 std::uint64_t ContentDigest(const Project& project);
 
-/// A digest of bytes that no change of a single byte leaves as it was.
+/// A digest that changes with any single byte.
 std::uint64_t DigestOf(std::string_view bytes);
 
 } // namespace strativo

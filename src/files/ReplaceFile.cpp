@@ -16,9 +16,9 @@ namespace strativo {
 namespace {
 
 constexpr char temporaryName[] = ".strativo-";
-constexpr char randomPart[] = "XXXXXX"; // as the system's call wants it
+constexpr char randomPart[] = "XXXXXX"; // the form that mkostemp requires
 
-/// Whether anybody may make files in the folder, but only the owner of each may remove it.
+/// Whether anybody may create files in the folder, but only the owner of each may remove it.
 bool IsOpenToAll(const struct stat& folder) {
     return (folder.st_mode & S_ISVTX) != 0 && (folder.st_mode & S_IWOTH) != 0;
 }
@@ -28,7 +28,8 @@ std::string FolderToLookAt(const std::string& path) {
     return folder.empty() ? "." : folder;
 }
 
-/// A link of another user in a folder open to all may lead anywhere, and be there for just that.
+/// Another user's link in a folder open to all may lead anywhere, and may have been put there for
+/// that.
 void RefuseForeignLinks(const std::string& path) {
     auto end = std::string::size_type{0};
     while (end != std::string::npos) {
@@ -54,19 +55,19 @@ std::string FollowLinks(std::string path) {
         RefuseForeignLinks(path);
         const ssize_t length = readlink(path.c_str(), target.data(), target.size());
         if (length < 0) {
-            // Not a link, or nothing there yet; after any other failure it may be a link.
+            // Not a link, or nothing there yet. Any other failure may hide a link.
             CheckCall(errno == EINVAL || errno == ENOENT);
             return path;
         }
         std::string next(target.data(), static_cast<std::size_t>(length));
         if (!next.starts_with('/'))
-            next.insert(0, path, 0, path.rfind('/') + 1); // it counts from the link's folder
+            next.insert(0, path, 0, path.rfind('/') + 1); // relative to the link's folder
         path = next;
     }
     throw WriteError(std::strerror(ELOOP));
 }
 
-/// Permissions for the new file: those of the old one, or none where there is no old one.
+/// Permissions for the new file: those of the old one, or nothing if there is none.
 struct OldFile {
     bool exists = false;
     struct stat status {};
@@ -92,7 +93,7 @@ OldFile CheckOldFile(const std::string& path) {
     return old;
 }
 
-/// A new file beside the old one; removed again unless it took the old one's place.
+/// A new file beside the old one, removed again unless it has taken the old one's place.
 class TemporaryFile {
 public:
     explicit TemporaryFile(const std::string& folder)
@@ -115,7 +116,7 @@ public:
             if (count < 0 && errno == EINTR)
                 continue;
             if (count == 0)
-                errno = EIO; // a device that takes nothing would be asked for ever
+                errno = EIO; // otherwise a device that accepts nothing would be tried for ever
             CheckCall(count > 0);
             bytes.remove_prefix(static_cast<std::size_t>(count));
         }
@@ -145,9 +146,9 @@ private:
     int descriptor = -1;
 };
 
-/// The old name may come back after a loss of power until the folder is on the disk. A folder that
-/// may be written to but not read, and a file system without such a call, cannot be asked for it.
-/// Otherwise the system's message where it failed, "" where it did not.
+/// Until the folder is on the disk, a loss of power may bring the old file back. A folder that can
+/// be written to but not read, or a file system without such a call, cannot do this; that counts as
+/// success. Returns the system's message on failure, otherwise "".
 std::string SyncFolder(int folder) {
     return fsync(folder) == 0 || errno == EINVAL ? "" : std::strerror(errno);
 }
@@ -161,8 +162,8 @@ bool IsLeftover(int folder, const char* name) {
            && status.st_uid == geteuid() && std::time(nullptr) - status.st_mtime > day;
 }
 
-/// Removes what saves of the same user that were killed left here more than a day ago. Takes the
-/// descriptor over.
+/// Removes files left here by saves of the same user that were killed more than a day ago. Takes
+/// over the descriptor.
 void RemoveLeftovers(int folder) {
     DIR* entries = fdopendir(folder);
     if (entries == nullptr) {
@@ -175,7 +176,7 @@ void RemoveLeftovers(int folder) {
     closedir(entries);
 }
 
-/// Brings the folder's new entry to the disk, and puts the folder in order.
+/// Brings the folder's new entry to the disk and removes leftovers from the folder.
 std::string FinishFolder(const std::string& path) {
     const int folder = open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (folder < 0)
@@ -200,7 +201,7 @@ std::string ReplaceFile(const std::string& path, const ByteSource& source, FileS
 
 void ReplacePrivateFile(const std::string& path, std::string_view bytes) {
     const std::string folder = FolderOf(path);
-    TemporaryFile file(folder); // it is made with its user's rights only
+    TemporaryFile file(folder); // created with rights for its user only
     file.Write(bytes);
     FileStamp stamp;
     file.Replace(path, stamp);

@@ -6,10 +6,10 @@
 
 namespace strativo {
 
-/// Constructions whose first slot holds a layer and that have a layer of thickness 0.
+/// Constructions with a layer in the first slot and any layer of thickness 0.
 std::vector<int> ZeroThicknessConstructions(const Project& project);
 
-/// Transparent constructions whose first slot holds a layer and whose absorptions add up to 0.
+/// Transparent constructions with a layer in the first slot and absorptions that add up to 0.
 std::vector<int> ZeroAbsorptionConstructions(const Project& project);
 
 } // namespace strativo

@@ -8,7 +8,7 @@
 namespace strativo {
 
 // The fields of each record in the order in which a snapshot holds them. An archive either writes
-// what it is given, or reads it: then its records can be changed.
+// the fields or reads into them; only in the second case does it need changeable records.
 
 template <class Archive, class Record>
 using RecordOf = typename Archive::template Record<Record>;
@@ -61,7 +61,7 @@ void CommentFields(Archive& archive, RecordOf<Archive, Comments>& comments) {
     archive(comments.fileHead, comments.standardLibrary, comments.userLibrary, comments.noSection);
 }
 
-/// What every snapshot begins with; its version, the digest of what follows, and that stand behind.
+/// The start of every snapshot; its version and the digest of the rest follow.
 inline constexpr std::string_view snapshotMark = "Strativo recovery copy\n";
 inline constexpr std::uint32_t snapshotVersion = 1;
 

@@ -24,7 +24,7 @@ public:
     void operator()(Fields&... fields) {
         (Value(fields), ...);
     }
-    /// The number of items to come, each of which takes at least so many bytes.
+    /// The number of items that follow, given that each takes at least that many bytes.
     int Count(std::size_t leastBytes) {
         std::uint32_t count = 0;
         Value(count);
@@ -72,7 +72,7 @@ private:
     std::string_view rest;
 };
 
-// Numbers of bytes below which no such record is found.
+// The fewest bytes that each kind of record can take.
 constexpr std::size_t leastLayer = 40;
 constexpr std::size_t leastConstruction = 26;
 constexpr std::size_t leastMaterial = 36;

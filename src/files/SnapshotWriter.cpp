@@ -9,8 +9,8 @@ namespace strativo {
 
 namespace {
 
-// Numbers stand as they are in memory. On a machine with the other byte order a snapshot is one of
-// an unknown version.
+// Numbers are written as they are in memory. A machine with the other byte order takes such a
+// snapshot for one of an unknown version.
 class SnapshotOut {
 public:
     template <class Type>
@@ -70,7 +70,7 @@ void WriteLibrary(SnapshotOut& out, const MaterialLibrary& library) {
 void WriteOwned(SnapshotOut& out, const OwnedComments& comments) {
     int lastOwner = comments.LastOwner();
     while (lastOwner >= 0 && comments.Of(lastOwner).empty())
-        --lastOwner; // they were dropped
+        --lastOwner; // their comments were dropped
     out.Count(static_cast<std::size_t>(lastOwner) + 1);
     for (int owner = 0; owner <= lastOwner; ++owner)
         out(comments.Of(owner));
@@ -121,7 +121,7 @@ void AddConstructions(SnapshotOut& out, const Project& project) {
 template <class Glass>
 void AddGlassTypes(SnapshotOut& out, const NumberedList<Glass>& types,
                    const OwnedComments& comments) {
-    out(int{0}); // no construction has this number
+    out(int{0}); // end marker: no construction has this number
     for (int number = 1; number <= types.Size(); ++number) {
         if (types[number].name.empty())
             continue;
@@ -157,10 +157,10 @@ std::uint64_t ContentDigest(const Project& project) {
     return DigestOf(ContentBytes(project));
 }
 
-/// Each step can be undone when the word is known, so two texts of a length that differ in one
-/// word only never come to the same.
+/// Each step is reversible if the word is known, so two texts of equal length that differ in a
+/// single word never have the same digest.
 std::uint64_t DigestOf(std::string_view bytes) {
-    constexpr std::uint64_t factor = 0x9E3779B97F4A7C15U; // odd, and half of its bits are set
+    constexpr std::uint64_t factor = 0x9E3779B97F4A7C15U; // odd, with half of its bits set
     constexpr int halfTheBits = 32;
     std::uint64_t digest = bytes.size();
     while (!bytes.empty()) {
