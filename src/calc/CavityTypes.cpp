@@ -16,8 +16,8 @@ struct CavityType {
     const char* layerName;
 };
 
-/// In the order of the library. The two names of types 2, 3 and 6 differ on purpose, "Tyep"
-/// included: files and users know both spellings.
+/// In the order of the library. The two names of types 2, 3 and 6 differ on purpose, and so does
+/// the spelling "Tyep": files and users know both.
 constexpr std::array<CavityType, 6> cavityTypes = {{
     {-3, "CAVITY Type 3 width = resistance", "CAVITY Tyep 3 width = resistance"},
     {-2, "CAVITY Type 2 Low-E", "CAVITY type 2 Low-E"},

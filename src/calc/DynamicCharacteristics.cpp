@@ -9,7 +9,7 @@ namespace {
 
 constexpr double twoPi = 6.283185307179586476925;
 
-/// The factors that the answers are read from.
+/// The matrices from which all characteristics are derived.
 struct Products {
     HeatTransferMatrix toSurface; ///< without the inside film
     HeatTransferMatrix toAir;
@@ -26,7 +26,7 @@ double Hours(double angle, double period) {
     return angle / twoPi * period / secondsPerHour;
 }
 
-/// The angle as a lag from 0 to below a whole turn. A hair below a turn is what rounding makes of
+/// The angle as a lag from 0 to below a whole turn. An angle just below a whole turn is a rounded
 /// 0.
 double LagAngle(double angle) {
     constexpr double hair = 1e-9;
@@ -60,7 +60,7 @@ std::optional<MatrixElements> ElementsOf(const HeatTransferMatrix& z) {
     return elements;
 }
 
-/// What passes: Y12 = -1 / Z12.
+/// Transmission: Y12 = -1 / Z12.
 void FillPeriodic(DynamicCharacteristics& dynamic, const HeatTransferMatrix& z,
                   double transmittance, double period) {
     constexpr double nothing = 1e-300;
@@ -72,7 +72,7 @@ void FillPeriodic(DynamicCharacteristics& dynamic, const HeatTransferMatrix& z,
     dynamic.decrementFactor = periodic / transmittance;
 }
 
-/// 1 - Rsi Y11, as the quotient that it is: without the inside film over with it.
+/// 1 - Rsi Y11, calculated as the quotient of the matrices without and with the inside film.
 void FillSurfaceFactor(DynamicCharacteristics& dynamic, const Products& products, double period) {
     const Complex inverse = products.toAir.rest12 / products.toSurface.rest12;
     dynamic.surfaceFactor =
@@ -80,7 +80,7 @@ void FillSurfaceFactor(DynamicCharacteristics& dynamic, const Products& products
     dynamic.surfaceLag = Hours(std::arg(inverse), period);
 }
 
-/// Without heat storage every swing is a row of steady states.
+/// Without heat storage, every swing is a series of steady states.
 DynamicCharacteristics WithoutStorage(const SteadyState& steady) {
     DynamicCharacteristics dynamic;
     dynamic.inside.admittance = steady.transmittance;

@@ -8,7 +8,7 @@ namespace strativo {
 inline constexpr double secondsPerDay = 86400;
 inline constexpr double secondsPerHour = 3600;
 
-/// The elements of a heat transfer matrix as they are.
+/// The elements of a heat transfer matrix as plain numbers.
 struct MatrixElements {
     Complex z11; ///< 1
     Complex z12; ///< m2 K/W
@@ -16,10 +16,10 @@ struct MatrixElements {
     Complex z22; ///< 1
 };
 
-/// One side's answer to a swing of its own temperature.
+/// One side's response to a swing of its own temperature.
 struct SideCharacteristics {
     double admittance = 0;   ///< W/m2 K
-    double lead = 0;         ///< h, of the heat flow before the temperature
+    double lead = 0;         ///< h, by which the heat flow precedes the temperature
     double heatCapacity = 0; ///< kappa, areal heat capacity, J/m2 K
 };
 
@@ -33,11 +33,11 @@ struct DynamicCharacteristics {
     double decrementFactor = 0;
     double surfaceFactor = 0; ///< of the admittance procedure
     double surfaceLag = 0;    ///< h
-    /// From the inside air to the outside air; not available where it passes 1e300.
+    /// From the inside air to the outside air; not available if an element exceeds 1e300.
     std::optional<MatrixElements> matrix;
 };
 
-/// Of one or more layers and two films, for a period in seconds.
+/// The characteristics of one or more layers and two films, for a period in seconds.
 DynamicCharacteristics DynamicCharacteristicsOf(const ThermalLayers& layers, Films films,
                                                 double period = secondsPerDay);
 

@@ -7,21 +7,21 @@ namespace strativo {
 
 namespace {
 
-/// The three functions of z = x + ix that a layer's matrix is made of, less 2^exponent.
+/// The three functions of z = x + ix that make up a layer's matrix, without the factor 2^exponent.
 struct Waves {
     Complex coshLessOne;
     Complex sinh;
     int exponent = 0;
 };
 
-/// x up to 20 or so.
+/// For x up to about 20.
 Waves WavesOfThinLayer(Complex z) {
     // cosh z - 1, without the cancellation near 0.
     const Complex half = std::sinh(z / 2.0);
     return {2.0 * half * half, std::sinh(z), 0};
 }
 
-/// e^x is never formed: it is split in a power of two and a factor from 1 to 2.
+/// Splits e^x into a power of two and a factor from 1 to 2, since e^x itself could overflow.
 Waves WavesOfThickLayer(double x) {
     const int exponent = static_cast<int>(x / std::log(2.0));
     const double factor = std::exp(x - exponent * std::log(2.0)) / 2;

@@ -6,9 +6,10 @@ namespace strativo {
 
 using Complex = std::complex<double>;
 
-/// A heat transfer matrix Z of ISO 13786: temperature and heat flow swings of one side from those
-/// of the other. It is kept as Z = identity + 2^exponent * rest: the rest keeps its digits where
-/// a light layer leaves Z next to the identity, and the exponent what a thick one makes of it.
+/// A heat transfer matrix Z of ISO 13786, which gives the swings of temperature and heat flow on
+/// one side from those on the other. It is kept as Z = identity + 2^exponent * rest: the rest keeps
+/// its digits when a light layer leaves Z close to the identity, and the exponent keeps the size of
+/// a thick layer's matrix.
 struct HeatTransferMatrix {
     Complex rest11; ///< 1
     Complex rest12; ///< m2 K/W
@@ -17,11 +18,11 @@ struct HeatTransferMatrix {
     int exponent = 0;
 };
 
-/// Of a resistance (m2 K/W) that stores no heat.
+/// The matrix of a resistance (m2 K/W) that stores no heat.
 HeatTransferMatrix MatrixOfResistance(double resistance);
 
-/// Of a homogeneous layer: resistance above 0 (m2 K/W), heat capacity (J/m2 K), and the angular
-/// frequency of the swing (1/s).
+/// The matrix of a homogeneous layer: resistance above 0 (m2 K/W), heat capacity (J/m2 K), and the
+/// angular frequency of the swing (1/s).
 HeatTransferMatrix MatrixOfLayer(double resistance, double heatCapacity, double frequency);
 
 /// The product: the swing passes `inner` first.

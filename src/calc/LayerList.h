@@ -27,22 +27,22 @@ LayerListView ViewLayerList(const Construction& construction);
 std::string ThicknessText(double thickness);
 std::string AbsorptionText(double absorption);
 
-/// What makes the thickness field show the current layer's thickness.
+/// The events that make the thickness field show the current layer's thickness.
 enum class ThicknessEvent {
-    refresh, ///< the layers changed: only a thickness above 0 is shown, or that there is no layer
-    restore, ///< a layer was chosen, or the field left: 0 empties the field
+    refresh, ///< the layers changed: shows a thickness above 0, or that there is no layer
+    restore, ///< a layer was chosen or the field was left: 0 empties the field
     entry    ///< a thickness was entered
 };
 
-/// Brings the record of what the thickness field shows up to date. It stays as it is where the
-/// event does not show the current layer's thickness (false); a negative one is shown by its entry
-/// alone.
+/// Updates the record of what the thickness field shows. If the event does not show the current
+/// layer's thickness, the record stays as it is (false). A negative thickness is shown only by its
+/// entry.
 bool ShowThickness(Construction& construction, ThicknessEvent event);
 
-/// The windows of both constructions would show the same.
+/// Whether the windows of both constructions would show the same.
 bool ShowTheSame(const Construction& a, const Construction& b);
 
-/// Brings what the construction's window shows up to date after its layers changed.
+/// Updates what the construction's window shows after its layers changed.
 void RefreshLayerList(Construction& construction);
 
 } // namespace strativo

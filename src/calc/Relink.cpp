@@ -12,7 +12,7 @@ namespace strativo {
 
 namespace {
 
-/// Row of each material code in a library, so that linking does not walk it for every layer.
+/// The row of each material code in a library, so that linking does not search it for every layer.
 class CodeIndex {
 public:
     explicit CodeIndex(const MaterialLibrary& materials) : library(materials), rows(codeCount, 0) {

@@ -4,10 +4,10 @@
 
 namespace strativo {
 
-/// Copies name and properties of the library materials into the layers of all constructions,
-/// names their cavities, makes layer 1 current in each and the last construction current. With
-/// duplicate material numbers the last one in the library wins; a material that is not found
-/// leaves its layer as it was. Run-time error 6 for a conductivity beyond a 32-bit float.
+/// Copies name and properties of the library materials into the layers of all constructions and
+/// names their cavities. Makes layer 1 current in each construction, and the last construction
+/// current. Of duplicate material numbers the last one in the library wins; a layer whose material
+/// is not found stays as it was. Throws run-time error 6 for a conductivity beyond a 32-bit float.
 void RelinkLayers(Project& project);
 
 } // namespace strativo

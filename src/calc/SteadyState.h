@@ -16,8 +16,8 @@ struct Films {
     double inside = 0;  ///< Rsi
     double outside = 0; ///< Rse
 };
-inline constexpr double largestFilm = 1e12; ///< m2 K/W; next to nothing passes
-/// The ones of ISO 6946.
+inline constexpr double largestFilm = 1e12; ///< m2 K/W; almost no heat passes
+/// The surface resistances of ISO 6946.
 Films FilmsOf(HeatFlow flow);
 
 /// Air temperatures, degrees C, lowestTemperature to highestTemperature.
@@ -30,9 +30,9 @@ inline constexpr double highestTemperature = 1e6;
 
 /// A place between the two air films.
 struct TemperaturePoint {
-    int slot = 0;                ///< of the layer passed last from outside; 0: the outside surface
-    std::optional<double> depth; ///< mm from outside; unknown behind a layer of unknown thickness
-    double resistance = 0;       ///< m2 K/W passed from the outside air
+    int slot = 0; ///< slot of the last layer passed from outside; 0: the outside surface
+    std::optional<double> depth; ///< mm from outside; unknown after a layer of unknown thickness
+    double resistance = 0;       ///< m2 K/W, counted from the outside air
     double temperature = 0;      ///< degrees C
 };
 

@@ -10,7 +10,7 @@ std::optional<double> NumberWithin(std::string_view text, double lowest, double 
         const auto number = WholeNumber(text);
         return number && *number >= lowest && *number <= highest ? number : std::nullopt;
     } catch (const RuntimeError&) {
-        return std::nullopt; // beyond all numbers
+        return std::nullopt; // too large for a double
     }
 }
 

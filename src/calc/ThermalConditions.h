@@ -6,12 +6,12 @@
 
 namespace strativo {
 
-/// What a file does not say about a construction, and its user chooses.
+/// Conditions that a file does not contain and the user chooses.
 struct ThermalConditions {
     FirstLayer firstLayer = FirstLayer::outside;
     AirTemperatures air;
-    std::optional<double> insideFilm;  ///< m2 K/W, in place of Rsi of each direction of flow
-    std::optional<double> outsideFilm; ///< likewise of Rse
+    std::optional<double> insideFilm;  ///< m2 K/W, instead of Rsi for every direction of flow
+    std::optional<double> outsideFilm; ///< likewise for Rse
 
     Films FilmsFor(HeatFlow flow) const {
         const Films films = FilmsOf(flow);
@@ -19,7 +19,7 @@ struct ThermalConditions {
     }
 };
 
-/// The number that the text is, as far as it lies within the limits; nothing for another text.
+/// The number that the text consists of, if it lies within the limits; nothing for any other text.
 std::optional<double> NumberWithin(std::string_view text, double lowest, double highest);
 
 } // namespace strativo

@@ -10,7 +10,8 @@ namespace strativo {
 
 namespace {
 
-/// Beyond them no wall is described any more, and the sums of 15 layers stay far from overflow.
+/// Beyond these limits nothing describes a real wall; within them, sums of 15 layers stay far from
+/// overflow.
 constexpr double smallestResistance = 1e-300; // m2 K/W
 constexpr double largestResistance = 1e6;     // m2 K/W
 constexpr double largestHeatCapacity = 1e12;  // J/m2 K
@@ -104,7 +105,7 @@ ThermalLayer ThermalLayerOf(const Layer& layer, int slot) {
     return thermal;
 }
 
-/// Of several obstacles the one that comes first in their list.
+/// Of several obstacles, returns the one that comes first in their list.
 ThermalObstacle ObstacleOfLayer(const Layer& layer, const ThermalLayer& thermal) {
     for (const ThermalObstacle obstacle :
          {ObstacleOfThickness(layer), ObstacleOfMaterial(layer), ObstacleOfRange(thermal)})

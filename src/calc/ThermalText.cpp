@@ -12,7 +12,7 @@ namespace {
 constexpr double joulesPerKilojoule = 1000;
 constexpr char notAvailable[] = "n/a";
 
-/// The number as the pattern says, without a minus sign where only zeros are left of it.
+/// The number formatted with the pattern, but without a minus sign if only zeros are left of it.
 std::string Number(double value, NumberPattern pattern) {
     std::string text = FormatNumber(value, pattern);
     if (text[0] == '-' && text.find_first_not_of("-0.") == std::string::npos)

@@ -12,7 +12,7 @@ namespace strativo {
 namespace {
 
 /// Fixed resistances of unventilated air layers, m2 C/W, for ordinary and for low-emissivity
-/// surfaces. They are 32-bit floats, so that sums agree with those that users have on file.
+/// surfaces. They are 32-bit floats so that sums agree with those in users' files.
 constexpr float ordinaryCavity = 0.11F;
 constexpr float lowEmissivityCavity = 0.18F;
 
@@ -41,7 +41,7 @@ double LayerResistance(const Layer& layer) {
 }
 
 float LayerListResistance(const Layer& layer) {
-    // Code -4 has no named type: the list shows nothing for it although the U-value counts it.
+    // Code -4 has no named type: the list shows nothing for it, but the U-value includes it.
     if (layer.conductivity == -4)
         return 0;
     if (layer.conductivity >= 0 && layer.thickness <= 0)

@@ -21,7 +21,7 @@ double Luminance(DrawnColour colour) {
            + 0.0722 * Linear(colour & 0xFF);
 }
 
-/// So many of all steps on the way from one colour to another.
+/// The colour after that many of all steps from one colour to the other.
 DrawnColour Between(DrawnColour from, DrawnColour to, int step) {
     DrawnColour mixed = 0;
     for (const int shift : {16, 8, 0}) {

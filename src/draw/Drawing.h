@@ -50,21 +50,21 @@ struct DrawnDot {
 enum class TextAnchor { start, middle, end };
 
 struct DrawnText {
-    DrawnPoint base; ///< on the line that the letters stand on, at the anchor
+    DrawnPoint base; ///< on the baseline, at the anchor
     std::string utf8;
     TextAnchor anchor = TextAnchor::start;
     double size = 10;
     DrawnColour colour = inkColour;
-    bool upwards = false; ///< turned by a quarter, read from below to above
+    bool upwards = false; ///< turned by 90 degrees, to be read upwards
 };
 
 using DrawnShape = std::variant<DrawnRectangle, DrawnLine, DrawnDot, DrawnText>;
 
-/// Shapes, those drawn later over those before, on white paper that begins at 0, 0.
+/// Shapes in drawing order, on white paper with its corner at 0, 0.
 struct Drawing {
     double width = 0;
     double height = 0;
-    std::string title; ///< what it shows, in UTF-8, for those who cannot see it
+    std::string title; ///< a description in UTF-8 for those who cannot see it
     std::vector<DrawnShape> shapes;
 
     void Add(DrawnShape shape) { shapes.push_back(std::move(shape)); }

@@ -8,7 +8,7 @@ namespace strativo {
 
 namespace {
 
-/// How a property is drawn: by its dashes and dots too, for paper without colours.
+/// How a property is drawn. Dashes and dots tell the properties apart on paper without colours.
 struct CurveLook {
     const char* name;
     DrawnColour colour;
@@ -77,7 +77,7 @@ struct Curve {
     CurveLook look;
 };
 
-/// The diffuse values, their figures moved apart where they would lie on each other.
+/// The diffuse values, with their figures moved apart if they would overlap.
 void AddDiffuseValues(Drawing& drawing, std::vector<Curve> curves) {
     std::stable_sort(curves.begin(), curves.end(), [](const Curve& a, const Curve& b) {
         return (*a.values)[1] > (*b.values)[1];

@@ -5,7 +5,7 @@
 
 namespace strativo {
 
-/// What a material is made of, as far as its name and conductivity tell; it decides the colour.
+/// What a material is made of, judging by its name and conductivity; it decides the colour.
 enum class MaterialKind {
     cavity,
     insulation,

@@ -26,7 +26,7 @@ struct Slice {
     double width = 0;
 };
 
-/// Width in the section, mm. A cavity that is given by its resistance has no width of its own.
+/// Width in the section, mm. A cavity given by its resistance has no width of its own.
 double WidthOf(const Layer& layer) {
     constexpr double widest = 10000;
     if (layer.conductivity == resistanceCavity)
@@ -38,7 +38,7 @@ double WidthOf(const Layer& layer) {
 std::vector<Slice> SlicesOf(const Construction& construction, FirstLayer firstLayer, double x) {
     constexpr double widest = 500; // drawing units
     constexpr double unitsPerMillimetre = 1.4;
-    constexpr double thinnest = 1.2; // a foil is to be seen at all
+    constexpr double thinnest = 1.2; // keeps a foil visible
     std::vector<Slice> slices;
     double total = 0;
     for (int layer = 1; layer <= LayerCount(construction); ++layer) {
@@ -121,7 +121,7 @@ private:
         }
     }
 
-    /// Below the layers, those of thin ones in further rows.
+    /// The layers' numbers below them; those of thin layers go to further rows.
     void AddSlotNumbers() {
         constexpr double room = 13;
         std::vector<double> rowEnds;
@@ -138,7 +138,7 @@ private:
         below += rowHeight * static_cast<double>(rowEnds.size());
     }
 
-    /// The points of the line that the temperature is.
+    /// The points of the temperature line.
     std::vector<DrawnPoint> ProfileLine(const SteadyState& steady) const {
         std::vector<DrawnPoint> points = {{axisWidth, Y(conditions.air.outside)}};
         for (int i = 0; i < steady.pointCount; ++i) {
@@ -154,7 +154,7 @@ private:
         const SteadyState steady =
             SteadyStateOf(layers.layers, conditions.FilmsFor(flow), conditions.air);
         const std::vector<DrawnPoint> line = ProfileLine(steady);
-        drawing.Add(DrawnLine{line, {paperColour, 4.5, 0}}); // keeps it off dark layers
+        drawing.Add(DrawnLine{line, {paperColour, 4.5, 0}}); // makes it stand out from dark layers
         drawing.Add(DrawnLine{line, {0x000000, 1.8, 0}});
         for (const std::size_t surface : {std::size_t(1), line.size() - 2})
             drawing.Add(DrawnDot{line[surface], 2.6, paperColour, {0x000000, 1.2, 0}});
@@ -166,7 +166,7 @@ private:
         Text({axisWidth - 5, top + height + rowHeight}, "°C", TextAnchor::end, smallText);
     }
 
-    /// On the side of the line that it leaves free.
+    /// On the side that the temperature line leaves free.
     void AddSurfaceLabels(const SteadyState& steady, DrawnPoint outside, DrawnPoint inside) {
         constexpr double gap = 6;
         const bool risesInwards = conditions.air.inside >= conditions.air.outside;
@@ -211,7 +211,7 @@ private:
     std::vector<Slice> slices;
     double left = 0;  ///< x of the outside surface
     double right = 0; ///< x of the inside surface
-    double below = 0; ///< y of what stands lowest
+    double below = 0; ///< y of the lowest item
     Drawing drawing;
 };
 

@@ -11,7 +11,7 @@ struct TemperatureAxis {
     int steps = 1;
 
     double Highest() const { return lowest + step * steps; }
-    double Mark(int number) const; ///< of number 0 to steps
+    double Mark(int number) const; ///< of the mark with that number, 0 to steps
 };
 TemperatureAxis TemperatureAxisFor(AirTemperatures air);
 

@@ -27,7 +27,7 @@ public:
             lines[static_cast<std::size_t>(owner)].clear();
     }
 
-    /// The highest owner that ever had comments; -1 none.
+    /// The highest owner that ever had comments; -1 if none had.
     int LastOwner() const { return static_cast<int>(lines.size()) - 1; }
 
 private:
@@ -36,12 +36,12 @@ private:
     std::vector<CommentLines> lines; ///< by owner
 };
 
-/// The comment lines kept from a construction file, by the section they stood in.
+/// The comment lines of a construction file, by the section that they were in.
 struct Comments {
     CommentLines fileHead;
     CommentLines standardLibrary;
     CommentLines userLibrary;
-    CommentLines noSection; ///< met while no section was open
+    CommentLines noSection; ///< found while no section was open
     OwnedComments constructions;
     OwnedComments glassTypes;
     OwnedComments glassTypes2D;

@@ -38,9 +38,9 @@ inline auto FilledSlots(const Construction& construction) {
 
 /// Number of layer slots that hold a layer: the lines of the layer list.
 int LayerCount(const Construction& construction);
-/// The slot that holds the layer of that number, empty slots not counted; 0 when there is none.
+/// The slot of the layer with that number, counted without empty slots; 0 if there is none.
 int SlotOfLayer(const Construction& construction, int layer);
-/// An empty layer when there is none.
+/// The current layer; an empty one if there is none.
 const Layer& CurrentLayer(const Construction& construction);
 
 } // namespace strativo

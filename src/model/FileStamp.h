@@ -4,7 +4,7 @@
 
 namespace strativo {
 
-/// What tells whether a file is still the one that was read or written.
+/// Shows whether a file is still the one that was read or written.
 struct FileStamp {
     std::uint64_t device = 0;
     std::uint64_t inode = 0;

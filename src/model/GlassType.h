@@ -7,11 +7,11 @@
 
 namespace strativo {
 
-/// Value 1 is the diffuse value, values 2 to 11 those at 0, 10, ... 90 degrees of incidence.
+/// Value 1 is the diffuse value; values 2 to 11 are those at 0, 10, ... 90 degrees of incidence.
 using AngularValues = NumberedTable<float, 1, 11>;
 using AngularTable = NumberedTable<NumberedTable<float, 1, 19>, 1, 19>;
 
-/// A glass type with the tables given; an empty name marks a free slot.
+/// A glass type with tables of the given kind; an empty name marks a free slot.
 template <class Values>
 struct BasicGlassType {
     std::string name;

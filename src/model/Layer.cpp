@@ -6,7 +6,8 @@ namespace strativo {
 
 namespace {
 
-/// Most constructions have fewer, and are spared to move their layers while they grow.
+/// Most constructions have no more layers than this, so that their slots need not be moved as they
+/// grow.
 constexpr std::size_t usualLayers = 8;
 
 void CheckSlot(int slot) {

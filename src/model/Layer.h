@@ -24,8 +24,8 @@ struct Layer {
     bool operator==(const Layer&) const = default;
 };
 
-/// The layer slots 1 to 15 of a construction. Only the slots written to take memory, since a large
-/// project holds far more free slots than layers; a slot never written to reads as an empty layer.
+/// The layer slots 1 to 15 of a construction. Only slots that were written to take memory, since a
+/// large project has far more free slots than layers; any other slot reads as an empty layer.
 class LayerSlots {
 public:
     static constexpr int first = 1;
@@ -35,7 +35,7 @@ public:
         const bool isUsed = slot >= first && slot <= HighestUsed();
         return isUsed ? used[static_cast<std::size_t>(slot) - 1] : Unused(slot);
     }
-    /// The slot, to be changed.
+    /// The slot, for changing it.
     Layer& Edit(int slot) {
         const bool isUsed = slot >= first && slot <= HighestUsed();
         return isUsed ? used[static_cast<std::size_t>(slot) - 1] : Use(slot);

@@ -2,8 +2,8 @@
 
 namespace strativo {
 
-/// The numbers from first to last for which a test holds, in ascending order, to loop over. The
-/// bounds are taken once; the test is asked when the loop comes to a number.
+/// A range of the numbers from first to last that pass a test, in ascending order. The bounds are
+/// fixed at the start; each number is tested when the loop reaches it.
 template <class Test>
 class NumberRange {
 public:

@@ -31,12 +31,12 @@ private:
     std::array<T, Last - First + 1> items{};
 };
 
-/// A table that grows; its slots are numbered from 1. A number outside throws std::out_of_range.
+/// A table that grows, with slots numbered from 1. A number outside throws std::out_of_range.
 template <class T>
 class NumberedList {
 public:
     NumberedList() = default;
-    /// So many empty slots.
+    /// A table with that many empty slots.
     explicit NumberedList(int size) : items(static_cast<std::size_t>(size)) {}
 
     int Size() const { return static_cast<int>(items.size()); }

@@ -15,12 +15,12 @@
 
 namespace strativo {
 
-/// As the file name of the standard library: the remembered default is to be used.
+/// The file name of the standard library that stands for the remembered default.
 inline constexpr char singleBlank[] = " ";
 
-/// As the path of the help file: there is none.
+/// The path of the help file that stands for none.
 inline constexpr char noHelpFile[] = ".";
-/// The remembered path of the standard library where no setting gives one.
+/// The remembered path of the standard library if no setting gives one.
 inline constexpr char defaultLibrary[] = "..\\stdmat.lby";
 
 /// A layer drag in progress between construction windows.
@@ -29,16 +29,16 @@ struct LayerDrag {
     bool copy = false; ///< Ctrl was held when the drag started
 };
 
-/// The names that the glass types window lists. They are stale on purpose after an import by the
-/// main menu, until the window lists the types anew.
+/// The names that the glass types window lists. After an import by the main menu they are out of
+/// date on purpose, until the window lists the types anew.
 struct GlassTypeList {
     std::vector<std::string> names;
     unsigned listings = 0; ///< grows each time the types are listed anew
 };
 
-/// Everything the program knows. There is one, from start to end; its content is replaced, never
-/// the object. As constructed it is that of a program just started: libraries and clipboard are
-/// empty, and so is its one construction slot, which is not in use.
+/// Everything the program knows. There is one project from start to end: its content may be
+/// replaced, the object never is. As constructed it is that of a newly started program: libraries
+/// and clipboard are empty, and its only construction slot is not in use.
 struct Project {
     MaterialLibrary standardLibrary = EmptyLibrary();
     MaterialLibrary userLibrary = EmptyLibrary();
@@ -51,10 +51,10 @@ struct Project {
     int selectedMaterial = 0; ///< selected line of the material list + 1; 0 none
 
     std::string constructionFile; ///< "" no file yet
-    std::string stampedFile;      ///< the file that the stamp is of
+    std::string stampedFile;      ///< the file that the stamp belongs to
     FileStamp stamp;              ///< the file as it was read or last written
-    // Folders that prompts start in; "." the working directory, "" none.
-    std::string usedFolder;            ///< of the file used last
+    // Folders where prompts start; "." is the working directory, "" means none.
+    std::string usedFolder;            ///< folder of the last used file
     std::string standardLibraryFolder; ///< in which the standard library was found
     std::string userLibraryFolder;     ///< in which the user library was found
     NumberedList<Construction> constructions{1};
@@ -64,7 +64,7 @@ struct Project {
     unsigned activations = 0; ///< counts activations of construction windows
     unsigned openings = 0;    ///< counts the constructions taken into use
     unsigned beginnings = 0;  ///< counts the projects begun; empty windows go with their project
-    int windowToActivate = 0; ///< the construction whose window is to come to the front; 0 none
+    int windowToActivate = 0; ///< construction whose window should come to the front; 0 for none
 
     NumberedList<GlassType> glassTypes{1};
     NumberedList<GlassType2D> glassTypes2D{1};
@@ -80,7 +80,7 @@ struct Project {
     bool changed = false;          ///< the project has unsaved changes
     unsigned contentsReplaced = 0; ///< counts new projects and files read
     unsigned contentsSaved = 0;    ///< counts the writings to a file
-    bool replacingContent = false; ///< one content is gone, and the next is not whole yet
+    bool replacingContent = false; ///< the old content is gone and the new one is not complete yet
 
     LayerClipboard clipboard;
     LayerDrag drag;
@@ -89,9 +89,9 @@ struct Project {
     bool closingInProgress = false;    ///< the program itself is closing a construction window
     int selectedProfileColumn = 0;     ///< glass editor: 0 none, else 1 to 11; outlives the editor
     std::string helpFile = noHelpFile; ///< "." none
-    std::string rememberedLibrary = defaultLibrary; ///< of a standard library named by a blank
+    std::string rememberedLibrary = defaultLibrary; ///< path that a single blank stands for
     std::string startDirectory;                     ///< nothing reads it
-    /// Identification of the source of each window loaded so far, in the order of the About box.
+    /// Source identification of each window loaded so far, in the order of the About box.
     std::array<std::string, 5> windowSources;
 };
 
@@ -103,7 +103,7 @@ inline const MaterialLibrary& Library(const Project& project, int number) {
     return number == userLibraryNumber ? project.userLibrary : project.standardLibrary;
 }
 
-/// The construction is open: from the opening of its window to its removal.
+/// Whether the construction is open, which it is from the opening of its window to its removal.
 inline bool InUse(const Project& project, int number) {
     return project.constructions.Has(number) && project.constructions[number].window.open;
 }

@@ -24,7 +24,7 @@ public:
     virtual std::optional<std::string> AskSaveFile(const FilePrompt& prompt) = 0;
 
     virtual void Beep() {}
-    /// Called now and then while a long file is read; done == total at its end.
+    /// Called from time to time while a long file is read; done == total at the end.
     virtual void ShowProgress(std::size_t /*done*/, std::size_t /*total*/) {}
     virtual void ShowHelpContents() {}
     virtual void QuitHelp() {}

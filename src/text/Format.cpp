@@ -10,7 +10,7 @@ namespace strativo {
 
 namespace {
 
-/// The significant digits d of a number 0.ddd times ten to the power of point.
+/// The significant digits of the number 0.ddd * 10^point.
 struct Decimal {
     std::array<char, 20> digits{};
     int count = 0;
@@ -38,7 +38,7 @@ Decimal ShortestDecimal(double value) {
     return decimal;
 }
 
-/// Keeps so many leading digits (which may be none or negative), rounding half up.
+/// Keeps that many leading digits (possibly none or fewer), rounding half up.
 void RoundTo(Decimal& decimal, int keep) {
     if (keep >= decimal.count)
         return;
@@ -51,7 +51,7 @@ void RoundTo(Decimal& decimal, int keep) {
         ++decimal.digits[static_cast<std::size_t>(last)];
         decimal.count = last + 1;
     } else if (up) {
-        // Every kept digit was a nine: the number becomes a one before them.
+        // All kept digits were nines: the number becomes a one with one more place.
         decimal.digits[0] = '1';
         decimal.point += 1;
         decimal.count = 1;
@@ -85,15 +85,15 @@ void AppendExponent(std::string& out, Decimal decimal) {
 
 constexpr std::array<double, 7> powersOfTen = {1, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6};
 
-/// Writes the value in decimal with that many digits, leading zeros included; returns the place
-/// behind the last one.
+/// Writes the value in decimal with that many digits, including leading zeros; returns the end of
+/// the text.
 char* PutDigits(char* place, std::uint32_t value, int count) {
     for (char* digit = place + count; digit != place; value /= 10)
         *--digit = static_cast<char>('0' + value % 10);
     return place + count;
 }
 
-/// Number of digits without leading zeros: none for 0.
+/// Number of digits without leading zeros; 0 has none.
 int DigitCount(std::uint32_t value) {
     int count = 0;
     for (std::uint64_t bound = 1; bound <= value; bound *= 10)
@@ -101,7 +101,7 @@ int DigitCount(std::uint32_t value) {
     return count;
 }
 
-/// A number of so many decimals as the pattern has at most, given without its point.
+/// Formats a number given without its point, which has the pattern's maximum of decimals.
 char* PutScaled(char* place, std::uint32_t scaled, const NumberPattern& pattern) {
     const auto decimals = static_cast<std::size_t>(pattern.maxDecimals);
     const auto unit = static_cast<std::uint32_t>(powersOfTen[decimals]);
@@ -116,8 +116,8 @@ char* PutScaled(char* place, std::uint32_t scaled, const NumberPattern& pattern)
     return end;
 }
 
-/// Writing spends most of its time here: where the scaled value lies clear of a rounding half,
-/// whole numbers give the same digits as the shortest decimal. Null where it does not.
+/// Writing spends most of its time here. Unless the scaled value is close to a rounding half, whole
+/// numbers give the same digits as the shortest decimal does. Null if it is close.
 char* TryScaled(char* place, double magnitude, const NumberPattern& pattern) {
     constexpr double largest = 1e9;
     constexpr double clearOfHalf = 1e-6;

@@ -9,9 +9,9 @@ namespace strativo {
 /// "#" one that is shown when the number needs it. Whole digits are never cut. The pattern
 /// "#E+00" shows one significant digit and an exponent with sign and at least two digits.
 struct NumberPattern {
-    int minWhole = 0;    ///< digits before the point at least
-    int minDecimals = 0; ///< digits after the point at least
-    int maxDecimals = 0; ///< digits after the point at most
+    int minWhole = 0;    ///< least number of digits before the point
+    int minDecimals = 0; ///< least number of digits after the point
+    int maxDecimals = 0; ///< greatest number of digits after the point
     bool exponent = false;
 
     constexpr NumberPattern(const char* pattern) {
@@ -25,14 +25,14 @@ struct NumberPattern {
     }
 };
 
-/// The value as the pattern says, rounded half away from zero on the shortest decimal that reads
-/// back to the value. A negative value keeps its minus sign. The value is finite.
+/// The value formatted with the pattern. It is rounded half away from zero, based on the shortest
+/// decimal that reads back to it. A negative value keeps its minus sign. The value must be finite.
 std::string FormatNumber(double value, NumberPattern pattern);
 
-/// More than any pattern with up to 64 places makes of a number.
+/// Room for any number in any pattern with up to 64 places.
 inline constexpr std::size_t longestNumber = 400;
 
-/// Writes the same text at a place with room for the longest number, and returns its end.
+/// Writes the same text to memory that has room for the longest number, and returns its end.
 char* PutNumber(char* place, double value, NumberPattern pattern);
 
 /// The number as the shortest decimal that reads back to it, without exponent for whole numbers
@@ -45,7 +45,8 @@ std::string LeftField(std::string_view text, std::size_t maxLength, std::size_t 
 /// The text padded with blanks on the left to width; a longer text is kept whole.
 std::string RightField(std::string_view text, std::size_t width);
 
-/// A number with the sign position that positive numbers have: 1 gives " 1", -4 gives "-4".
+/// The number with a blank in the place of the sign if it is not negative: 1 gives " 1", -4 gives
+/// "-4".
 std::string SignPositionNumber(int number);
 
 } // namespace strativo

@@ -12,8 +12,8 @@ namespace {
 
 constexpr char endOfFileMark = 26;
 
-/// Whether one of the eight bytes is a control up to the end-of-file mark: only such a byte has its
-/// highest bit set by the subtraction and not before.
+/// Whether any of the eight bytes is a control character up to the end-of-file mark (26): only for
+/// those does the subtraction set the highest bit where it was clear before.
 bool HasControl(std::uint64_t bytes) {
     constexpr std::uint64_t ones = 0x0101010101010101;
     return ((bytes - ones * (endOfFileMark + 1)) & ~bytes & (ones << 7)) != 0;
@@ -25,8 +25,8 @@ std::uint64_t EightBytes(const char* from) {
     return bytes;
 }
 
-/// A line that may need more than its ends trimmed. Eight characters are looked at together, since
-/// every character of a file comes by here.
+/// Whether a line may need more than trimming at its ends. Checks eight characters at a time,
+/// because every character of a file passes through here.
 bool HasControls(std::string_view line) {
     constexpr std::size_t step = 8;
     if (line.size() < step)

@@ -32,20 +32,20 @@ bool StartsWithDigits(std::string_view text) {
     return !text.empty() && IsDigit(text[0]);
 }
 
-/// The end of the digits from here on; the value goes on with them.
+/// Reads the digits that start here into the value and returns their end.
 const char* ReadDigits(const char* from, const char* end, std::uint64_t& value) {
     for (; from != end && IsDigit(*from); ++from)
         value = 10 * value + static_cast<std::uint64_t>(*from - '0');
     return from;
 }
 
-/// The powers of ten of so few digits that any number of so many digits is exact.
+/// The powers of ten of up to 16 digits. A double holds every number of up to 15 digits exactly.
 constexpr std::array<double, 16> powersOfTen = {1,   1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
                                                 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
 
-/// Takes a number off the text that has no exponent and so few digits that they and their power of
-/// ten are exact: one division rounds it as it should be. Nearly all numbers of a file are of this
-/// kind, and from_chars takes several times as long for them.
+/// Reads a number without an exponent whose digits and power of ten are both exact, so that a
+/// single division rounds it correctly. Nearly all numbers in files are of this kind, and
+/// from_chars takes several times as long for them.
 std::optional<double> ShortDecimal(std::string_view& text) {
     const char* const start = text.data();
     const char* const end = start + text.size();
@@ -66,7 +66,7 @@ std::optional<double> ShortDecimal(std::string_view& text) {
     return decimals == 0 ? whole : whole / powersOfTen[decimals];
 }
 
-/// The exponent of ten that a number is written with; a very large one is cut short.
+/// The exponent that the number is written with; a very large one is limited.
 std::int64_t WrittenExponent(std::string_view exponent) {
     constexpr std::int64_t farBeyond = 1'000'000'000'000;
     const bool negative = exponent.starts_with('-');
@@ -78,8 +78,8 @@ std::int64_t WrittenExponent(std::string_view exponent) {
     return negative ? -value : value;
 }
 
-/// from_chars reports overflow and underflow alike; where the first digit that counts stands tells
-/// them apart.
+/// from_chars does not tell overflow from underflow; the position of the first significant digit
+/// does.
 bool Underflows(std::string_view number) {
     const auto mantissaEnd = std::min(number.find_first_of("eE"), number.size());
     const std::string_view mantissa = number.substr(0, mantissaEnd);
@@ -89,7 +89,7 @@ bool Underflows(std::string_view number) {
     return point - first + WrittenExponent(exponent) < 0;
 }
 
-/// The number that the digits start with, 0 for one too small.
+/// The number at the start of the text; 0 if it is too small for a double.
 double AnyNumber(std::string_view digits) {
     double value = 0;
     const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), value);
@@ -142,7 +142,7 @@ float ToSingle(double value) {
 
 double AsDecimal(float value) {
     std::array<char, 32> text{};
-    // Without an exponent, large numbers have all their digits, which are more than are needed.
+    // Without an exponent, large numbers would be written with more digits than they need.
     const auto end =
         std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::scientific)
             .ptr;

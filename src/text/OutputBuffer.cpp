@@ -8,7 +8,7 @@ void OutputBuffer::Flush() {
     end = bytes.get();
 }
 
-/// A text longer than the buffer goes on as it is.
+/// A text longer than the buffer is passed on directly.
 void OutputBuffer::HandOn(std::string_view text) {
     Flush();
     if (text.size() > size)

@@ -10,16 +10,15 @@
 
 namespace strativo {
 
-/// Takes the bytes of a file piece by piece.
+/// Accepts the bytes of a file piece by piece.
 using ByteSink = std::function<void(std::string_view piece)>;
 
-/// Gathers small texts and hands them on in large pieces. A file is written through it in pieces
-/// that stay in the processor's cache; all of its bytes at once would cost as much again in fresh
-/// memory.
+/// Collects small texts and passes them on in pieces that stay in the processor's cache. Holding
+/// all bytes of a file at once would cost as much time again, for fresh memory.
 class OutputBuffer {
 public:
     explicit OutputBuffer(const ByteSink& taker) : sink(taker) {}
-    explicit OutputBuffer(ByteSink&&) = delete; // would be gone before the first piece
+    explicit OutputBuffer(ByteSink&&) = delete; // a temporary would be gone before the first piece
 
     void Put(std::string_view text) {
         if (text.size() > Room())
@@ -31,7 +30,8 @@ public:
         MakeRoom();
         end = std::to_chars(end, end + longestNumber, value).ptr;
     }
-    /// A value that rounds to zero has no sign: it would be gone when the file is written again.
+    /// A value that rounds to zero is written without a sign, which would be lost when the file is
+    /// read and written again.
     void PutNumber(double value, NumberPattern pattern) {
         MakeRoom();
         char* const start = end;
@@ -39,7 +39,7 @@ public:
         if (value < 0 && std::none_of(start, end, [](char c) { return c >= '1' && c <= '9'; }))
             end = strativo::PutNumber(start, 0, pattern);
     }
-    /// Hands on what is left; to be called at the end.
+    /// Passes on what is left; to be called at the end.
     void Flush();
 
 private:

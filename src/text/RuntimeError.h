@@ -35,7 +35,7 @@ private:
     ErrorNumber number;
 };
 
-/// What people are told of a failure that has no message of its own.
+/// The text for a failure that has no message of its own.
 inline std::string FailureText(const std::exception& error) {
     const bool noMemory = dynamic_cast<const std::bad_alloc*>(&error) != nullptr
                           || dynamic_cast<const std::length_error*>(&error) != nullptr;

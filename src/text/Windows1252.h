@@ -13,24 +13,24 @@ char16_t CodePoint(char byte);
 /// number.
 std::string ToUtf8(std::string_view bytes);
 
-/// UTF-8 as Windows-1252 bytes; what cannot be said there becomes "?".
+/// UTF-8 as Windows-1252 bytes; characters that do not exist there become "?".
 std::string FromUtf8(std::string_view utf8);
 
-/// Windows-1252 bytes with their capitals as small letters, those with marks included.
+/// Windows-1252 text in lower case, accented letters included.
 std::string LowerCase(std::string_view bytes);
 
 bool IsValidUtf8(std::string_view bytes);
 
-/// The byte that Windows-1252 has for a code point, those without a meaning there included.
+/// The Windows-1252 byte for a code point; the undefined bytes stand for their own number.
 std::optional<char> ByteOf(char32_t code);
 
-/// The code point at the front, which is taken off; nothing when the bytes are not UTF-8.
+/// Removes the code point at the front and returns it; nothing if the bytes are not UTF-8.
 std::optional<char32_t> TakeCodePoint(std::string_view& utf8);
 
 /// Adds a code point (no surrogate) to a text in UTF-8.
 void AppendUtf8(std::string& out, char32_t code);
 
-/// A file system path for people to read: as UTF-8 when it is valid UTF-8, else as Windows-1252.
+/// A file system path for display: as UTF-8 if it is valid UTF-8, otherwise as Windows-1252.
 std::string PathToUtf8(std::string_view path);
 
 } // namespace strativo
