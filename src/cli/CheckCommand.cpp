@@ -56,7 +56,8 @@ void PrintAsText(std::ostream& out, const Session& session, const std::vector<Fi
         if (finding.line > 0)
             out << finding.line << ':';
         out << ' ';
-        // An error of a construction file is told without the word, as scripts know it.
+        // Errors in a construction file are printed without the word "error", because scripts rely
+        // on it.
         if (finding.line > 0 || SeverityOf(finding) == Severity::warning)
             out << SeverityName(finding) << ": ";
         out << finding.rule << ": " << ShownText(finding.text) << '\n';
@@ -76,7 +77,7 @@ bool IsNamedAsLibrary(const std::string& path) {
            && LowerCase(std::string_view(path).substr(path.size() - ending.size())) == ending;
 }
 
-/// The bytes of a file that by its name and content is a library; nothing for another file.
+/// The bytes of a file whose name and content are those of a library; nothing for any other file.
 std::optional<std::string> LibraryBytes(Session& session, bool user) {
     if (!IsNamedAsLibrary(session.file))
         return std::nullopt;
@@ -97,7 +98,8 @@ std::vector<Finding> FindingsInLibrary(std::string_view bytes, bool user) {
     return FindingsOfLibrary(bytes, user ? LibraryLayout::user : LayoutOfLibrary(bytes));
 }
 
-/// None of a construction file that was not read to its end, whose layers are not linked.
+/// No findings for a construction file that was not read to its end, since its layers are not
+/// linked.
 std::vector<Finding> FindingsInProject(Session& session) {
     session.Read();
     return session.FileRead() ? FindingsOf(session.project) : std::vector<Finding>();

@@ -65,7 +65,7 @@ struct Arguments {
     unsigned ownOptions = noOption; ///< those given, of OwnOptions
 };
 
-/// Notes the options that only some commands know, and refuses empty texts.
+/// Records options that only some commands know, and refuses empty texts.
 void CheckGiven(const CLI::App& app, Arguments& arguments) {
     for (const Option& option : options) {
         if (app.count(FirstName(option)) == 0)
@@ -91,7 +91,7 @@ Arguments Parse(int argc, const char* const* argv) {
     return arguments;
 }
 
-/// Takes the command's name off the operands; null where there are none.
+/// Removes the command's name from the operands; null if there are none.
 const Command* TakeCommand(Invocation& call) {
     if (call.operands.empty())
         return nullptr;
@@ -131,7 +131,7 @@ void CheckOperands(const Invocation& call, const Command& command) {
             throw WrongUsage("a file name is empty", &command);
 }
 
-/// What is written by -o is another kind of file than what is read.
+/// The output of -o must not replace an input, which is another kind of file.
 void CheckOutput(const Invocation& call, const Command& command) {
     std::vector<std::string> inputs = call.operands;
     inputs.insert(inputs.end(), {call.standardLibrary, call.userLibrary});

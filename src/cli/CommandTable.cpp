@@ -135,7 +135,7 @@ void PrintRow(std::ostream& out, const std::string& subject, std::size_t width,
     out << "  " << LeftField(subject, width, width) << "  " << summary << '\n';
 }
 
-/// Names of the commands that know the option, in brackets.
+/// The names of the commands that know the option, in brackets.
 std::string KnownTo(const Option& option) {
     std::string names;
     for (const Command& command : commands)

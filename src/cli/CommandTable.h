@@ -21,7 +21,7 @@ enum OwnOptions : unsigned {
     strictOption = 32,
     ruleOption = 64,
     noRuleOption = 128,
-    thermalOption = 256, ///< figures beside others
+    thermalOption = 256, ///< thermal figures along with others
     insideOption = 512,
     outsideOption = 1024,
     flowOption = 2048,
@@ -39,11 +39,11 @@ enum OwnOptions : unsigned {
 
 struct Command {
     const char* name;
-    const char* operands; ///< as the synopsis shows them
+    const char* operands; ///< as shown in the synopsis
     const char* summary;
     const char* examples; ///< whole lines
     std::size_t operandCount;
-    bool moreOperands; ///< any number above operandCount will do
+    bool moreOperands; ///< operandCount or any larger number of operands
     unsigned options;  ///< of OwnOptions
     int (*run)(const Invocation& call, std::ostream& out, std::ostream& err);
 };

@@ -2,11 +2,11 @@
 
 namespace strativo {
 
-// Of several the highest counts.
+// The highest of several counts.
 inline constexpr int exitAllWell = 0;
 inline constexpr int exitFindings = 1;
 inline constexpr int exitWrongUsage = 2;
 inline constexpr int exitFailure = 3;
-inline constexpr int exitInterrupted = 130; ///< as shells say it of a program that Ctrl+C ended
+inline constexpr int exitInterrupted = 130; ///< as shells report a program that Ctrl+C ended
 
 } // namespace strativo

@@ -15,7 +15,7 @@ namespace strativo {
 
 namespace {
 
-constexpr char roughness[] = "MediumRough"; // required, and not known
+constexpr char roughness[] = "MediumRough"; // required by the format, but unknown here
 
 Json JsonOf(const EpMaterial& material) {
     switch (material.kind) {

@@ -13,7 +13,7 @@ namespace strativo {
 
 namespace {
 
-/// The pointer with each of its keys as messages show them.
+/// The pointer, with each key as messages quote it.
 std::string ShownPointer(const std::string& pointer) {
     if (pointer.empty())
         return "(root)";

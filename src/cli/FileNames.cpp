@@ -68,7 +68,7 @@ std::optional<std::string> FileNames::NextOfList() {
 }
 
 bool FileNames::ReadMore() {
-    constexpr int milliseconds = 100; // between looks for an end of it all
+    constexpr int milliseconds = 100; // between checks for an interruption
     std::array<char, 1 << 16> piece{};
     while (descriptor >= 0 && !stopped()) {
         pollfd waiting = {descriptor, POLLIN, 0};

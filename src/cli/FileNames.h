@@ -9,8 +9,8 @@
 
 namespace strativo {
 
-/// The names of the files that a call is about: its operands, then those of a list, which is read
-/// as it comes.
+/// The names of the files that a call works on: its operands, then those of a list, which is read
+/// as it arrives.
 class FileNames {
 public:
     /// Waiting for the list ends early once this is true.
@@ -22,7 +22,7 @@ public:
     FileNames(const FileNames&) = delete;
     FileNames& operator=(const FileNames&) = delete;
 
-    /// Nothing at the end. Throws std::runtime_error when the list cannot be read.
+    /// The next name; nothing at the end. Throws std::runtime_error if the list cannot be read.
     std::optional<std::string> Next();
 
 private:
@@ -32,8 +32,8 @@ private:
     const Invocation& invocation;
     IsStopped stopped;
     std::size_t operand = 0;
-    int descriptor = -1; ///< of the list; -1: none, or it is at its end
-    std::string buffer;  ///< what was read of the list and not yet taken
+    int descriptor = -1; ///< of the list; -1 if there is none or it has ended
+    std::string buffer;  ///< read from the list but not yet used
     std::size_t taken = 0;
 };
 

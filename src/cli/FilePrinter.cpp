@@ -13,7 +13,7 @@ namespace {
 constexpr std::chrono::seconds quietTime{1};
 constexpr std::chrono::milliseconds betweenProgress{200};
 
-/// The progress stands on a terminal that nothing else is printed to.
+/// Shows progress only on a terminal that nothing else is printed to.
 bool ShowsProgress(const std::ostream& err) {
     return err.rdbuf() == std::cerr.rdbuf() && isatty(STDERR_FILENO) == 1
            && isatty(STDOUT_FILENO) == 0;

@@ -8,25 +8,25 @@
 
 namespace strativo {
 
-/// What the work for one file printed.
+/// The output of the work for one file.
 struct FileOutput {
     std::string out;
     std::string err;
     int status = 0;
 };
 
-/// Prints the outputs of files one after the other, and on a terminal how many these are by now.
+/// Prints the outputs of files one after the other and, on a terminal, how many have been done.
 class FilePrinter {
 public:
     FilePrinter(const OutputFrame& outputFrame, bool flushEach, std::ostream& outStream,
                 std::ostream& errStream);
 
-    /// False when standard output takes no more.
+    /// False when standard output accepts no more.
     bool Print(const FileOutput& output);
-    /// Shows the progress line when it is time for it.
+    /// Shows the progress line if it is time for it.
     void ShowProgress();
     void End();
-    /// The highest of the files.
+    /// The highest exit status of the files.
     int Status() const { return status; }
 
 private:

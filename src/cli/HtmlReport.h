@@ -9,14 +9,14 @@
 
 namespace strativo {
 
-/// What a report shows beside the project.
+/// What a report shows apart from the project.
 struct ReportDetails {
     std::string file;    ///< as the caller wrote it
-    std::string path;    ///< of the file, from the root on
-    std::string date;    ///< of the report, in words
-    std::string program; ///< with its version
+    std::string path;    ///< absolute path of the file
+    std::string date;    ///< date of the report, in words
+    std::string program; ///< name and version of the program
     ThermalConditions conditions;
-    std::vector<HeatFlow> flows = {HeatFlow::horizontal}; ///< at least one; temperatures are of it
+    std::vector<HeatFlow> flows = {HeatFlow::horizontal}; ///< at least one; temperatures are for it
 };
 
 /// Writes a self-contained HTML page about the project, printable on A4: an overview, constructions

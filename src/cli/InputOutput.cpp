@@ -11,7 +11,7 @@ namespace strativo {
 
 namespace {
 
-/// The errno value that such a failure stands for, or one of its kind.
+/// An errno value that stands for this kind of failure.
 int SystemError(ErrorNumber number) {
     switch (number) {
     case ErrorNumber::fileNotFound:

@@ -6,7 +6,7 @@ namespace strativo {
 
 namespace {
 
-// A signal handler reaches nothing else.
+// Global, because a signal handler can reach nothing else.
 std::atomic<bool> interrupted = false;
 static_assert(std::atomic<bool>::is_always_lock_free);
 

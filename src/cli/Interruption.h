@@ -4,12 +4,12 @@
 
 namespace strativo {
 
-/// The user asked for an end (Ctrl+C) while a guard was there.
+/// Whether the user pressed Ctrl+C while a guard existed.
 bool IsInterrupted();
 
-/// While it lives, the first Ctrl+C is only noted, so that what was begun can be ended; a second
-/// one ends the program at once. Where such signals are ignored, as in the background, they stay
-/// so.
+/// While a guard exists, the first Ctrl+C is only recorded, so that work in progress can be
+/// completed; a second one ends the program at once. Signals that are ignored, as in the
+/// background, stay ignored.
 class InterruptionGuard {
 public:
     InterruptionGuard();

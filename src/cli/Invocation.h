@@ -5,14 +5,14 @@
 
 namespace strativo {
 
-/// What the caller asked for, after the command's name was taken off the operands.
+/// What the caller asked for, without the command's name.
 struct Invocation {
     std::vector<std::string> operands;
     std::string standardLibrary;           ///< "" when not given
     std::string userLibrary;               ///< likewise
     std::string sortKey;                   ///< likewise
     std::string output;                    ///< "" for standard output
-    std::vector<std::string> rules;        ///< of findings; none: all
+    std::vector<std::string> rules;        ///< rules of findings to report; all if empty
     std::vector<std::string> leftOutRules; ///< of findings
     std::string inside;                    ///< degrees C; "" for the usual temperature
     std::string outside;                   ///< likewise
@@ -23,7 +23,7 @@ struct Invocation {
     std::string format;    ///< "" when not given
     std::string jobs;      ///< "" when not given
     std::string filesFrom; ///< likewise
-    bool nullEnds = false; ///< of the names in filesFrom
+    bool nullEnds = false; ///< names in filesFrom end with a null byte
     bool jsonLines = false;
     bool opaqueOnly = false;
     bool strict = false;

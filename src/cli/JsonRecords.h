@@ -14,7 +14,7 @@ Json JsonOfGlassType(const Project& project, int number);
 Json JsonOfGlassType2D(const Project& project, int number);
 Json JsonOfMaterial(const MaterialLibrary& library, int slot);
 
-/// What stands around the documents of several files: they are items of one array, or a line each.
+/// What surrounds the documents of several files: they are items of one array, or one line each.
 OutputFrame JsonFrame(const Invocation& call);
 JsonLayout JsonLayoutOf(const Invocation& call);
 

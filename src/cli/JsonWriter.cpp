@@ -15,14 +15,14 @@ bool NeedsEscape(char c) {
 }
 
 void AppendString(std::string& out, const std::string& utf8) {
-    // Most strings go as they stand, which is many times faster.
+    // Most strings need no escapes; copying them is many times faster.
     if (std::none_of(utf8.begin(), utf8.end(), NeedsEscape))
         out.append(1, '"').append(utf8).append(1, '"');
     else
         out += Json(utf8).dump(-1, ' ', false, Json::error_handler_t::replace);
 }
 
-/// Not left to the library, which is not always content with the shortest decimal.
+/// Done here because the JSON library does not always choose the shortest decimal.
 void AppendDouble(std::string& out, double value) {
     const std::string number = std::isfinite(value) ? FormatGeneral(value) : "null";
     out += number;

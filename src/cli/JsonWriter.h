@@ -9,20 +9,20 @@ namespace strativo {
 
 using Json = nlohmann::ordered_json;
 
-/// How the lines of a document stand.
+/// The layout of a document's lines.
 enum class JsonLayout {
     document, ///< a line for each value and bracket, indented
-    item,     ///< the same as an item of an array that is open, without its comma
+    item,     ///< the same, as an item of an open array, without its comma
     line      ///< one line
 };
 
-/// Writes one document piece by piece, so that a large one never stands in memory as a whole.
+/// Writes one document piece by piece, so that a large one is never in memory as a whole.
 class JsonWriter {
 public:
     explicit JsonWriter(std::ostream& stream, JsonLayout asked = JsonLayout::document)
         : out(stream), layout(asked) {}
 
-    /// Opens an object ("{") or array ("["), as an item of the one that is open.
+    /// Opens an object ("{") or array ("["), as an item of the present one.
     void Begin(char bracket);
     void End(char bracket);
     /// Names the next value or opened object or array.

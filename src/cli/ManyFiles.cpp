@@ -32,7 +32,7 @@ FileOutput DoWork(const FileWork& work, const std::string& file) {
     return output;
 }
 
-/// Several threads that take the files in turn, and one, the caller's, that prints what they made.
+/// Worker threads take the files in turn; the caller's thread prints their output.
 class WorkGroup {
 public:
     WorkGroup(FileNames& source, const FileWork& fileWork, int jobs)
@@ -74,7 +74,7 @@ public:
     }
 
 private:
-    /// Interrupted, files that were begun are waited for and printed.
+    /// After an interruption, waits for the files in progress and prints them too.
     bool IsDone() const { return stopped || (noMoreNames && printed == taken); }
 
     void Stop() {
@@ -96,7 +96,8 @@ private:
         }
     }
 
-    /// Waits for room among the finished ones; then the next file and its number.
+    /// Waits until there is room for another finished file, then takes the next file and its
+    /// number.
     std::optional<std::string> TakeFile(std::size_t& number) {
         const std::lock_guard oneAtATime(namesMutex);
         {
@@ -127,16 +128,16 @@ private:
 
     FileNames& names;
     const FileWork& work;
-    const std::size_t most; ///< files begun and not yet printed
-    std::mutex namesMutex;  ///< held while a name is waited for
-    std::mutex mutex;       ///< of all that follows
+    const std::size_t most; ///< greatest number of files begun and not yet printed
+    std::mutex namesMutex;  ///< held while waiting for a name
+    std::mutex mutex;       ///< protects all that follows
     std::condition_variable changed;
     std::map<std::size_t, FileOutput> finished; ///< by number, not yet printed
     std::size_t taken = 0;
     std::size_t printed = 0;
     bool noMoreNames = false;
     bool stopped = false;
-    std::string failure; ///< of reading the list
+    std::string failure; ///< why the list could not be read
     std::vector<std::thread> threads;
 };
 

@@ -18,7 +18,7 @@ namespace {
 
 struct SortOrder {
     std::string_view key;
-    void (*sort)(Project&); ///< after the name order; null: none
+    void (*sort)(Project&); ///< applied after the name order; null for none
 };
 
 constexpr std::string_view asStored = "file";
@@ -30,7 +30,7 @@ constexpr std::array<SortOrder, 5> sortOrders = {{
     {"specific-heat", SortBySpecificHeat},
 }};
 
-/// True when the whole library was read.
+/// Whether the whole library was read.
 bool Load(Session& session, bool user) {
     Project& project = session.project;
     if (!user) {
@@ -44,8 +44,8 @@ bool Load(Session& session, bool user) {
     return result == LibraryLoad::loaded;
 }
 
-/// Every library that the program loads is put in name order first, which then decides between
-/// equal values.
+/// The program sorts every library that it loads by name first, so names decide between equal
+/// values.
 void Sort(Project& project, const std::string& key) {
     if (key == asStored)
         return;
@@ -71,7 +71,7 @@ void PrintAsJson(std::ostream& out, const Session& session, bool user) {
     writer.End('}');
 }
 
-/// Names stand as they are, so that the library made of the table is the same.
+/// Names are printed unchanged, so that a library made from the table is the same.
 void PrintAsCsv(std::ostream& out, const Session& session) {
     if (session.Status() == exitAllWell)
         out << FormatLibraryTable(Library(session.project, session.project.shownLibrary));

@@ -55,10 +55,10 @@ ReportDetails DetailsOf(const Invocation& call, const std::string& file, const s
     return details;
 }
 
-/// Where the page of each file goes.
+/// Where the page of each file is written.
 struct Pages {
     std::map<std::string, std::string> paths; ///< by construction file; "" for standard output
-    std::string fault;                        ///< what keeps it from going there; "" nothing
+    std::string fault;                        ///< why it cannot be written there; "" for no reason
 };
 
 /// DIR/NAME.html.
@@ -89,7 +89,7 @@ Pages PlanPages(const std::vector<std::string>& files, const std::string& output
     return pages;
 }
 
-/// Replaces the page's file; false, with a message, when that fails.
+/// Replaces the page's file; false, after a message, if that fails.
 bool WritePage(const std::string& path, const std::string& page, std::ostream& err) {
     try {
         FileStamp stamp;
@@ -116,8 +116,8 @@ int WriteReport(const Invocation& call, std::ostream& out, std::ostream& err) {
         err << UsageLine(FindCommand("report")) << '\n';
         return exitWrongUsage;
     }
-    const std::string date = DateInWords(); // one, also when it takes until after midnight
-    std::mutex writing; // a new file's permissions are those of the whole process
+    const std::string date = DateInWords(); // the same for all pages, even past midnight
+    std::mutex writing; // because the permissions of new files are set for the whole process
     const auto report = [&](const std::string& file, std::ostream& fileOut, std::ostream& fileErr) {
         Session session(file, call, fileErr);
         session.Read();

@@ -26,7 +26,7 @@ std::string Sum(double value) {
     return std::isfinite(value) ? FormatNumber(value, "0.0") : "n/a";
 }
 
-/// Over the area of one square metre.
+/// Sums per square metre.
 struct ArealSums {
     double mass = 0;         ///< kg/m2
     double heatCapacity = 0; ///< J/m2 C
@@ -258,7 +258,7 @@ private:
     const ReportDetails& details;
     const HeatFlow flow;
     const LayersOrReason thermal;
-    std::optional<SteadyState> steady; ///< where thermal figures are available
+    std::optional<SteadyState> steady; ///< if thermal figures are available
 };
 
 } // namespace

@@ -8,18 +8,18 @@
 
 namespace strativo {
 
-/// Bytes of the file as text of the page.
+/// Bytes of the file as text for the page.
 std::string ReportText(std::string_view bytes);
 
 /// A square of the colour in which sections show materials of this kind.
 std::string ColourKey(MaterialKind kind);
 
-/// The comment lines of a construction or glass type, as they stand in the file.
+/// The comment lines of a construction or glass type, as in the file.
 void WriteReportComments(std::ostream& out, const CommentLines& comments);
 
-/// The layers' thickness, mm, those of unknown width left out.
+/// The layers' total thickness, mm, without those of unknown width.
 double KnownThickness(const Construction& construction);
-/// A cavity is given by its resistance.
+/// Whether any cavity is given by its resistance, so that its width is unknown.
 bool HasUnknownWidth(const Construction& construction);
 
 // Sections of the page.

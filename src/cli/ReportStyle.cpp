@@ -55,8 +55,8 @@ bool IsPlain(unsigned char code) {
            || (code >= 'a' && code <= 'z');
 }
 
-/// UTF-8 as a string of a style sheet that stands in a page: everything but letters and digits is
-/// written by its code, so that no text can end string, sheet or page element.
+/// UTF-8 as a string in a style sheet inside a page. Everything except letters and digits is
+/// written as its code, so that no text can end the string, the sheet or the page element.
 std::string StyleString(const std::string& utf8) {
     constexpr char digits[] = "0123456789abcdef";
     std::string text = "\"";

@@ -6,7 +6,7 @@
 
 namespace strativo {
 
-/// The page's style sheet; file, date and program stand at the edges of printed pages.
+/// The page's style sheet; it puts file, date and program in the margins of printed pages.
 std::string ReportStyleSheet(const ReportDetails& details);
 
 } // namespace strativo

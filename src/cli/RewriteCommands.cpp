@@ -10,7 +10,7 @@ namespace strativo {
 
 namespace {
 
-/// Writes nothing once anything could not be read.
+/// Writes nothing if anything could not be read.
 void Save(Session& session, const std::string& path) {
     if (session.Failed())
         return;

@@ -10,29 +10,29 @@
 
 namespace strativo {
 
-/// The path in a form that the core does not take for a cancelled prompt, which a single blank
-/// stands for there.
+/// The path, changed if the core would take it for a cancelled prompt, which a single blank stands
+/// for.
 std::string CallersPath(const std::string& path);
 
-/// A project just started, for one file of the command line.
+/// A newly started project for one file of the command line.
 class Session {
 public:
     Session(const std::string& callersFile, const Invocation& call, std::ostream& err);
 
-    /// Runs an action of the core, which tells whether all went well. The end of the program and
-    /// exceptions, which are reported, end only the action, and give false too.
+    /// Runs an action of the core, which returns whether all went well. False, too, if the program
+    /// would have ended or an exception was thrown and reported; the next action can still run.
     bool Run(const std::function<bool()>& action);
     /// Reads the file as a construction file.
     void Read();
-    /// The file was read to its end, with or without trouble about its libraries.
+    /// Whether the file was read to its end, with or without trouble about its libraries.
     bool FileRead() const { return fileRead; }
-    /// It was, but no line of it is one of a construction file.
+    /// Whether it was, but no line is one of a construction file.
     bool IsForeign() const { return foreign; }
-    /// An action did not go well.
+    /// Whether an action failed.
     bool Failed() const { return failed; }
     /// Whether the path leads to a library that the file names.
     bool HasLibrary(const std::string& path) const;
-    /// 0, or 3 when an action did not go well.
+    /// 0, or 3 if an action failed.
     int Status() const;
 
     const std::string file; ///< as the caller wrote it

@@ -47,7 +47,7 @@ public:
     }
 
 private:
-    /// Puts a blank line between blocks.
+    /// Separates blocks with a blank line.
     void StartBlock() {
         if (anyBlock)
             out << '\n';
@@ -82,7 +82,7 @@ private:
 
 constexpr int schemaVersion = 1;
 
-/// A path's bytes are shown by their meaning, from which they could not be told.
+/// Paths are shown as text; the encoding is needed to get their bytes back.
 const char* EncodingOf(const std::string& path) {
     return IsValidUtf8(path) ? "utf-8" : "windows-1252";
 }

@@ -8,26 +8,26 @@
 
 namespace strativo {
 
-/// What prompts are answered with; "" cancels.
+/// The answers to prompts; "" cancels.
 struct PromptAnswers {
     std::string standardLibrary;
     std::string userLibrary;
     std::string constructionFile;
 };
 
-/// Nobody is there to answer: messages go to a stream as one line each, questions are
+/// Answers for a user who is not there: messages go to a stream as one line each, questions are
 /// answered Yes, and each prompt is answered once, then cancelled.
 class TerminalPrompts : public Prompts {
 public:
     TerminalPrompts(std::ostream& stream, std::string subjectFile, PromptAnswers promptAnswers);
 
-    /// Names the file that the messages to come are about.
+    /// Names the file that the following messages are about.
     void SetSubject(std::string file) { subject = std::move(file); }
-    /// Answers a construction file prompt to come.
+    /// Sets the answer to the next construction file prompt.
     void AnswerConstructionFile(std::string path) { answers.constructionFile = std::move(path); }
-    /// The program would have ended here.
+    /// Records that the program would have ended.
     void NoteEnd() { ended = true; }
-    /// Writes a line about the subject, as for a message.
+    /// Writes a line about that file, as for a message.
     void Report(const std::string& utf8);
 
     const std::vector<Message>& Messages() const { return messages; }

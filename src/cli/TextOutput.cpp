@@ -24,7 +24,7 @@ std::string MessageTitle(const Message& message) {
 }
 
 std::string ShownText(std::string_view bytes) {
-    // Most lines are plain ASCII, which stays as it is.
+    // Most lines are plain ASCII and need no conversion.
     if (std::all_of(bytes.begin(), bytes.end(), [](char c) { return c >= ' ' && c < 127; }))
         return std::string(bytes);
     return Printable(ToUtf8(bytes));

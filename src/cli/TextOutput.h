@@ -11,10 +11,10 @@ namespace strativo {
 
 inline constexpr char programName[] = "strativo-cli";
 
-/// What is wrong with an output file, after its name.
+/// What is wrong with an output file; follows its name.
 inline constexpr char outputIsInput[] = " is one of the files that are read";
 
-/// The message's text or title as UTF-8, its line breaks kept.
+/// The message's text or title in UTF-8, with its line breaks.
 std::string MessageText(const Message& message);
 std::string MessageTitle(const Message& message);
 

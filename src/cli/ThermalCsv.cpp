@@ -13,7 +13,7 @@ namespace {
 
 constexpr double joulesPerKilojoule = 1000;
 
-/// Between the columns that say what a row is of and the reason.
+/// The columns between those that identify a row and the one with the reason.
 constexpr std::size_t figureColumns = 22;
 
 /// The figures of a row, each with the comma before it.

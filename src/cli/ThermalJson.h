@@ -9,7 +9,8 @@ namespace strativo {
 /// "outside" or "inside".
 const char* SideName(FirstLayer side);
 
-/// A construction's thermal figures as members: whether they are available, why not, the figures.
+/// A construction's thermal figures as members: whether they are available, why not, and the
+/// figures.
 Json JsonOfThermal(const Construction& construction, const ThermalChoice& choice);
 
 } // namespace strativo

@@ -9,7 +9,7 @@ namespace strativo {
 
 namespace {
 
-/// An option that takes a number of a range.
+/// An option whose value is a number within a range.
 struct NumberOption {
     const char* name;
     std::string Invocation::*text;

@@ -14,10 +14,10 @@ struct ThermalChoice {
     std::vector<HeatFlow> flows;
 };
 
-/// Why a thermal option cannot be followed; empty when all can.
+/// Why a thermal option cannot be followed; empty if all can.
 std::string ThermalFault(const Invocation& call);
 
-/// Only of a call without a fault.
+/// To be called only if there is no such reason.
 ThermalChoice ThermalChoiceOf(const Invocation& call);
 
 } // namespace strativo

@@ -23,7 +23,7 @@ std::string ExportFault(const Invocation& call) {
     return "";
 }
 
-/// That this process may run on, which may be fewer than there are.
+/// The processors that this process may use, which may be fewer than there are.
 int UsableProcessors() {
     cpu_set_t processors;
     CPU_ZERO(&processors);

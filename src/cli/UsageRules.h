@@ -6,11 +6,11 @@
 
 namespace strativo {
 
-/// What is wrong with options that a command knows but that do not go together, or that have texts
-/// it does not know; empty when nothing is.
+/// Why the options of a command do not go together or have unknown values; empty if nothing is
+/// wrong.
 std::string OptionFault(const Invocation& call, const Command& command);
 
-/// Number of files that the call works on at a time; 0 for a text that says none.
+/// The number of files that the call works on at a time; 0 for an invalid text.
 int JobsOf(const Invocation& call);
 
 } // namespace strativo

@@ -20,7 +20,7 @@ public:
         layer.library = standardLibraryNumber;
     }
 
-    /// Takes the layer, which stands behind that slot, and returns its own slot.
+    /// Reads a layer, which must come after that slot, and returns its slot.
     int Read(JsonValue object, int slotBefore) {
         using Self = LayerReader;
         using Kind = JsonKind;
@@ -81,7 +81,7 @@ private:
     void Thickness(JsonValue value) { layer.thickness = JsonReader::Number(value); }
     void Absorption(JsonValue value) { layer.absorption = reader.Single(value).value_or(0); }
 
-    /// The file has the conductivity of a cavity where other layers have their number.
+    /// In the file, a cavity has its conductivity in the place of a layer's material number.
     void CheckConductivity() {
         if (!code || *code > 0) {
             layer.conductivity = conductivity.value_or(0);

@@ -33,7 +33,7 @@ std::optional<Fault> EncodingFault(std::string_view text) {
     return std::nullopt;
 }
 
-/// The separator of the first line that holds more than separators, quoted parts left out.
+/// The separator used in the first line that contains more than separators, ignoring quoted parts.
 char FindSeparator(std::string_view text) {
     const auto start = text.find_first_not_of(" \t,;\r\n\"");
     if (start == std::string_view::npos)

@@ -10,14 +10,14 @@
 namespace strativo {
 
 struct CsvRecord {
-    int line = 0; ///< of the file, where the record begins
+    int line = 0; ///< line of the file where the record begins
     std::vector<std::string> cells;
 
-    /// No cell holds more than blanks.
+    /// Whether all cells are empty or blank.
     bool IsEmpty() const;
 };
 
-/// A table as spreadsheets write it, records of empty cells left out.
+/// A table as spreadsheets write it, without records of empty cells.
 struct CsvTable {
     char separator = ',';
     std::vector<CsvRecord> records;
@@ -25,12 +25,13 @@ struct CsvTable {
 
 inline constexpr std::size_t largestCsv = std::size_t{16} << 20; ///< bytes
 
-/// Takes a table apart: UTF-8, a byte order mark allowed; separated as a first line "sep=;" says,
-/// else by semicolons, tabs or commas, whichever of these the first record has first. The only
-/// fault, if there is one: csv-encoding, csv-limit or csv-quote.
+/// Splits a table into records and cells. The text is UTF-8, with or without a byte order mark. A
+/// first line such as "sep=;" names the separator; otherwise it is a semicolon, tab or comma,
+/// whichever the first record has first. There is at most one fault: csv-encoding, csv-limit or
+/// csv-quote.
 std::optional<Fault> ParseCsv(std::string_view text, CsvTable& table);
 
-/// A text (UTF-8) as a cell between commas, quoted where it needs it.
+/// A text (UTF-8) as a cell between commas, quoted if necessary.
 std::string CsvCell(std::string_view text);
 
 /// The text without blanks, tabs and no-break spaces at its ends.

@@ -133,7 +133,7 @@ private:
         model.constructions.push_back(std::move(taken));
     }
 
-    /// The name of the object for the layer, which is made unless there is one of its values.
+    /// The name of the object for the layer, made unless one with the same values exists.
     std::string TakeMaterial(const Layer& layer) {
         EpMaterial material = ValuesOf(layer);
         material.name = EpName(layer.name);
@@ -194,7 +194,7 @@ private:
     const Project& project;
     EpOptions options;
     EpModel model;
-    std::map<EpMaterial, std::string> materials; ///< their names in the model by those they had
+    std::map<EpMaterial, std::string> materials; ///< the name of each material in the model
     EpNames materialNames;
     EpNames constructionNames;
 };

@@ -14,9 +14,9 @@ enum class EpMaterialKind { massive, noMass, airGap };
 
 struct EpMaterial {
     EpMaterialKind kind = EpMaterialKind::massive;
-    std::string name;        ///< ASCII, at most 99 characters, not that of another one
+    std::string name;        ///< ASCII, at most 99 characters, unique
     double resistance = 0;   ///< m2 K/W; of noMass and airGap
-    double thickness = 0;    ///< m; this and the following of a massive one
+    double thickness = 0;    ///< m; this and the following are those of a massive one
     double conductivity = 0; ///< W/m K
     double density = 0;      ///< kg/m3
     double specificHeat = 0; ///< J/kg K
@@ -49,7 +49,7 @@ struct EpModel {
 
 struct EpOptions {
     bool firstLayerInside = false;
-    bool opaqueOnly = false; ///< nothing transparent is told as left out
+    bool opaqueOnly = false; ///< transparent ones are not reported
 };
 
 EpModel MakeEpModel(const Project& project, EpOptions options);

@@ -9,7 +9,7 @@ namespace strativo {
 
 namespace {
 
-/// What stands for the bytes 0x80 to 0xFF; "_" for those without a letter that is like them.
+/// Replacements for the bytes 0x80 to 0xFF; "_" for those that resemble no letter.
 constexpr std::array<const char*, 128> likeHighBytes = {
     "_", "_", "_", "f",  "\"", "_", "_",  "_", "_", "_", "S", "_", "OE", "_", "Z",  "_",  // 80
     "_", "'", "'", "\"", "\"", "_", "-",  "-", "_", "_", "s", "_", "oe", "_", "z",  "Y",  // 90

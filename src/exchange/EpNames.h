@@ -7,17 +7,17 @@
 
 namespace strativo {
 
-/// A name (Windows-1252) in the ASCII characters that EnergyPlus takes in names, without blanks at
-/// its ends.
+/// A name (Windows-1252) in the ASCII characters that EnergyPlus accepts in names, without blanks
+/// at its ends.
 std::string EpName(std::string_view name);
 
-/// Names of objects, which EnergyPlus compares without regard to case.
+/// Gives objects unique names; EnergyPlus ignores case when it compares them.
 class EpNames {
 public:
     static constexpr std::size_t longest = 99;
 
-    /// The name with its ending (" (102 mm)" or none), the name cut where both are too long, and a
-    /// number behind them where that is taken already.
+    /// The name with its ending (such as " (102 mm)", or none). The name is shortened if both are
+    /// too long together, and a number follows if the result is taken.
     std::string Take(const std::string& name, const std::string& ending);
 
 private:

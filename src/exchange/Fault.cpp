@@ -10,7 +10,7 @@ namespace strativo {
 
 namespace {
 
-/// Room for faults that are found before others that stand in front of them.
+/// Extra room, because faults may be found before others that precede them in the file.
 constexpr std::size_t roomForFaults = 2 * FaultList::limit;
 
 } // namespace

@@ -10,7 +10,7 @@ namespace {
 
 constexpr char fraction[] = "a number (fraction)";
 
-/// True for an array of as many items as the table has; else a fault.
+/// Whether the array has as many items as the table; otherwise adds a fault.
 template <class Table>
 bool HasLength(JsonReader& reader, JsonValue array, const char* what) {
     const std::size_t count = array.ItemCount();
@@ -74,7 +74,7 @@ public:
 
     const std::string& Name() const { return type.name; }
 
-    /// Puts the type where one of its name was made.
+    /// Puts the type into the slot that was made for its name.
     void Fill(BasicGlassType<Values>& made, OwnedComments& owned, int number) {
         made = std::move(type);
         for (std::string& line : comments)
@@ -110,7 +110,7 @@ void ReadGlassType(const NameRules& names, JsonValue object, Project& project) {
     GlassReader<AngularValues> type(names, NamedPart::glassType);
     type.Read(object);
     if (type.Name().empty())
-        return; // a fault, which has been told
+        return; // a fault has been reported already
     AddGlassType(project, type.Name());
     const int number = project.currentGlassType;
     type.Fill(project.glassTypes[number], project.comments.glassTypes, number);

@@ -189,7 +189,7 @@ private:
         ++at;
     }
 
-    /// The value of four hexadecimal digits, which are taken.
+    /// Reads four hexadecimal digits and returns their value.
     unsigned TakeHexDigits() {
         unsigned value = 0;
         for (int digit = 0; digit < 4; ++digit, ++at) {
@@ -279,7 +279,7 @@ private:
     std::size_t at = 0;
 };
 
-/// Finds the first key of a document that its object has already.
+/// Finds the first key of a document that occurs twice in its object.
 class DuplicateSearch {
 public:
     explicit DuplicateSearch(const JsonTree& source) : tree(source) {}

@@ -26,7 +26,7 @@ char Lower(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
 }
 
-/// Number of letters to be changed, added or left out, without regard to case.
+/// Number of letters to change, add or leave out to get from one word to the other, ignoring case.
 std::size_t Distance(std::string_view a, std::string_view b) {
     std::vector<std::size_t> row(b.size() + 1);
     std::iota(row.begin(), row.end(), std::size_t{0});
@@ -61,7 +61,7 @@ std::string Described(JsonValue value) {
 std::string_view NearestName(std::string_view name, const std::vector<std::string_view>& known) {
     constexpr std::size_t longest = 60;
     std::string_view nearest;
-    std::size_t best = 3; // more than two letters apart is another word
+    std::size_t best = 3; // words more than two letters apart are not alike
     for (const std::string_view candidate : known) {
         if (name.size() > longest || 2 * best > candidate.size() + 2)
             continue;
@@ -146,8 +146,8 @@ std::optional<int> JsonReader::Integer(JsonValue number, int lowest, int highest
 }
 
 std::optional<float> JsonReader::Single(JsonValue number) {
-    // Halfway between the largest float and the next power of two: from here on the nearest one
-    // would be infinite.
+    // Halfway between the largest float and the next power of two; from here on, a value would
+    // round to infinity.
     constexpr double limit = 3.4028235677973366e38;
     constexpr double largest = std::numeric_limits<float>::max();
     const double value = Number(number);

@@ -10,23 +10,23 @@
 
 namespace strativo {
 
-/// A key that an object may have. Its value is given to the owner's function, which null leaves
-/// out: the value is only checked to be of its kind.
+/// A key that an object may have, with the owner's function for its value. If the function is null,
+/// the value is only checked to be of its kind.
 template <class Owner>
 struct JsonKey {
     std::string_view key;
     JsonKind kind;
-    const char* expected; ///< what the value is to be, as messages name it
+    const char* expected; ///< the expected kind of value as messages name it
     bool required;
     void (Owner::*read)(JsonValue value);
 };
 
-/// Takes values of a JSON text and keeps what is wrong with them.
+/// Reads values of a JSON text and collects their faults.
 class JsonReader {
 public:
     explicit JsonReader(FaultList& list) : faults(list) {}
 
-    /// Gives each member that a key of the table names to the owner. False when the value is no
+    /// Passes each member with a key in the table to the owner. False if the value is not an
     /// object.
     template <class Keys, class Owner>
     bool ReadObject(JsonValue object, const Keys& keys, Owner& owner) {
@@ -52,14 +52,14 @@ public:
         return true;
     }
 
-    /// Calls act(item) for each item of an array, its place known to messages.
+    /// Calls act(item) for each item of an array, while messages know the item's place.
     template <class Action>
     void ReadItems(JsonValue array, Action act) {
         std::size_t place = 0;
         array.ForEachItem([&](JsonValue item) { Inside(place++, [&] { act(item); }); });
     }
 
-    /// Calls act() for what stands under that key or in that place of the array.
+    /// Calls act() while messages point to that key, or to that place in the array.
     template <class Action>
     void Inside(std::variant<std::string_view, std::size_t> step, Action act) {
         const char* const before = expected;
@@ -69,10 +69,11 @@ public:
         expected = before;
     }
 
-    /// True for a value of that kind, else a fault; of a number also when it is beyond a double.
+    /// True for a value of that kind; otherwise adds a fault, as it does for a number beyond a
+    /// double.
     bool Check(JsonValue value, JsonKind kind, const char* what);
     void Fail(const char* rule, JsonValue value, const std::string& text);
-    /// "expected WHAT, got VALUE", of the key that is read.
+    /// Adds the fault "expected WHAT, got VALUE" for the current key.
     void FailExpecting(const char* rule, JsonValue value, const std::string& what);
 
     void FailMissing(JsonValue object, std::string_view key, const char* what);
@@ -108,7 +109,7 @@ private:
 /// The value as messages show it: "the string "12,5"".
 std::string Described(JsonValue value);
 
-/// The known name that is like another one; empty when none is.
+/// The known name that resembles another one; empty if none does.
 std::string_view NearestName(std::string_view name, const std::vector<std::string_view>& known);
 
 } // namespace strativo

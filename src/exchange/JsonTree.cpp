@@ -32,7 +32,8 @@ char32_t HexValue(std::string_view digits) {
     return value;
 }
 
-/// The code point of the escape sequence behind "\u", which is taken off with its second half.
+/// Reads the code point of an escape sequence after "\u", including its second half if there is
+/// one.
 char32_t TakeUnicodeEscape(std::string_view& raw) {
     constexpr std::size_t digits = 4;
     char32_t code = HexValue(raw.substr(0, digits));

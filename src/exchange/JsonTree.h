@@ -12,14 +12,14 @@ namespace strativo {
 
 enum class JsonKind : std::uint8_t { null, boolean, number, string, array, object };
 
-/// A parsed JSON text as a list of its values in document order, keys among them. It holds no copy
-/// of the text, which must outlive it: a value of a large document takes 16 bytes.
+/// A parsed JSON text as a list of its values and keys in document order. It refers to the text,
+/// which must outlive it, so that a value of a large document takes only 16 bytes.
 class JsonTree {
 public:
     struct Node {
-        std::uint32_t start;  ///< offset in the text; of a string, behind its quote
-        std::uint32_t length; ///< bytes, quotes and brackets left out
-        std::uint32_t next;   ///< node behind this one and all that it holds
+        std::uint32_t start;  ///< offset in the text; for a string, after its quote
+        std::uint32_t length; ///< bytes, without quotes and brackets
+        std::uint32_t next;   ///< node after this one and everything in it
         JsonKind kind;
         bool escaped; ///< a string that holds escapes
     };
@@ -35,7 +35,7 @@ public:
 
     JsonKind Kind() const { return Node().kind; }
     std::size_t Offset() const { return Node().start; }
-    /// A number, true, false or null as it is written; a string with its escapes.
+    /// A number, true, false or null as written; a string with its escapes.
     std::string_view Raw() const { return tree->text.substr(Node().start, Node().length); }
     /// A string's or key's characters, in UTF-8.
     std::string Text() const;
@@ -65,11 +65,11 @@ inline constexpr std::size_t largestJson = std::size_t{64} << 20; ///< bytes
 inline constexpr int deepestJson = 32;                            ///< arrays and objects
 inline constexpr std::size_t longestJsonNumber = 1000;            ///< characters
 
-/// Parses a text by RFC 8259, a byte order mark allowed, into the tree. The first fault, if there
-/// is one: json-syntax, json-encoding, json-limit or duplicate-key.
+/// Parses a text according to RFC 8259, with or without a byte order mark, into the tree. Returns
+/// the first fault if there is one: json-syntax, json-encoding, json-limit or duplicate-key.
 std::optional<Fault> ParseJson(std::string_view text, JsonTree& tree);
 
-/// The fault of a text beyond the largest size, which needs not be read for it.
+/// The fault of a text beyond the largest size, which need not be read for it.
 Fault TooLargeJson();
 
 /// A key as a part of a JSON pointer.

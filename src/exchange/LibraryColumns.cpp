@@ -11,8 +11,8 @@ namespace {
 struct ColumnNames {
     const char* name;
     std::vector<std::string_view> accepted; ///< lower case, letters and digits only
-    std::vector<std::string_view> alike; ///< how headers of the column begin, whatever their unit
-    const char* known;                   ///< as messages list what is accepted
+    std::vector<std::string_view> alike;    ///< how similar headers begin, whatever their unit
+    const char* known;                      ///< the accepted headers as messages list them
 };
 
 const std::array<ColumnNames, libraryColumns>& Columns() {
@@ -52,7 +52,7 @@ bool BeginsAlike(const ColumnNames& column, const std::string& plain) {
                        [&](std::string_view start) { return plain.starts_with(start); });
 }
 
-/// The headers that may have been meant, else all of them.
+/// The headers that were probably meant, or else all of them.
 std::string FoundHeaders(const CsvRecord& header, const ColumnNames& column) {
     std::string alike;
     std::string all;

@@ -23,7 +23,7 @@ constexpr std::size_t mostStandardMaterials = 93;
 constexpr std::size_t mostUserMaterials = 99;
 constexpr int largestCode = std::numeric_limits<std::int16_t>::max();
 
-/// A number with a decimal comma as one with a point; a text with both stays none.
+/// Turns a decimal comma into a point; a text with both is not a number.
 std::string WithPoint(std::string_view cell) {
     std::string number(cell);
     const auto comma = number.find(',');
@@ -108,7 +108,7 @@ private:
                 WholeNumber(table.separator == ',' ? std::string(cell) : WithPoint(cell));
             if (!number)
                 Fail("bad-number", column, Quoted(cell) + " is not a number");
-            return number ? std::optional(*number + 0.0) : number; // no zero with a sign
+            return number ? std::optional(*number + 0.0) : number; // avoids a negative zero
         } catch (const RuntimeError&) {
             Fail(column == codeColumn ? "code-range" : "number-range", column,
                  Quoted(cell) + " is beyond a 64-bit float");
@@ -167,7 +167,7 @@ private:
         return name;
     }
 
-    /// The name in Windows-1252 without characters that the loader would not give back.
+    /// The name in Windows-1252, without characters that the loader would change.
     std::optional<std::string> NameBytes(std::string_view cell) {
         std::string bytes;
         for (std::string_view rest = cell; !rest.empty();) {

@@ -41,7 +41,7 @@ private:
     Comments& comments;
 };
 
-/// A library's path with the encoding of its bytes, which may stand in front of it or behind.
+/// A library's path and the encoding of its bytes, which may come before or after it.
 struct PathEntry {
     std::optional<JsonValue> value;
     bool windows1252 = false;

@@ -9,16 +9,15 @@
 
 namespace strativo {
 
-/// A project made from a text, or what stands in the way.
+/// The project made from a text, or the faults that prevent it.
 struct BuiltProject {
     Project project;
-    std::vector<Fault>
-        faults; ///< in document order; the project is one to be used if there is none
+    std::vector<Fault> faults;  ///< in document order; only without any is the project usable
     std::size_t moreFaults = 0; ///< number of those left out
 };
 
-/// Makes the project that `strativo-cli show --json` prints as this text, as far as a construction
-/// file holds it; libraries are not read. Names that do not come back from such a file are faults.
+/// Makes the project from a text that `strativo-cli show --json` prints, as far as a construction
+/// file can hold it; libraries are not read. Names that would not survive such a file are faults.
 BuiltProject BuildProject(std::string_view json, const NameTest& comesBack);
 
 } // namespace strativo

@@ -6,7 +6,7 @@ namespace strativo {
 
 namespace {
 
-/// What ends a line, begins another one or is dropped where a line is read.
+/// Characters that end a line or are dropped when a line is read.
 bool BreaksLine(const std::string& bytes) {
     return bytes.find_first_of("\t\r\n\x1a") != std::string::npos;
 }

@@ -6,7 +6,7 @@
 
 int main(int argc, char** argv) {
     strativo::PrepareProcess();
-    std::signal(SIGPIPE, SIG_DFL); // a reader who has enough ends the program without a word
+    std::signal(SIGPIPE, SIG_DFL); // when the reader closes the pipe, the program ends silently
     std::ios::sync_with_stdio(false);
     return strativo::RunCommandLine(argc, argv, std::cout, std::cerr);
 }
