@@ -4,6 +4,8 @@
 #include "calc/LayerList.h"
 #include "edit/ConstructionSlots.h"
 #include "edit/LayerClipboard.h"
+#include "edit/StateBefore.h"
+#include "text/Format.h"
 #include "text/Numbers.h"
 #include "text/RuntimeError.h"
 
@@ -68,6 +70,8 @@ EntryResult EnterThickness(Project& project, int number, std::string_view text, 
     const Layer& before = construction.layers[SlotOfLayer(construction, layerNumber)];
     if (!value || !IsLikelyThickness(before, *value, prompts))
         return EntryResult::refused;
+    NoteConstruction(project, number);
+    NameAction(project, "thickness of " + before.name);
     CloseUpLayers(construction);
     construction.currentLayer = static_cast<std::int16_t>(layerNumber);
     Layer& layer = construction.layers.Edit(layerNumber);
@@ -87,16 +91,23 @@ EntryResult EnterAbsorption(Project& project, int number, std::string_view text,
     const std::optional<double> value = TypedNumber(text, prompts);
     if (!value)
         return EntryResult::refused;
+    NoteConstruction(project, number);
     Construction& construction = project.constructions[number];
-    construction.layers.Edit(SlotOfLayer(construction, layer)).absorption = ToSingle(*value);
+    Layer& edited = construction.layers.Edit(SlotOfLayer(construction, layer));
+    NameAction(project, "absorption of " + edited.name);
+    edited.absorption = ToSingle(*value);
     return EntryResult::accepted;
 }
 
 void EnterName(Project& project, int number, std::string_view text) {
+    NoteConstruction(project, number);
+    NameAction(project, "name of construction" + SignPositionNumber(number));
     project.constructions[number].name = CleanEntry(text);
 }
 
 void ChangeType(Project& project, int number, int typeIndex) {
+    NoteConstruction(project, number);
+    NameAction(project, "type of construction" + SignPositionNumber(number));
     project.constructions[number].type = static_cast<std::int16_t>(typeIndex);
 }
 

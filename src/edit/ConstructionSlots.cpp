@@ -1,5 +1,6 @@
 #include "edit/ConstructionSlots.h"
 
+#include "edit/StateBefore.h"
 #include "text/Format.h"
 
 #include <algorithm>
@@ -57,6 +58,8 @@ int LatestActiveConstruction(const Project& project) {
 
 void OpenConstructionWindow(Project& project) {
     const int number = FirstFreeConstructionSlot(project);
+    NoteConstruction(project, number);
+    NameAction(project, "new construction" + SignPositionNumber(number));
     Construction& construction = project.constructions[number];
     construction = Construction();
     construction.name = ConstructionTitle(number);
@@ -74,6 +77,8 @@ void CreateUnnamedConstruction(Project& project) {
 void RemoveConstruction(Project& project, int number) {
     if (!InUse(project, number))
         return;
+    NoteConstruction(project, number);
+    NameAction(project, "removal of construction" + SignPositionNumber(number), true);
     CloseSlot(project, number);
     ChooseCurrentAfterRemoval(project);
 }

@@ -1,6 +1,7 @@
 #include "edit/GlassProfile.h"
 
 #include "edit/ConstructionEntry.h"
+#include "edit/StateBefore.h"
 #include "text/Format.h"
 #include "text/Numbers.h"
 #include "text/RuntimeError.h"
@@ -173,6 +174,9 @@ bool AcceptProfile(Project& project, const GlassProfile& profile, std::string_vi
     const std::string clean = CleanEntry(name);
     if (!IsAcceptableName(project, profile, clean, prompts))
         return false;
+    NoteGlassType(project, profile.glassType);
+    NameAction(project,
+               (profile.name.empty() ? "new glass type " : "change of glass type ") + clean);
     GlassType& type = project.glassTypes[profile.glassType];
     const bool different = type.name != clean || type.transmission != profile.transmission
                            || type.absorption != profile.absorption;

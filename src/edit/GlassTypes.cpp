@@ -1,40 +1,47 @@
 #include "edit/GlassTypes.h"
 
+#include "edit/StateBefore.h"
+
 #include <algorithm>
 
 namespace strativo {
 
 namespace {
 
-/// The number of a free slot, its values reset to 0. The hint saves searching from slot 1 each
-/// time.
+/// The lowest free slot, or the one after the last. The hint saves searching from slot 1 each time.
 template <class Glass>
-int TakeFreeSlot(NumberedList<Glass>& types, int& freeHint, OwnedComments& comments) {
+int FindFreeSlot(const NumberedList<Glass>& types, int& freeHint) {
     int number = freeHint;
     while (types.Has(number) && !types[number].name.empty())
         ++number;
     freeHint = number;
-    if (types.Has(number)) {
-        types[number] = Glass();
+    return number;
+}
+
+/// Gives a type to the slot that was found, with all values 0.
+template <class Glass>
+void TakeSlot(NumberedList<Glass>& types, int number, std::string name, OwnedComments& comments) {
+    if (!types.Has(number))
+        types.Append();
+    else
         comments.Drop(number);
-        return number;
-    }
-    return types.Append();
+    types[number] = Glass();
+    types[number].name = std::move(name);
 }
 
 } // namespace
 
 void AddGlassType(Project& project, std::string name) {
-    const int number =
-        TakeFreeSlot(project.glassTypes, project.freeGlassHint, project.comments.glassTypes);
-    project.glassTypes[number].name = std::move(name);
+    const int number = FindFreeSlot(project.glassTypes, project.freeGlassHint);
+    NoteGlassType(project, number);
+    TakeSlot(project.glassTypes, number, std::move(name), project.comments.glassTypes);
     project.currentGlassType = number;
 }
 
 void AddGlassType2D(Project& project, std::string name) {
-    const int number =
-        TakeFreeSlot(project.glassTypes2D, project.freeGlassHint2D, project.comments.glassTypes2D);
-    project.glassTypes2D[number].name = std::move(name);
+    const int number = FindFreeSlot(project.glassTypes2D, project.freeGlassHint2D);
+    NoteGlassType2D(project, number);
+    TakeSlot(project.glassTypes2D, number, std::move(name), project.comments.glassTypes2D);
     project.currentGlassType2D = number;
 }
 
@@ -79,6 +86,8 @@ bool DeleteGlassType(Project& project, std::string_view name, Prompts& prompts) 
     for (const int number : NamedGlassTypes(project.glassTypes)) {
         if (project.glassTypes[number].name != name)
             continue;
+        NoteGlassType(project, number);
+        NameAction(project, "deletion of glass type " + std::string(name), true);
         project.glassTypes[number].name.clear();
         project.freeGlassHint = std::min(project.freeGlassHint, number);
         project.changed = true;

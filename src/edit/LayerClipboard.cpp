@@ -2,6 +2,7 @@
 
 #include "calc/LayerList.h"
 #include "edit/ConstructionSlots.h"
+#include "edit/StateBefore.h"
 #include "text/Numbers.h"
 
 #include <algorithm>
@@ -21,8 +22,10 @@ Construction* CurrentConstruction(Project& project, Prompts& prompts) {
 /// The same, ready for an edit: gaps between its layers are closed first.
 Construction* EditedConstruction(Project& project, Prompts& prompts) {
     Construction* construction = CurrentConstruction(project, prompts);
-    if (construction != nullptr)
-        CloseUpLayers(*construction);
+    if (construction == nullptr)
+        return nullptr;
+    NoteConstruction(project, project.currentConstruction);
+    CloseUpLayers(*construction);
     return construction;
 }
 
@@ -109,6 +112,8 @@ void RefreshAndMarkChanged(Project& project, Construction& construction) {
 
 void DeleteMarked(Project& project, Construction& construction) {
     const std::int16_t focused = construction.currentLayer;
+    const int marked = MarkedLayersUpTo(construction, maxLayers);
+    NameAction(project, "deletion of " + Counted(marked, "layer"), true);
     if (focused > 0 && RemoveMarkedLayers(construction)) {
         const auto left = static_cast<std::int16_t>(LayerCount(construction));
         construction.currentLayer = std::min(focused, left);
@@ -152,8 +157,10 @@ void CutLayers(Project& project, Prompts& prompts) {
     Construction* construction = EditedConstruction(project, prompts);
     if (construction == nullptr || construction->currentLayer == 0)
         return;
+    const int marked = MarkedLayersUpTo(*construction, maxLayers);
     CopyMarkedLayers(*construction, project.clipboard);
     DeleteMarked(project, *construction);
+    NameAction(project, "cut of " + Counted(marked, "layer"), true);
 }
 
 void DeleteLayers(Project& project, Prompts& prompts) {
@@ -172,6 +179,7 @@ void PasteLayers(Project& project, Prompts& prompts) {
         if (!entry.name.empty() && lines < maxLayers)
             InsertEntry(project, *construction, lines++, ++current, entry);
     MarkInserted(*construction, before + 1, current, current);
+    NameAction(project, "paste of " + Counted(current - before, "layer"));
     RefreshAndMarkChanged(project, *construction);
 }
 
@@ -186,6 +194,7 @@ void PasteLayersBefore(Project& project, Prompts& prompts) {
         if (!project.clipboard[slot].name.empty() && lines < maxLayers)
             InsertEntry(project, *construction, lines++, at, project.clipboard[slot]);
     MarkInserted(*construction, at, at + lines - before - 1, at);
+    NameAction(project, "paste of " + Counted(lines - before, "layer"));
     RefreshAndMarkChanged(project, *construction);
 }
 
@@ -197,6 +206,13 @@ bool TakeMaterial(Project& project) {
     ClearClipboard(project.clipboard);
     project.clipboard[1] = entry;
     return true;
+}
+
+void InsertMaterial(Project& project, Prompts& prompts) {
+    if (!TakeMaterial(project))
+        return;
+    PasteLayersBefore(project, prompts);
+    NameAction(project, "insertion of " + project.clipboard[1].name);
 }
 
 void ClearClipboard(LayerClipboard& clipboard) {

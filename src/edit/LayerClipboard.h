@@ -27,6 +27,9 @@ void PasteLayersBefore(Project& project, Prompts& prompts);
 /// code or conductivity does not fit into a layer.
 bool TakeMaterial(Project& project);
 
+/// Takes the selected material, if there is one, and pastes it before the current layer.
+void InsertMaterial(Project& project, Prompts& prompts);
+
 /// Empties all entries.
 void ClearClipboard(LayerClipboard& clipboard);
 

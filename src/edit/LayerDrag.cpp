@@ -3,6 +3,7 @@
 #include "calc/LayerList.h"
 #include "edit/ConstructionSlots.h"
 #include "edit/LayerClipboard.h"
+#include "edit/StateBefore.h"
 
 #include <algorithm>
 
@@ -12,6 +13,7 @@ namespace {
 
 /// Inserts the clipboard at the row, without leaving marks, and brings the target's window up.
 void PasteAtRow(Project& project, int target, int row, Prompts& prompts) {
+    NoteConstruction(project, target);
     ActivateConstruction(project, target);
     Construction& construction = project.constructions[target];
     CloseUpLayers(construction);
@@ -70,11 +72,14 @@ void DropLayers(Project& project, int target, int row, Prompts& prompts) {
         row -= otherConstruction ? 0 : above;
     }
     PasteAtRow(project, target, row, prompts);
+    NameAction(project, (drag.copy ? "copy of " : "move of ") + Counted(moved, "layer"));
 }
 
 void DropMaterial(Project& project, int target, int row, Prompts& prompts) {
-    if (InUse(project, target))
-        PasteAtRow(project, target, row, prompts);
+    if (!InUse(project, target))
+        return;
+    PasteAtRow(project, target, row, prompts);
+    NameAction(project, "insertion of " + project.clipboard[1].name);
 }
 
 } // namespace strativo

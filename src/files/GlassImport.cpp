@@ -1,6 +1,7 @@
 #include "files/GlassImport.h"
 
 #include "edit/GlassTypes.h"
+#include "edit/StateBefore.h"
 #include "files/CommentedLines.h"
 #include "files/ConstructionPrompts.h"
 #include "files/FileAccess.h"
@@ -75,12 +76,16 @@ private:
     /// On purpose, comments are filed under the number of sections read, not under the type's slot.
     void KeepComment(std::string text) {
         Comments& comments = project.comments;
-        if (!windowSeen)
+        if (!windowSeen) {
+            NoteFileHead(project);
             comments.fileHead.push_back(std::move(text));
-        else if (is2D)
+        } else if (is2D) {
+            NoteGlassType2D(project, project.glassSectionsRead2D);
             comments.glassTypes2D.Add(project.glassSectionsRead2D, std::move(text));
-        else
+        } else {
+            NoteGlassType(project, project.glassSectionsRead);
             comments.glassTypes.Add(project.glassSectionsRead, std::move(text));
+        }
     }
 
     CommentedLines lines;
@@ -90,6 +95,15 @@ private:
     bool is2D = false;
     bool atEndMark = false;
 };
+
+int SectionsRead(const Project& project) {
+    return project.glassSectionsRead + project.glassSectionsRead2D;
+}
+
+void NameImport(Project& project, int sectionsBefore) {
+    NameAction(project,
+               "import of " + Counted(SectionsRead(project) - sectionsBefore, "glass type"));
+}
 
 } // namespace
 
@@ -101,16 +115,17 @@ ImportResult ImportGlassDefinitions(Project& project, Prompts& prompts) {
     const std::optional<std::string> path = PromptConstructionFile(project, prompts);
     if (!path)
         return ImportResult::cancelled;
-    const int sectionsBefore = project.glassSectionsRead + project.glassSectionsRead2D;
+    const int before = SectionsRead(project);
     try {
         if (!ParseGlassDefinitions(ReadFileBytes(*path), project))
             prompts.ShowMessage({incorrectFormat, ""});
+        NameImport(project, before);
         project.changed = true;
         return ImportResult::imported;
     } catch (const RuntimeError& error) {
         prompts.ShowMessage({glassImportMessages.Text(error.Number()), ""});
-        const bool added = project.glassSectionsRead + project.glassSectionsRead2D > sectionsBefore;
-        project.changed = project.changed || added;
+        NameImport(project, before);
+        project.changed = project.changed || SectionsRead(project) > before;
         return ImportResult::stopped;
     }
 }

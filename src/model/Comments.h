@@ -22,6 +22,14 @@ public:
         static const CommentLines none;
         return HasLinesUpTo(owner) ? lines[static_cast<std::size_t>(owner)] : none;
     }
+    /// Exchanges the owner's comments for these.
+    void Swap(int owner, CommentLines& others) {
+        if (others.empty() && !HasLinesUpTo(owner))
+            return;
+        if (!HasLinesUpTo(owner))
+            lines.resize(static_cast<std::size_t>(owner) + 1);
+        lines[static_cast<std::size_t>(owner)].swap(others);
+    }
     void Drop(int owner) {
         if (HasLinesUpTo(owner))
             lines[static_cast<std::size_t>(owner)].clear();

@@ -51,6 +51,9 @@ public:
         return Size();
     }
 
+    /// Adds empty slots at the end, or drops the last ones.
+    void Resize(int size) { items.resize(static_cast<std::size_t>(size)); }
+
     auto begin() { return items.begin(); }
     auto end() { return items.end(); }
     auto begin() const { return items.begin(); }

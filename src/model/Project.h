@@ -7,6 +7,7 @@
 #include "model/LayerClipboard.h"
 #include "model/Material.h"
 #include "model/NumberedTable.h"
+#include "model/StateBefore.h"
 
 #include <array>
 #include <cstdint>
@@ -81,6 +82,8 @@ struct Project {
     unsigned contentsReplaced = 0; ///< counts new projects and files read
     unsigned contentsSaved = 0;    ///< counts the writings to a file
     bool replacingContent = false; ///< the old content is gone and the new one is not complete yet
+
+    StateBefore before;            ///< what the action under way has changed
 
     LayerClipboard clipboard;
     LayerDrag drag;

@@ -186,10 +186,7 @@ void UvalsDialog::MatOption_Click(int index) {
 }
 
 void UvalsDialog::UValueList_DblClick() {
-    program.perform([this] {
-        if (TakeMaterial(program.project))
-            PasteLayersBefore(program.project, program.prompts);
-    });
+    program.perform([this] { InsertMaterial(program.project, program.prompts); });
 }
 
 bool UvalsDialog::eventFilter(QObject* watched, QEvent* event) {
@@ -208,8 +205,10 @@ bool UvalsDialog::UValueList_KeyDown(const QKeyEvent& event) {
     if (IsRepeat(event))
         return true;
     program.perform([&] {
-        if (TakeMaterial(program.project) && IsEnter(event.key()))
-            PasteLayersBefore(program.project, program.prompts);
+        if (IsEnter(event.key()))
+            InsertMaterial(program.project, program.prompts);
+        else
+            TakeMaterial(program.project);
     });
     return true;
 }
