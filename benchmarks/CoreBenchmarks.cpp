@@ -5,7 +5,6 @@
 #include "edit/MaterialList.h"
 #include "files/ConstructionWriter.h"
 #include "files/MaterialLibraryFile.h"
-#include "files/SilentPrompts.h"
 
 #include <benchmark/benchmark.h>
 #include <ctime>
@@ -74,7 +73,6 @@ void Read(benchmark::State& state) {
 }
 
 void Relink(benchmark::State& state) {
-    SilentPrompts prompts;
     const std::string bytes = FileBytes(state);
     Measure(
         state, bytes, [&] { return ParsedProject(bytes); },
@@ -82,10 +80,9 @@ void Relink(benchmark::State& state) {
 }
 
 void Write(benchmark::State& state) {
-    SilentPrompts prompts;
     const std::string bytes = FileBytes(state);
     const std::shared_ptr<Project> linked = ParsedProject(bytes);
-    RelinkLayers(*linked, prompts);
+    RelinkLayers(*linked);
     Measure(
         state, bytes, [&] { return linked; },
         [](const Project& project) { benchmark::DoNotOptimize(FormatConstructionFile(project)); });

@@ -1,7 +1,7 @@
 #include "benchmarks/Clock.h"
 #include "benchmarks/LineScan.h"
 #include "files/FileAccess.h"
-#include "files/SilentPrompts.h"
+#include "port/Prompts.h"
 #include "project/FileCommands.h"
 #include "project/NewProject.h"
 #include "project/ReadConstructionFile.h"
@@ -59,8 +59,16 @@ void Scan(const std::string& path, const std::string&) {
     PrintTimeOf([&] { ScanLines(path); });
 }
 
+/// The files that are measured give nothing to tell or to ask.
+class NoPrompts : public Prompts {
+public:
+    Answer ShowMessage(const Message& message) override { throw std::runtime_error(message.text); }
+    std::optional<std::string> AskOpenFile(const FilePrompt&) override { return std::nullopt; }
+    std::optional<std::string> AskSaveFile(const FilePrompt&) override { return std::nullopt; }
+};
+
 void ReadProject(Project& project, const std::string& path) {
-    SilentPrompts prompts;
+    NoPrompts prompts;
     StartUp(project, Settings());
     ReadConstructionFile(project, path, prompts);
     Require(project.standardLoaded && project.constructionCount > 0);
@@ -73,7 +81,7 @@ void Read(const std::string& path, const std::string&) {
 
 void Write(const std::string& path, const std::string& target) {
     Project project;
-    SilentPrompts prompts;
+    NoPrompts prompts;
     ReadProject(project, path);
     project.constructionFile = target;
     PrintTimeOf([&] { Require(WriteConstructionFile(project, prompts)); });
