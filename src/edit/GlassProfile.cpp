@@ -175,8 +175,8 @@ bool AcceptProfile(Project& project, const GlassProfile& profile, std::string_vi
     if (!IsAcceptableName(project, profile, clean, prompts))
         return false;
     NoteGlassType(project, profile.glassType);
-    NameAction(project,
-               (profile.name.empty() ? "new glass type " : "change of glass type ") + clean);
+    const bool isNew = profile.name.empty();
+    NameAction(project, (isNew ? "new glass type " : "change of glass type ") + clean, !isNew);
     GlassType& type = project.glassTypes[profile.glassType];
     const bool different = type.name != clean || type.transmission != profile.transmission
                            || type.absorption != profile.absorption;

@@ -26,11 +26,11 @@ template <class Record>
 class SavedSlots {
 public:
     /// Before a slot changes; the first time since the saving counts.
-    void Keep(const SlotState<Record>& saved) { slots.try_emplace(saved.number, Slot{saved}); }
+    void Keep(const SlotState<Record>& saved) { changed.try_emplace(saved.number, Slot{saved}); }
 
     /// After it changed.
     void Compare(const SlotState<Record>& now) {
-        Slot& slot = slots.at(now.number);
+        Slot& slot = changed.at(now.number);
         differing -= slot.differs ? 1 : 0;
         slot.differs = !SameContent(slot.saved, now);
         differing += slot.differs ? 1 : 0;
@@ -44,7 +44,7 @@ private:
         bool differs = false;
     };
 
-    std::map<int, Slot> slots;
+    std::map<int, Slot> changed;
     int differing = 0;
 };
 

@@ -43,8 +43,10 @@ void ProjectView::FollowConstructions() {
     if (now == seen)
         return;
     CloseWindowsOfThePast();
-    if (now.beginnings != seen.beginnings)
+    if (now.beginnings != seen.beginnings) {
         CloseEmptyWindows();
+        formerPlaces.clear();
+    }
     OpenNewWindows();
     seen = now;
 }
@@ -55,8 +57,10 @@ void ProjectView::CloseWindowsOfThePast() {
         const auto [number, opening] = *window;
         const bool isThere =
             InUse(project, number) && project.constructions[number].window.opening == opening;
-        if (!isThere)
+        if (!isThere) {
+            formerPlaces[opening] = area.Position(number);
             area.Close(number);
+        }
         window = isThere ? std::next(window) : opened.erase(window);
     }
     project.closingInProgress = false;
@@ -83,13 +87,16 @@ void ProjectView::OpenNewWindows() {
 }
 
 void ProjectView::OpenWindow(int number) {
-    if (!area.Has(number)) {
+    const auto former = formerPlaces.find(project.constructions[number].window.opening);
+    if (area.Has(number)) {
+        // If an empty window occupies this slot, the construction takes it over.
+        area.SetCaption(number, CaptionOf(number));
+        area.SetMinimised(number, false);
+    } else if (former == formerPlaces.end()) {
         area.Open(number, CaptionOf(number));
-        return;
+    } else {
+        area.OpenAt(number, CaptionOf(number), former->second);
     }
-    // If an empty window occupies this slot, the construction takes it over.
-    area.SetCaption(number, CaptionOf(number));
-    area.SetMinimised(number, false);
 }
 
 QString ProjectView::CaptionOf(int number) const {

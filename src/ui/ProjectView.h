@@ -60,6 +60,7 @@ private:
     StatusBar& status;
     Openings seen;
     std::map<int, unsigned> opened; ///< by construction with a window: the opening it is of
+    std::map<unsigned, QPoint> formerPlaces; ///< of windows closed, by opening, should they return
     std::vector<QPointer<UValue>> constructions;
     QPointer<WinForm> glass;
 };

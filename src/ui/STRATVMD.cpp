@@ -115,8 +115,10 @@ void UValueMDI::PlaceDialog() {
 
 /// Every action of the user runs through here. An action may show boxes and so start further ones.
 void UValueMDI::Perform(const std::function<void()>& action) {
-    if (performing == 0)
+    if (performing == 0) {
         watch->ActionBegins();
+        history.ActionBegins(project);
+    }
     ++performing;
     try {
         action();
@@ -126,12 +128,15 @@ void UValueMDI::Perform(const std::function<void()>& action) {
         prompts->ShowMessage({FailureText(error), ""});
     }
     --performing;
+    const bool isStep = performing == 0 && history.ActionEnds(project);
     if (ended)
         return;
     ShowProject();
     if (performing > 0)
         return;
     status->EndProgress();
+    if (isStep && project.before.removes)
+        TellOfStep();
     watch->ActionEnded();
 }
 
@@ -223,23 +228,11 @@ void UValueMDI::OpenGlassTypes() {
 }
 
 void UValueMDI::OpenSection() {
-    if (section == nullptr)
+    if (section == nullptr) {
         section = new SectionWindow(program, this);
-    section->Open();
-}
-
-/// Offers the Edit menu's items and what concerns the construction as a whole.
-void UValueMDI::ShowLayerMenu(QPoint position) {
-    if (layerMenu == nullptr) {
-        layerMenu = new QMenu(this);
-        layerMenu->setObjectName(QStringLiteral("LayerMenu"));
-        layerMenu->addActions(ui.Editmenu->actions());
-        layerMenu->addSeparator();
-        QAction* item = layerMenu->addAction(tr("Section\tF9"), this, [this] { OpenSection(); });
-        item->setObjectName(QStringLiteral("OpenSection"));
+        AddUndoKeys(section);
     }
-    Editmenu_Click();
-    layerMenu->popup(position);
+    section->Open();
 }
 
 void UValueMDI::CloseActive() {

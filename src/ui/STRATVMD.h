@@ -1,5 +1,6 @@
 #pragma once
 
+#include "edit/History.h"
 #include "ui/Program.h"
 
 #include <QMainWindow>
@@ -80,6 +81,8 @@ private:
         QAction* Edit_Paste;
         QAction* Edit_PBefore;
         QAction* Edit_delete;
+        QAction* UndoItem; ///< with the next one made with the layer menu
+        QAction* RedoItem;
     };
 
     void BuildMenus();
@@ -116,6 +119,12 @@ private:
     void OpenGlassTypes();
     void OpenSection();
     void ShowLayerMenu(QPoint position);
+    void BuildLayerMenu();
+    void AddUndoKeys(QWidget* window);
+    void TellOfStep();
+    void Undo();
+    void Redo();
+    void ShowMove(const HistoryMove& move);
     void PlaceDialog();
     void OfferKeptWork(const std::string& commandLine);
     void TellInStatusBar(const QString& text);
@@ -136,6 +145,7 @@ private:
     std::unique_ptr<HelpViewer> help;
     SectionWindow* section = nullptr; ///< made on first use
     QMenu* layerMenu = nullptr;       ///< likewise
+    History history;
     Ui ui{};
     int performing = 0;
     bool ended = false;

@@ -153,7 +153,34 @@ void UValueMDI::BuildShortcuts() {
     addKey(Qt::NoModifier | Qt::Key_F10,
            [this] { menuBar()->setActiveAction(menuBar()->actions().front()); });
     addKey(Qt::NoModifier | Qt::Key_F9, [this] { OpenSection(); });
+    AddUndoKeys(this);
     new AccessKeys([this] { return area->Content(area->Active()); }, *menuBar(), this);
+}
+
+void UValueMDI::BuildLayerMenu() {
+    layerMenu = new QMenu(this);
+    layerMenu->setObjectName(QStringLiteral("LayerMenu"));
+    ui.UndoItem = AddItem(layerMenu, "Undo", QString(), [this] { Undo(); });
+    ui.RedoItem = AddItem(layerMenu, "Redo", QString(), [this] { Redo(); });
+    layerMenu->addSeparator();
+    layerMenu->addActions(ui.Editmenu->actions());
+    layerMenu->addSeparator();
+    AddItem(layerMenu, "OpenSection", tr("Section\tF9"), [this] { OpenSection(); });
+}
+
+/// What was done last, the Edit menu's items, and what concerns the construction as a whole.
+void UValueMDI::ShowLayerMenu(QPoint position) {
+    if (layerMenu == nullptr)
+        BuildLayerMenu();
+    Editmenu_Click();
+    const auto show = [](QAction& item, const QString& caption, const std::string& action) {
+        const QString name = MenuCaption(Elided(ToText(action)));
+        item.setText((caption + QLatin1Char(' ') + name).trimmed());
+        item.setEnabled(!action.empty());
+    };
+    show(*ui.UndoItem, tr("Undo"), history.NextUndo());
+    show(*ui.RedoItem, tr("Redo"), history.NextRedo());
+    layerMenu->popup(position);
 }
 
 void UValueMDI::Filemenu_Click() {

@@ -22,6 +22,7 @@
 #include <QLabel>
 #include <QMimeData>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QSignalBlocker>
 
 namespace strativo {
@@ -77,8 +78,12 @@ void UValue::RefreshLayerList() {
     if (IsEmpty())
         return;
     const LayerListView view = ViewLayerList(Record());
+    const int topLine = Record().window.topLine;
+    const bool isScrolledBack = topLine != ui.Construction->TopLine();
     ui.Construction->SetLines(view.lines);
     ui.Construction->SetMarks(view.marks, Record().currentLayer - 1);
+    if (isScrolledBack)
+        ui.Construction->verticalScrollBar()->setValue(topLine);
     // If the current layer has no thickness the field stays as it is, even with text being typed.
     if (!ui.EditThick->isModified() || CurrentLayer(Record()).thickness > 0
         || Record().currentLayer == 0)
@@ -114,6 +119,11 @@ void UValue::ConnectSignals() {
     connect(ui.Construction, &LayerList::LineTouched, this, &UValue::Construction_Click);
     connect(ui.Construction, &LayerList::DragWanted, this, &UValue::Construction_MouseMove);
     connect(ui.Construction, &LayerList::Dropped, this, &UValue::Construction_DragDrop);
+    connect(ui.Construction->verticalScrollBar(), &QScrollBar::valueChanged, this,
+            [this](int line) {
+                if (!IsEmpty())
+                    Record().window.topLine = line;
+            });
     connect(ui.Construction, &LayerList::DeleteReleased, this, [this] {
         program.perform([this] { DeleteLayers(program.project, program.prompts); });
     });

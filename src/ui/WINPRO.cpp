@@ -4,6 +4,7 @@
 #include "edit/GlassCells.h"
 #include "edit/InfoTexts.h"
 #include "ui/EntryField.h"
+#include "ui/HistoryKeys.h"
 #include "ui/KeyRepeat.h"
 #include "ui/ProfileGraph.h"
 #include "ui/ProfileSheet.h"
@@ -189,7 +190,10 @@ void Profile::ConnectSignals() {
     });
     connect(ui.Graph, &ProfileGraph::Pressed, this, &Profile::Graph_MouseDown);
     connect(ui.Graph, &ProfileGraph::Dragged, this, &Profile::Graph_MouseMove);
-    connect(ui.EditLevel, &QLineEdit::textEdited, this, [this] { levelEdited = true; });
+    connect(ui.EditLevel, &QLineEdit::textEdited, this, [this] {
+        gesture += levelEdited ? 0 : 1;
+        levelEdited = true;
+    });
     connect(ui.EditLevel, &EntryField::Entered, this, [this] { enterPressed = true; });
     connect(ui.EditLevel, &EntryField::Left, this, &Profile::EditLevel_LostFocus);
     connect(ui.GlassText, &EntryField::Entered, ui.Graph,
@@ -199,6 +203,9 @@ void Profile::ConnectSignals() {
     // Its label shows the point's name and so cannot show an access key.
     auto* valueKey = new QShortcut(QKeySequence(Qt::ALT | Qt::Key_V), this);
     connect(valueKey, &QShortcut::activated, this, &Profile::GoToLevel);
+    AddHistoryKeys(
+        this, [this] { MoveInHistory(&ProfileHistory::Undo); },
+        [this] { MoveInHistory(&ProfileHistory::Redo); });
     connect(ui.OkBut, &QPushButton::clicked, this, &Profile::OkBut_Click);
     connect(ui.CancelBut, &QPushButton::clicked, this, &Profile::CancelBut_Click);
 }
@@ -241,7 +248,8 @@ bool Profile::Form_KeyDown(QObject* control, const QKeyEvent& event) {
         return false;
     ui.Graph->EndDrag();
     TakeTypedValue();
-    program.perform([&] { PressProfileKey(program.project, profile, *key); });
+    gesture += IsRepeat(event) ? 0 : 1;
+    Change([&] { PressProfileKey(program.project, profile, *key); });
     ShowProfile();
     return control != ui.GlassText; // in that field the keys move the caret as well
 }
@@ -273,6 +281,7 @@ void Profile::GoToLevel() {
 void Profile::TypeIntoLevel(const QString& text) {
     GoToLevel();
     ui.EditLevel->setText(text);
+    ++gesture;
     levelEdited = true;
 }
 
@@ -282,7 +291,8 @@ void Profile::CopyCells() const {
 
 void Profile::PasteFromClipboard() {
     const std::string cells = ToBytes(QApplication::clipboard()->text().left(longestPaste));
-    program.perform([&] { PasteCells(program.project, profile, cells, program.prompts); });
+    ++gesture;
+    Change([&] { PasteCells(program.project, profile, cells, program.prompts); });
     ShowProfile();
 }
 
@@ -293,12 +303,13 @@ void Profile::GlassProp_Click(int index) {
 }
 
 void Profile::Graph_MouseDown(double x, double y) {
+    ++gesture;
     program.perform([&] { PressGraph(program.project, profile, ui.Graph->Geometry(), x, y); });
     ShowProfile();
 }
 
 void Profile::Graph_MouseMove(double y) {
-    program.perform([&] { DragGraph(program.project, profile, ui.Graph->Geometry(), y); });
+    Change([&] { DragGraph(program.project, profile, ui.Graph->Geometry(), y); });
     ShowProfile();
 }
 
@@ -327,8 +338,20 @@ void Profile::EditLevel_LostFocus() {
 void Profile::TakeTypedValue() {
     // The field shows a rounded value, so text that nobody edited must not be stored.
     if (levelEdited)
-        program.perform(
-            [this] { TypeValue(program.project, profile, ToBytes(ui.EditLevel->text())); });
+        Change([this] { TypeValue(program.project, profile, ToBytes(ui.EditLevel->text())); });
+}
+
+void Profile::Change(const std::function<void()>& action) {
+    history.Begin(program.project, profile);
+    program.perform(action);
+    history.End(profile, gesture);
+}
+
+void Profile::MoveInHistory(bool (ProfileHistory::*direction)(Project&, GlassProfile&)) {
+    ui.Graph->EndDrag();
+    program.perform([&] { (history.*direction)(program.project, profile); });
+    ui.GlassProp[profile.shown == GlassProperty::transmission ? 0 : 1]->setChecked(true);
+    ShowProfile();
 }
 
 void Profile::ShowGraph() {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "edit/GlassProfile.h"
+#include "edit/ProfileHistory.h"
 #include "ui/Program.h"
 
 #include <QDialog>
@@ -73,6 +73,8 @@ private:
     void CopyCells() const;
     void PasteFromClipboard();
     void TakeTypedValue();
+    void Change(const std::function<void()>& action);
+    void MoveInHistory(bool (ProfileHistory::*direction)(Project&, GlassProfile&));
     void ShowGraph();
     void ShowProfile();
     QPushButton* AddButton(const QString& objectName, const QString& caption);
@@ -80,6 +82,8 @@ private:
     Program& program;
     GlassProfile profile;
     Ui ui{};
+    ProfileHistory history;
+    int gesture = 0;           ///< counts what the user did, as far as it may change values
     bool levelEdited = false;  ///< edited by the user since the program last filled the field
     bool enterPressed = false; ///< Enter was pressed in the value field and not yet released
 };

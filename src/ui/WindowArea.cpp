@@ -49,6 +49,12 @@ void WindowArea::Open(int id, const QString& caption, WindowTraits traits) {
     places.Open(id, ChildWindow::SizeAround(contentSize(id)), traits);
 }
 
+void WindowArea::OpenAt(int id, const QString& caption, QPoint position) {
+    children[id].caption = caption;
+    places.Open(id, ChildWindow::SizeAround(contentSize(id)), position);
+    places.BringInside(id);
+}
+
 void WindowArea::Close(int id) {
     const auto found = children.find(id);
     if (found == children.end())

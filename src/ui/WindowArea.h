@@ -31,6 +31,9 @@ public:
 
     /// Adds a window on top of the others, without activating it: beside them while there is room.
     void Open(int id, const QString& caption, WindowTraits traits = {});
+    /// The same in a place that it had before, as near as leaves it inside.
+    void OpenAt(int id, const QString& caption, QPoint position);
+    QPoint Position(int id) const { return places.Position(id); }
     void Close(int id);
     bool Has(int id) const { return places.Has(id); }
 

@@ -67,6 +67,8 @@ public:
     void Cascade();
     void ArrangeIcons();
 
+    /// Where the window lies, or will once it is no icon any more.
+    QPoint Position(int id) const { return records.at(id).position; }
     QRect Geometry(int id) const { return Geometry(records.at(id)); }
     /// All windows, lowest first.
     const std::vector<int>& Order() const { return order; }
