@@ -3,10 +3,12 @@
 #include "edit/ConstructionSlots.h"
 #include "edit/GlassProfile.h"
 #include "edit/GlassTypes.h"
+#include "edit/History.h"
 #include "edit/LayerClipboard.h"
 #include "edit/LayerDrag.h"
 #include "edit/MaterialList.h"
 #include "edit/MenuStates.h"
+#include "files/ConstructionWriter.h"
 #include "fuzz/ProjectSupport.h"
 #include "fuzz/Targets.h"
 #include "project/FileCommands.h"
@@ -36,13 +38,54 @@ public:
 
     void Run() {
         while (!bytes.AtEnd()) {
-            Act();
+            // The editor is modal, so that nothing is taken back behind it.
+            if (!profile && history.Steps() > 0 && bytes.Below(16) == 0)
+                TakeBack();
+            else
+                GoOn();
             RequireInvariants(project);
+            Require(history.Steps() == contentsBefore.size(), "every step is in the history");
         }
+        RequireWayBackAndForth();
     }
 
 private:
     using Action = void (Story::*)();
+
+    /// True for a step of the history, which ends with a content that is replaced.
+    template <class Action>
+    bool Perform(const Action& action) {
+        history.ActionBegins(project);
+        const unsigned replaced = project.contentsReplaced;
+        action();
+        const bool isStep = history.ActionEnds(project);
+        if (project.contentsReplaced != replaced)
+            contentsBefore.clear();
+        return isStep;
+    }
+
+    void GoOn() {
+        const std::string before = FormatConstructionFile(project);
+        if (Perform([this] { Act(); }))
+            contentsBefore.push_back(before);
+    }
+
+    /// Undone to the start it is the start, and redone the end.
+    void RequireWayBackAndForth() {
+        const std::string end = FormatConstructionFile(project);
+        const std::size_t steps = history.Steps();
+        while (history.Steps() > 0)
+            TakeBack();
+        for (std::size_t i = 0; i < steps; ++i)
+            Perform([this] { Require(history.Redo(project).has_value(), "a step can be redone"); });
+        Require(FormatConstructionFile(project) == end, "redone to the end it is the end");
+    }
+    void TakeBack() {
+        Perform([this] { Require(history.Undo(project).has_value(), "a step can be undone"); });
+        Require(FormatConstructionFile(project) == contentsBefore.back(), "undone it is as it was");
+        contentsBefore.pop_back();
+        RequireInvariants(project);
+    }
 
     void Act() {
         static constexpr Action actions[] = {
@@ -306,8 +349,12 @@ private:
     }
     void ReadSmallFile() {
         constexpr int enough = 12;
-        if (!profile && project.constructions.Size() < enough)
+        if (!profile && project.constructions.Size() < enough) {
+            project.replacingContent = true;
             Require(ParseAndLink(smallFile, project), "a sound file can be read");
+            project.replacingContent = false;
+            ++project.contentsReplaced;
+        }
     }
     void OpenMenus() {
         const int active = bytes.Flag() ? 0 : bytes.Below(14);
@@ -320,6 +367,8 @@ private:
     FuzzBytes bytes;
     FuzzPrompts prompts;
     std::optional<GlassProfile> profile;
+    History history;
+    std::vector<std::string> contentsBefore; ///< before each step
 };
 
 } // namespace

@@ -1,5 +1,7 @@
 #include "edit/History.h"
 
+#include "edit/ConstructionSlots.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -179,6 +181,8 @@ HistoryMove History::Move(Project& project, Step& step) {
     HistoryMove move{step.action};
     move.construction = ConstructionConcerned(project, step.parts);
     move.glassTypes = step.parts.constructions.empty();
+    if (move.construction > 0)
+        ActivateConstruction(project, move.construction);
     project.windowToActivate = move.construction;
     return move;
 }

@@ -42,9 +42,10 @@ public:
     std::string NextUndo() const { return done.empty() ? "" : done.back().action; }
     std::string NextRedo() const { return undone.empty() ? "" : undone.back().action; }
 
-    // The state is as it was, marks and the current construction included, and the window concerned
-    // is asked to the front. The project counts as changed as it did then; as changed when it was
-    // saved since; never when its content is that of the file. Nothing without a step.
+    // The state is as it was, marks included; the window concerned is asked to the front, which
+    // makes its construction the current one. The project counts as changed as it did then; as
+    // changed when it was saved since; never when its content is that of the file. Nothing without
+    // a step.
     std::optional<HistoryMove> Undo(Project& project);
     std::optional<HistoryMove> Redo(Project& project);
 

@@ -1,13 +1,17 @@
 #include "Stage.h"
+#include "files/ProjectSnapshot.h"
+#include "fuzz/Invariants.h"
 #include "ui/UvalsDialog.h"
 #include "ui/WINFORM.h"
 #include "ui/WindowArea.h"
 
 #include <QApplication>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QStatusBar>
 
 namespace strativo::monkey {
 
@@ -82,6 +86,33 @@ bool GlassWindow(Stage& stage) {
     return true;
 }
 
+/// Whether there was a step to take back or to do again.
+bool MovesInHistory(Stage& stage, Qt::Key key) {
+    stage.hands.Key(key, Qt::ControlModifier);
+    return !stage.program->statusBar()->currentMessage().startsWith(QLatin1String("There is"));
+}
+
+/// Takes some steps back; does them again, most of the time.
+bool HistoryWalk(Stage& stage) {
+    if (qobject_cast<QLineEdit*>(QApplication::focusWidget()) != nullptr)
+        return false; // a field has a history of its own
+    const Project& project = stage.program->TheProject();
+    const std::uint64_t before = ContentDigest(project);
+    const int wanted = stage.dice.Between(1, 12);
+    const bool returns = !stage.dice.OneIn(4);
+    stage.Say(std::to_string(wanted) + (returns ? " steps back and forth" : " steps back"));
+    int steps = 0;
+    while (steps < wanted && MovesInHistory(stage, Qt::Key_Z))
+        ++steps;
+    if (steps > 0)
+        stage.journal.Reach("steps taken back");
+    for (int i = 0; i < steps && returns; ++i)
+        fuzz::Require(MovesInHistory(stage, Qt::Key_Y), "what was taken back can be done again");
+    fuzz::Require(!returns || ContentDigest(project) == before,
+                  "what was taken back and done again is as it was");
+    return true;
+}
+
 /// Another program comes to the front for a while.
 bool FocusLoss(Stage& stage) {
     stage.Say("");
@@ -135,6 +166,7 @@ const EventKinds& CommandEvents() {
                                      {"file command", 5, FileCommand},
                                      {"window command", 2, WindowCommand},
                                      {"glass window", 6, GlassWindow},
+                                     {"history", 3, HistoryWalk},
                                      {"focus loss", 1, FocusLoss},
                                      {"resize", 1, Resize},
                                      {"meddling", 1, Meddling},

@@ -13,8 +13,9 @@ constexpr Qt::Key commonKeys[] = {
     Qt::Key_Delete, Qt::Key_Insert,  Qt::Key_PageUp, Qt::Key_PageDown, Qt::Key_Backspace,
     Qt::Key_Space,  Qt::Key_Backtab, Qt::Key_Menu,   Qt::Key_F1,       Qt::Key_F4,
     Qt::Key_F6,     Qt::Key_F10,     Qt::Key_Alt,    Qt::Key_Control,  Qt::Key_Shift};
-constexpr Qt::Key repeatedKeys[] = {Qt::Key_Delete, Qt::Key_Return, Qt::Key_Enter, Qt::Key_Down,
-                                    Qt::Key_Up,     Qt::Key_Tab,    Qt::Key_5,     Qt::Key_V};
+constexpr Qt::Key repeatedKeys[] = {Qt::Key_Delete, Qt::Key_Return, Qt::Key_Enter,
+                                    Qt::Key_Down,   Qt::Key_Up,     Qt::Key_Tab,
+                                    Qt::Key_5,      Qt::Key_V,      Qt::Key_Z};
 
 std::string Name(Qt::Key key, Qt::KeyboardModifiers modifiers) {
     return QKeySequence(key | modifiers).toString().toStdString();
@@ -39,9 +40,9 @@ bool CharacterKey(Stage& stage) {
 
 /// The window's own keys, and those between windows.
 bool CommandKey(Stage& stage) {
-    constexpr Qt::Key keys[] = {Qt::Key_X,      Qt::Key_C,   Qt::Key_V,  Qt::Key_B,
-                                Qt::Key_V,      Qt::Key_B,   Qt::Key_F4, Qt::Key_F6,
-                                Qt::Key_Insert, Qt::Key_Tab, Qt::Key_A};
+    constexpr Qt::Key keys[] = {Qt::Key_X, Qt::Key_C,  Qt::Key_V,  Qt::Key_B,      Qt::Key_V,
+                                Qt::Key_B, Qt::Key_F4, Qt::Key_F6, Qt::Key_Insert, Qt::Key_Tab,
+                                Qt::Key_A, Qt::Key_Z,  Qt::Key_Z,  Qt::Key_Y};
     const Qt::Key key = stage.dice.Pick(keys);
     const Qt::KeyboardModifiers shift = stage.dice.OneIn(6) ? Qt::ShiftModifier : Qt::NoModifier;
     stage.Say(Name(key, Qt::ControlModifier | shift));
@@ -60,7 +61,8 @@ bool AccessKey(Stage& stage) {
 
 bool HeldKey(Stage& stage) {
     const Qt::Key key = stage.dice.Pick(repeatedKeys);
-    const Qt::KeyboardModifiers modifiers = key == Qt::Key_V ? Qt::ControlModifier : Qt::NoModifier;
+    const bool isCommand = key == Qt::Key_V || key == Qt::Key_Z;
+    const Qt::KeyboardModifiers modifiers = isCommand ? Qt::ControlModifier : Qt::NoModifier;
     const int times = stage.dice.Between(1, 8);
     const bool isReleased = !stage.dice.OneIn(4);
     const QString text = key == Qt::Key_5 ? QStringLiteral("5") : QString();

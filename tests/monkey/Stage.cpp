@@ -78,6 +78,7 @@ const std::vector<std::string>& WantedStates() {
                                                     "layers dragged",
                                                     "layers dropped in another window",
                                                     "drags taken back",
+                                                    "steps taken back",
                                                     "materials dropped",
                                                     "files dropped",
                                                     "foreign data refused",
