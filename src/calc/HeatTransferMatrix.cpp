@@ -15,10 +15,13 @@ struct Waves {
 };
 
 /// For x up to about 20.
-Waves WavesOfThinLayer(Complex z) {
-    // cosh z - 1, without the cancellation near 0.
-    const Complex half = std::sinh(z / 2.0);
-    return {2.0 * half * half, std::sinh(z), 0};
+Waves WavesOfThinLayer(double x) {
+    // Computed from z / 2: this avoids the cancellation in cosh z - 1 near 0.
+    const double sinh = std::sinh(x / 2), cosh = std::cosh(x / 2);
+    const double sin = std::sin(x / 2), cos = std::cos(x / 2);
+    const Complex sinhOfHalf(sinh * cos, cosh * sin);
+    const Complex coshOfHalf(cosh * cos, sinh * sin);
+    return {2.0 * sinhOfHalf * sinhOfHalf, 2.0 * sinhOfHalf * coshOfHalf, 0};
 }
 
 /// Splits e^x into a power of two and a factor from 1 to 2, since e^x itself could overflow.
@@ -30,10 +33,15 @@ Waves WavesOfThickLayer(double x) {
     return {growing + fading - std::ldexp(1.0, -exponent), growing - fading, exponent};
 }
 
+/// A cheap measure of the absolute value: between 0.7 times and 1 times of it.
+double Size(Complex element) {
+    return std::max(std::abs(element.real()), std::abs(element.imag()));
+}
+
 HeatTransferMatrix Normalised(HeatTransferMatrix matrix) {
     constexpr double limit = 0x1p64;
-    const double largest = std::max({std::abs(matrix.rest11), std::abs(matrix.rest12),
-                                     std::abs(matrix.rest21), std::abs(matrix.rest22)});
+    const double largest = std::max(
+        {Size(matrix.rest11), Size(matrix.rest12), Size(matrix.rest21), Size(matrix.rest22)});
     if (largest < limit)
         return matrix;
     const int shift = std::ilogb(largest);
@@ -62,7 +70,7 @@ HeatTransferMatrix MatrixOfLayer(double resistance, double heatCapacity, double 
         return {half, -resistance, -storage, half, 0};
     }
     const Complex z(x, x);
-    const Waves waves = x > thick ? WavesOfThickLayer(x) : WavesOfThinLayer(z);
+    const Waves waves = x > thick ? WavesOfThickLayer(x) : WavesOfThinLayer(x);
     return Normalised({waves.coshLessOne, -resistance * (waves.sinh / z),
                        -storage * (waves.sinh / z), waves.coshLessOne, waves.exponent});
 }

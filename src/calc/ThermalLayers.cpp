@@ -126,7 +126,8 @@ LayersOrReason ThermalLayersOf(const Construction& construction, FirstLayer firs
     result.reason.obstacle = ObstacleOfWhole(construction);
     if (result.reason)
         return result;
-    for (int slot = 1; slot <= LayerCount(construction); ++slot) {
+    const int count = LayerCount(construction);
+    for (int slot = 1; slot <= count; ++slot) {
         const Layer& layer = construction.layers[slot];
         const ThermalLayer thermal = ThermalLayerOf(layer, slot);
         const ThermalObstacle obstacle = ObstacleOfLayer(layer, thermal);

@@ -4,6 +4,9 @@
 #include "text/Format.h"
 
 #include <algorithm>
+#include <array>
+#include <string_view>
+#include <utility>
 
 namespace strativo {
 
@@ -11,18 +14,62 @@ namespace {
 
 constexpr double joulesPerKilojoule = 1000;
 constexpr char notAvailable[] = "n/a";
+constexpr std::size_t columnWidth = 7;
 
-/// The number formatted with the pattern, but without a minus sign if only zeros are left of it.
-std::string Number(double value, NumberPattern pattern) {
-    std::string text = FormatNumber(value, pattern);
-    if (text[0] == '-' && text.find_first_not_of("-0.") == std::string::npos)
-        text.erase(0, 1);
-    return text;
-}
+/// A number in a pattern, without a minus sign if only zeros are left of it.
+struct Fixed {
+    double value;
+    NumberPattern pattern;
+    std::size_t width = 0; ///< minimum, filled with blanks on the left
+};
 
-std::string Column(double value, NumberPattern pattern, std::size_t width = 7) {
-    return RightField(Number(value, pattern), width);
-}
+/// Text cut to the width or filled with blanks on the right.
+struct Left {
+    std::string_view text;
+    std::size_t width;
+};
+
+/// Text filled with blanks on the left.
+struct Right {
+    std::string_view text;
+    std::size_t width;
+};
+
+/// Builds a line in a single allocation, since large files have hundreds of thousands of lines.
+class TextLine {
+public:
+    TextLine() { text.reserve(usualLength); }
+
+    TextLine& operator<<(std::string_view words) {
+        text += words;
+        return *this;
+    }
+    TextLine& operator<<(Left field) {
+        const std::string_view shown = field.text.substr(0, field.width);
+        return (*this << shown).Pad(field.width, shown.size());
+    }
+    TextLine& operator<<(Right field) { return Pad(field.width, field.text.size()) << field.text; }
+    TextLine& operator<<(Fixed number) {
+        std::array<char, longestNumber> digits;
+        const char* const end = PutNumber(digits.data(), number.value, number.pattern);
+        std::string_view shown(digits.data(), static_cast<std::size_t>(end - digits.data()));
+        if (shown[0] == '-' && shown.find_first_not_of("-0.") == std::string_view::npos)
+            shown.remove_prefix(1);
+        return *this << Right{shown, number.width};
+    }
+
+    std::string Take() { return std::move(text); }
+
+private:
+    static constexpr std::size_t usualLength = 100;
+
+    TextLine& Pad(std::size_t width, std::size_t filled) {
+        text.append(width - std::min(width, filled), ' ');
+        return *this;
+    }
+
+    std::string text;
+};
 
 class ThermalTable {
 public:
@@ -46,14 +93,19 @@ private:
     static constexpr std::size_t linesBesideLayers = 6;
     static constexpr std::size_t linesPerFlow = 5 + maxLayers;
 
+    void Add(TextLine& line) { lines.push_back(line.Take()); }
+
     void AddSums() {
-        const std::string thickness = sums.thickness ? Number(*sums.thickness, "0.0") + " mm"
-                                                     : std::string("thickness ") + notAvailable;
-        lines.push_back("  " + thickness + "   " + Number(sums.mass, "0.0") + " kg/m2   "
-                        + Number(sums.heatCapacity / joulesPerKilojoule, "0.0")
-                        + " kJ/m2K   R of the layers " + Number(sums.resistance, "0.000")
-                        + " m2K/W   U without films " + Number(1 / sums.resistance, "0.000")
-                        + " W/m2K");
+        TextLine line;
+        if (sums.thickness)
+            line << "  " << Fixed{*sums.thickness, "0.0"} << " mm";
+        else
+            line << "  thickness " << notAvailable;
+        line << "   " << Fixed{sums.mass, "0.0"} << " kg/m2   "
+             << Fixed{sums.heatCapacity / joulesPerKilojoule, "0.0"} << " kJ/m2K   R of the layers "
+             << Fixed{sums.resistance, "0.000"} << " m2K/W   U without films "
+             << Fixed{1 / sums.resistance, "0.000"} << " W/m2K";
+        Add(line);
     }
 
     void AddTransmittances() {
@@ -62,60 +114,90 @@ private:
         for (const HeatFlow flow : heatFlows) {
             const Films films = conditions.FilmsFor(flow);
             const double resistance = films.inside + sums.resistance + films.outside;
-            lines.push_back("  " + LeftField(FlowName(flow), nameWidth, nameWidth)
-                            + Column(films.inside, "0.00#") + Column(films.outside, "0.00#")
-                            + Column(resistance, "0.000") + Column(1 / resistance, "0.000"));
+            TextLine line;
+            line << "  " << Left{FlowName(flow), nameWidth}
+                 << Fixed{films.inside, "0.00#", columnWidth}
+                 << Fixed{films.outside, "0.00#", columnWidth}
+                 << Fixed{resistance, "0.000", columnWidth}
+                 << Fixed{1 / resistance, "0.000", columnWidth};
+            Add(line);
         }
     }
 
     void AddTemperatures(HeatFlow flow) {
         const SteadyState steady = SteadyStateOf(layers, conditions.FilmsFor(flow), conditions.air);
-        std::string name = FlowName(flow);
-        name[0] = static_cast<char>(name[0] - 'a' + 'A');
-        lines.push_back("  " + name + ", inside " + Number(conditions.air.inside, "0.0")
-                        + ", outside " + Number(conditions.air.outside, "0.0") + ": "
-                        + Number(steady.heatFlux, "0.00") + " W/m2, fRsi "
-                        + Number(steady.temperatureFactor, "0.000"));
+        AddFlow(flow, steady);
         constexpr std::size_t temperatureEnd = 56;
         constexpr char outside[] = "Outside surface";
-        lines.push_back(
-            "    " + LeftField(outside, sizeof outside, sizeof outside)
-            + Column(steady.OutsideSurface().temperature, "0.0", temperatureEnd - sizeof outside));
+        TextLine surface;
+        surface << "    " << Left{outside, sizeof outside}
+                << Fixed{steady.OutsideSurface().temperature, "0.0",
+                         temperatureEnd - sizeof outside};
+        Add(surface);
         for (int number = 1; number < steady.pointCount; ++number)
             AddLayer(*(layers.begin() + number - 1),
                      steady.points.at(static_cast<std::size_t>(number)).temperature);
         lines.back() += "  Inside surface";
     }
 
+    void AddFlow(HeatFlow flow, const SteadyState& steady) {
+        std::string name = FlowName(flow);
+        name[0] = static_cast<char>(name[0] - 'a' + 'A');
+        TextLine line;
+        line << "  " << name << ", inside " << Fixed{conditions.air.inside, "0.0"} << ", outside "
+             << Fixed{conditions.air.outside, "0.0"} << ": " << Fixed{steady.heatFlux, "0.00"}
+             << " W/m2, fRsi " << Fixed{steady.temperatureFactor, "0.000"};
+        Add(line);
+    }
+
     /// A layer with the temperature of its inner face.
     void AddLayer(const ThermalLayer& layer, double temperature) {
         constexpr std::size_t slotWidth = 5;
         constexpr std::size_t nameWidth = 31;
+        constexpr std::size_t thicknessWidth = 6;
         constexpr std::size_t temperatureWidth = 9;
-        const std::string thickness =
-            layer.thickness ? Number(*layer.thickness, "0.0") : std::string(notAvailable);
-        lines.push_back(RightField(std::to_string(layer.slot), slotWidth) + ' '
-                        + LeftField(construction.layers[layer.slot].name, nameWidth, nameWidth)
-                        + RightField(' ' + thickness, 7) + Column(layer.resistance, "0.000")
-                        + Column(temperature, "0.0", temperatureWidth));
+        TextLine line;
+        line << Right{std::to_string(layer.slot), slotWidth} << " "
+             << Left{construction.layers[layer.slot].name, nameWidth} << " ";
+        if (layer.thickness)
+            line << Fixed{*layer.thickness, "0.0", thicknessWidth};
+        else
+            line << Right{notAvailable, thicknessWidth};
+        line << Fixed{layer.resistance, "0.000", columnWidth}
+             << Fixed{temperature, "0.0", temperatureWidth};
+        Add(line);
     }
 
     void AddDynamics(HeatFlow flow) {
         const auto dynamic = DynamicCharacteristicsOf(layers, conditions.FilmsFor(flow));
-        lines.push_back("  24 h   Inside   " + Side(dynamic.inside) + "   F "
-                        + Number(dynamic.surfaceFactor, "0.00") + "  lag "
-                        + Number(dynamic.surfaceLag, "0.0") + " h");
-        lines.push_back("         Outside  " + Side(dynamic.outside));
-        const std::string lag = dynamic.periodicLag ? Number(*dynamic.periodicLag, "0.0") + " h"
-                                                    : std::string(notAvailable);
-        lines.push_back("         Through  Y12 " + Number(dynamic.periodicTransmittance, "0.000")
-                        + " W/m2K  lag " + lag + "   f "
-                        + Number(dynamic.decrementFactor, "0.000"));
+        TextLine inside;
+        inside << "  24 h   Inside   ";
+        AppendSide(inside, dynamic.inside);
+        inside << "   F " << Fixed{dynamic.surfaceFactor, "0.00"} << "  lag "
+               << Fixed{dynamic.surfaceLag, "0.0"} << " h";
+        Add(inside);
+        TextLine outside;
+        outside << "         Outside  ";
+        AppendSide(outside, dynamic.outside);
+        Add(outside);
+        AddThrough(dynamic);
     }
 
-    static std::string Side(const SideCharacteristics& side) {
-        return "Y " + Number(side.admittance, "0.00") + " W/m2K  lead " + Number(side.lead, "0.0")
-               + " h   kappa " + Number(side.heatCapacity / joulesPerKilojoule, "0.0") + " kJ/m2K";
+    static void AppendSide(TextLine& line, const SideCharacteristics& side) {
+        line << "Y " << Fixed{side.admittance, "0.00"} << " W/m2K  lead " << Fixed{side.lead, "0.0"}
+             << " h   kappa " << Fixed{side.heatCapacity / joulesPerKilojoule, "0.0"} << " kJ/m2K";
+    }
+
+    void AddThrough(const DynamicCharacteristics& dynamic) {
+        TextLine line;
+        line << "         Through  Y12 " << Fixed{dynamic.periodicTransmittance, "0.000"}
+             << " W/m2K  lag ";
+        if (dynamic.periodicLag)
+            line << Fixed{*dynamic.periodicLag, "0.0"} << " h";
+        else
+            line << notAvailable;
+        line << "   f " << Fixed{dynamic.decrementFactor, "0.000"};
+        Add(line);
     }
 
     void AddNotes() {
