@@ -2,6 +2,7 @@
 
 #include "cli/CommandTable.h"
 #include "cli/ExitStatus.h"
+#include "cli/InputOutput.h"
 #include "cli/TextOutput.h"
 #include "cli/UsageRules.h"
 #include "files/FileAccess.h"
@@ -62,15 +63,15 @@ std::vector<std::string> Operands(const CLI::App& app) {
 
 struct Arguments {
     Invocation call;
-    unsigned ownOptions = noOption; ///< those given, of OwnOptions
+    std::vector<const Option*> given;
 };
 
-/// Records options that only some commands know, and refuses empty texts.
+/// Records the given options and refuses empty texts.
 void CheckGiven(const CLI::App& app, Arguments& arguments) {
     for (const Option& option : options) {
         if (app.count(FirstName(option)) == 0)
             continue;
-        arguments.ownOptions |= option.ownOption;
+        arguments.given.push_back(&option);
         if (option.text != nullptr && (arguments.call.*option.text).empty())
             throw WrongUsage(FirstName(option) + " needs a text that is not empty", nullptr);
     }
@@ -109,10 +110,9 @@ void CheckRules(const Option& option, const Invocation& call, const Command& com
 }
 
 void CheckOptions(const Arguments& arguments, const Command& command) {
-    const unsigned foreign = arguments.ownOptions & ~command.options;
-    for (const Option& option : options)
-        if ((option.ownOption & foreign) != 0)
-            throw WrongUsage(FirstName(option) + " is no option of " + command.name, &command);
+    for (const Option* option : arguments.given)
+        if ((option->ownOption & ~command.options) != 0)
+            throw WrongUsage(FirstName(*option) + " is no option of " + command.name, &command);
     for (const Option& option : options)
         if (option.list != nullptr)
             CheckRules(option, arguments.call, command);
@@ -133,8 +133,10 @@ void CheckOperands(const Invocation& call, const Command& command) {
 
 /// The output of -o must not replace an input, which is another kind of file.
 void CheckOutput(const Invocation& call, const Command& command) {
+    if (call.output == standardStream)
+        return;
     std::vector<std::string> inputs = call.operands;
-    inputs.insert(inputs.end(), {call.standardLibrary, call.userLibrary});
+    inputs.insert(inputs.end(), {call.standardLibrary, call.userLibrary, call.filesFrom});
     for (const std::string& input : inputs)
         if (IsSameFile(call.output, input))
             throw WrongUsage(PathToUtf8(call.output) + outputIsInput, &command);

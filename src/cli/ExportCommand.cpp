@@ -5,7 +5,6 @@
 #include "cli/Session.h"
 #include "cli/TextOutput.h"
 #include "exchange/EpJson.h"
-#include "files/FileMessages.h"
 
 #include <algorithm>
 #include <ostream>
@@ -70,23 +69,6 @@ void WriteEpJson(std::ostream& out, const EpModel& model) {
     writer.End('}');
 }
 
-/// False, with a message, when the file could not be written.
-bool Write(const Invocation& call, const EpModel& model, std::ostream& out, std::ostream& err) {
-    std::ostringstream text;
-    WriteEpJson(text, model);
-    const std::string path = call.output.empty() ? standardStream : call.output;
-    try {
-        const std::string notSafe = WriteOutput(
-            path, [&](const ByteSink& sink) { sink(text.str()); }, out);
-        if (!notSafe.empty())
-            PrintError(err, PathToUtf8(path) + ": " + savedButNotSafe + notSafe);
-        return true;
-    } catch (const WriteError& error) {
-        PrintError(err, PathToUtf8(path) + ": " + error.what());
-        return false;
-    }
-}
-
 } // namespace
 
 int Export(const Invocation& call, std::ostream& out, std::ostream& err) {
@@ -94,15 +76,19 @@ int Export(const Invocation& call, std::ostream& out, std::ostream& err) {
     session.Read();
     if (session.Failed())
         return exitFailure;
-    if (session.HasLibrary(call.output)) {
-        PrintError(err, PathToUtf8(call.output) + outputIsInput);
+    const std::string path = call.output.empty() ? standardStream : call.output;
+    if (session.HasLibrary(path)) {
+        PrintError(err, PathToUtf8(path) + outputIsInput);
         return exitWrongUsage;
     }
     const EpModel model =
         MakeEpModel(session.project, {call.firstLayer == "inside", call.opaqueOnly});
     for (const LeftOut& leftOut : model.leftOut)
         PrintError(err, PathToUtf8(session.file) + ": " + leftOut.text + " [" + leftOut.rule + "]");
-    if (!Write(call, model, out, err))
+    std::ostringstream text;
+    WriteEpJson(text, model);
+    if (!WriteOrTell(
+            path, [&](const ByteSink& sink) { sink(text.str()); }, out, err))
         return exitFailure;
     return model.leftOut.empty() ? exitAllWell : exitFindings;
 }

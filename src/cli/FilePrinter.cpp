@@ -1,9 +1,10 @@
 #include "cli/FilePrinter.h"
 
+#include "cli/InputOutput.h"
 #include "cli/TextOutput.h"
 
 #include <algorithm>
-#include <iostream>
+#include <ostream>
 #include <unistd.h>
 
 namespace strativo {
@@ -15,8 +16,7 @@ constexpr std::chrono::milliseconds betweenProgress{200};
 
 /// Shows progress only on a terminal that nothing else is printed to.
 bool ShowsProgress(const std::ostream& err) {
-    return err.rdbuf() == std::cerr.rdbuf() && isatty(STDERR_FILENO) == 1
-           && isatty(STDOUT_FILENO) == 0;
+    return IsTerminal(err) && isatty(STDOUT_FILENO) == 0;
 }
 
 } // namespace

@@ -1,10 +1,13 @@
 #include "cli/InputOutput.h"
 
+#include "cli/TextOutput.h"
+#include "files/FileMessages.h"
+
 #include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstring>
-#include <ostream>
+#include <iostream>
 #include <unistd.h>
 
 namespace strativo {
@@ -67,6 +70,24 @@ std::string WriteOutput(const std::string& path, const ByteSource& source, std::
     }
     FileStamp stamp;
     return ReplaceFile(path, source, stamp);
+}
+
+bool WriteOrTell(const std::string& path, const ByteSource& source, std::ostream& out,
+                 std::ostream& err) {
+    try {
+        const std::string notSafe = WriteOutput(path, source, out);
+        if (!notSafe.empty())
+            PrintError(err, PathToUtf8(path) + ": " + savedButNotSafe + notSafe);
+        return true;
+    } catch (const WriteError& error) {
+        PrintError(err, PathToUtf8(path) + ": " + error.what());
+        return false;
+    }
+}
+
+bool IsTerminal(const std::ostream& stream) {
+    return (stream.rdbuf() == std::cout.rdbuf() && isatty(STDOUT_FILENO) == 1)
+           || (stream.rdbuf() == std::cerr.rdbuf() && isatty(STDERR_FILENO) == 1);
 }
 
 } // namespace strativo

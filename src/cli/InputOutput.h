@@ -25,4 +25,11 @@ std::string ReadInput(const std::string& path, std::size_t limit);
 /// WriteError.
 std::string WriteOutput(const std::string& path, const ByteSource& source, std::ostream& out);
 
+/// The same, but prints a message if something goes wrong. False if nothing was written.
+bool WriteOrTell(const std::string& path, const ByteSource& source, std::ostream& out,
+                 std::ostream& err);
+
+/// True if the stream is standard output or standard error and leads to a terminal.
+bool IsTerminal(const std::ostream& stream);
+
 } // namespace strativo

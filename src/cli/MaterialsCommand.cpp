@@ -1,11 +1,13 @@
 #include "cli/Commands.h"
 #include "cli/ExitStatus.h"
+#include "cli/InputOutput.h"
 #include "cli/JsonRecords.h"
 #include "cli/Session.h"
 #include "cli/TextOutput.h"
 #include "edit/MaterialList.h"
 #include "exchange/LibraryTable.h"
 #include "files/LibraryLoading.h"
+#include "text/Printable.h"
 
 #include <algorithm>
 #include <array>
@@ -71,10 +73,27 @@ void PrintAsJson(std::ostream& out, const Session& session, bool user) {
     writer.End('}');
 }
 
-/// Names are printed unchanged, so that a library made from the table is the same.
+/// Prints rows with control characters escaped, apart from the row ends.
+void PrintPrintable(std::ostream& out, std::string_view rows) {
+    constexpr std::string_view rowEnd = "\r\n";
+    while (!rows.empty()) {
+        const auto end = rows.find(rowEnd);
+        out << Printable(rows.substr(0, end)) << rowEnd;
+        rows.remove_prefix(end + rowEnd.size());
+    }
+}
+
+/// Names are printed unchanged, so that a library made from the table is the same. Only for a
+/// terminal are control characters escaped.
 void PrintAsCsv(std::ostream& out, const Session& session) {
-    if (session.Status() == exitAllWell)
-        out << FormatLibraryTable(Library(session.project, session.project.shownLibrary));
+    if (session.Status() != exitAllWell)
+        return;
+    const Project& project = session.project;
+    const std::string table = FormatLibraryTable(Library(project, project.shownLibrary));
+    if (IsTerminal(out))
+        PrintPrintable(out, table);
+    else
+        out << table;
 }
 
 } // namespace
@@ -98,7 +117,7 @@ int Materials(const Invocation& call, std::ostream& out, std::ostream& err) {
         PrintAsCsv(out, session);
     else if (!session.prompts.Ended())
         for (const std::string& line : MaterialLines(project))
-            out << ShownText(line) << '\n';
+            PrintLine(out, line);
     return session.Status();
 }
 

@@ -2,21 +2,24 @@
 #include "cli/Commands.h"
 #include "cli/ExitStatus.h"
 #include "cli/HtmlReport.h"
+#include "cli/InputOutput.h"
 #include "cli/ManyFiles.h"
 #include "cli/Session.h"
 #include "cli/TextOutput.h"
 #include "cli/ThermalOptions.h"
 #include "files/FileAccess.h"
-#include "files/FileMessages.h"
 
 #include <cstdlib>
 #include <ctime>
 #include <filesystem>
 #include <map>
 #include <mutex>
+#include <optional>
 #include <ostream>
+#include <set>
 #include <sstream>
 #include <system_error>
+#include <utility>
 
 namespace strativo {
 
@@ -57,7 +60,7 @@ ReportDetails DetailsOf(const Invocation& call, const std::string& file, const s
 
 /// Where the page of each file is written.
 struct Pages {
-    std::map<std::string, std::string> paths; ///< by construction file; "" for standard output
+    std::map<std::string, std::string> paths; ///< by construction file
     std::string fault;                        ///< why it cannot be written there; "" for no reason
 };
 
@@ -70,9 +73,31 @@ std::string PagePath(const std::string& folder, const std::string& file) {
     return folder + name + ".html";
 }
 
-Pages PlanPages(const std::vector<std::string>& files, const std::string& output) {
+/// Device and inode, which are the same for all names of a file.
+using FileIdentity = std::pair<std::uint64_t, std::uint64_t>;
+
+std::optional<FileIdentity> IdentityOf(const std::string& path) {
+    const FileStamp stamp = StampOf(path);
+    return stamp == FileStamp() ? std::nullopt
+                                : std::optional(FileIdentity(stamp.device, stamp.inode));
+}
+
+/// The construction files, the libraries given as options and the list of file names.
+std::set<FileIdentity> InputsOf(const Invocation& call, const std::vector<std::string>& files) {
+    std::vector<std::string> names = files;
+    names.insert(names.end(), {call.standardLibrary, call.userLibrary, call.filesFrom});
+    std::set<FileIdentity> inputs;
+    for (const std::string& name : names)
+        if (const auto identity = IdentityOf(name))
+            inputs.insert(*identity);
+    return inputs;
+}
+
+Pages PlanPages(const Invocation& call, const std::vector<std::string>& files) {
     Pages pages;
+    const std::string output = call.output.empty() ? standardStream : call.output;
     const bool inFolder = output.ends_with('/');
+    const std::set<FileIdentity> inputs = InputsOf(call, files);
     if (files.size() > 1 && !inFolder)
         pages.fault = "report of several files needs -o DIR/";
     std::map<std::string, std::string> fileOfPage;
@@ -82,26 +107,12 @@ Pages PlanPages(const std::vector<std::string>& files, const std::string& output
         if (!isNew && pages.fault.empty())
             pages.fault = PathToUtf8(taken->second) + " and " + PathToUtf8(file)
                           + " would both be reported in " + PathToUtf8(page);
-        if (IsSameFile(page, file))
+        const auto replaced = page == standardStream ? std::nullopt : IdentityOf(page);
+        if (replaced && inputs.count(*replaced) > 0)
             pages.fault = PathToUtf8(page) + outputIsInput;
         pages.paths[file] = page;
     }
     return pages;
-}
-
-/// Replaces the page's file; false, after a message, if that fails.
-bool WritePage(const std::string& path, const std::string& page, std::ostream& err) {
-    try {
-        FileStamp stamp;
-        const std::string notSafe = ReplaceFile(
-            path, [&](const ByteSink& sink) { sink(page); }, stamp);
-        if (!notSafe.empty())
-            PrintError(err, PathToUtf8(path) + ": " + savedButNotSafe + notSafe);
-        return true;
-    } catch (const WriteError& error) {
-        PrintError(err, PathToUtf8(path) + ": " + error.what());
-        return false;
-    }
 }
 
 } // namespace
@@ -109,8 +120,8 @@ bool WritePage(const std::string& path, const std::string& page, std::ostream& e
 int WriteReport(const Invocation& call, std::ostream& out, std::ostream& err) {
     Invocation listed = call;
     listed.operands = AllFiles(call);
+    const Pages pages = PlanPages(call, listed.operands);
     listed.filesFrom.clear();
-    const Pages pages = PlanPages(listed.operands, call.output);
     if (!pages.fault.empty()) {
         PrintError(err, pages.fault);
         err << UsageLine(FindCommand("report")) << '\n';
@@ -124,10 +135,6 @@ int WriteReport(const Invocation& call, std::ostream& out, std::ostream& err) {
         if (!session.FileRead())
             return session.Status();
         const std::string& path = pages.paths.at(file);
-        if (path.empty()) {
-            WriteHtmlReport(fileOut, session.project, DetailsOf(call, file, date));
-            return session.Status();
-        }
         if (session.HasLibrary(path)) {
             PrintError(fileErr, PathToUtf8(path) + outputIsInput);
             return exitWrongUsage;
@@ -135,7 +142,9 @@ int WriteReport(const Invocation& call, std::ostream& out, std::ostream& err) {
         std::ostringstream page;
         WriteHtmlReport(page, session.project, DetailsOf(call, file, date));
         const std::lock_guard oneAtATime(writing);
-        return WritePage(path, page.str(), fileErr) ? session.Status() : exitFailure;
+        const bool written = WriteOrTell(
+            path, [&](const ByteSink& sink) { sink(page.str()); }, fileOut, fileErr);
+        return written ? session.Status() : exitFailure;
     };
     return RunOnFiles(listed, {}, report, out, err);
 }

@@ -1,6 +1,7 @@
 #include "cli/Session.h"
 
 #include "cli/ExitStatus.h"
+#include "cli/InputOutput.h"
 #include "files/FileAccess.h"
 #include "project/NewProject.h"
 #include "project/ReadConstructionFile.h"
@@ -50,6 +51,8 @@ void Session::Read() {
 }
 
 bool Session::HasLibrary(const std::string& path) const {
+    if (path == standardStream)
+        return false;
     const std::string folder = FolderOf(project.constructionFile);
     const auto isAt = [&](const std::string& name) {
         return IsSameFile(path, FindFile(name, folder));

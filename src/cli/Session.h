@@ -30,7 +30,7 @@ public:
     bool IsForeign() const { return foreign; }
     /// Whether an action failed.
     bool Failed() const { return failed; }
-    /// Whether the path leads to a library that the file names.
+    /// Whether an output of that name would replace a library that the file names.
     bool HasLibrary(const std::string& path) const;
     /// 0, or 3 if an action failed.
     int Status() const;

@@ -60,7 +60,7 @@ private:
             << (transparent ? "Transparent" : "Opaque") << ")\n";
         const LayerListView view = ViewLayerList(construction);
         for (const std::string& line : view.lines)
-            out << "  " << ShownText(line) << '\n';
+            PrintLine(out << "  ", line);
         out << "  Indicative Uvalue W/Cm2  " << view.result << '\n';
     }
 

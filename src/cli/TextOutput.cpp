@@ -13,6 +13,14 @@ std::string Decode(const std::string& text, Encoding encoding) {
     return encoding == Encoding::utf8 ? PathToUtf8(text) : ToUtf8(text);
 }
 
+/// Printable ASCII only. The loop has no early exit, so that the compiler can vectorise it.
+bool IsPlain(std::string_view bytes) {
+    unsigned char largest = 0;
+    for (const char c : bytes)
+        largest = std::max(largest, static_cast<unsigned char>(c - ' '));
+    return largest <= '~' - ' ';
+}
+
 } // namespace
 
 std::string MessageText(const Message& message) {
@@ -24,10 +32,14 @@ std::string MessageTitle(const Message& message) {
 }
 
 std::string ShownText(std::string_view bytes) {
-    // Most lines are plain ASCII and need no conversion.
-    if (std::all_of(bytes.begin(), bytes.end(), [](char c) { return c >= ' ' && c < 127; }))
-        return std::string(bytes);
-    return Printable(ToUtf8(bytes));
+    return IsPlain(bytes) ? std::string(bytes) : Printable(ToUtf8(bytes));
+}
+
+void PrintLine(std::ostream& out, std::string_view bytes) {
+    if (IsPlain(bytes)) // most lines are, and need no copy
+        out << bytes << '\n';
+    else
+        out << ShownText(bytes) << '\n';
 }
 
 std::string ShownPath(std::string_view path) {

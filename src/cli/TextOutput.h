@@ -22,6 +22,9 @@ std::string MessageTitle(const Message& message);
 std::string ShownText(std::string_view bytes);
 std::string ShownPath(std::string_view path);
 
+/// Prints a line of text as ShownText gives it.
+void PrintLine(std::ostream& out, std::string_view bytes);
+
 /// Prints "strativo-cli: " and the text as one line, without control characters.
 void PrintError(std::ostream& err, const std::string& utf8);
 

@@ -31,7 +31,7 @@ private:
             << ShownText(construction.name) << "  (" << (transparent ? "Transparent" : "Opaque")
             << ")   outside to inside\n";
         for (const std::string& line : ThermalLines(construction, choice.conditions, choice.flows))
-            out << ShownText(line) << '\n';
+            PrintLine(out, line);
         any = true;
     }
 

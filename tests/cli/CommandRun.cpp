@@ -3,6 +3,7 @@
 #include "cli/CommandLine.h"
 #include "text/Windows1252.h"
 
+#include <array>
 #include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
@@ -83,7 +84,7 @@ RunResult RunProgram(const std::vector<std::string>& arguments, ProcessOptions o
     const Collector out;
     const Collector err;
     const int redirected =
-        options.standardOutput != nullptr ? open(options.standardOutput, O_WRONLY) : -1;
+        options.standardOutput != nullptr ? open(options.standardOutput, O_WRONLY | O_NOCTTY) : -1;
     const pid_t child = fork();
     if (child == 0)
         BecomeProgram(pointers, redirected >= 0 ? redirected : out.Descriptor(), err.Descriptor(),
@@ -94,6 +95,22 @@ RunResult RunProgram(const std::vector<std::string>& arguments, ProcessOptions o
     if (redirected >= 0)
         close(redirected);
     return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, out.Text(), err.Text()};
+}
+
+Terminal::Terminal() : descriptor(posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC)) {
+    if (descriptor < 0 || grantpt(descriptor) != 0 || unlockpt(descriptor) != 0)
+        throw std::runtime_error("no terminal");
+    path = ptsname(descriptor);
+}
+
+Terminal::~Terminal() {
+    close(descriptor);
+}
+
+std::string Terminal::Read() const {
+    std::array<char, 4096> piece{};
+    const ssize_t count = read(descriptor, piece.data(), piece.size());
+    return count <= 0 ? "" : std::string(piece.data(), static_cast<std::size_t>(count));
 }
 
 CliTest::CliTest() {

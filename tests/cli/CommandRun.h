@@ -32,6 +32,23 @@ struct ProcessOptions {
 /// Runs the program itself.
 RunResult RunProgram(const std::vector<std::string>& arguments, ProcessOptions options = {});
 
+/// A terminal for the program to write to.
+class Terminal {
+public:
+    Terminal();
+    ~Terminal();
+    Terminal(const Terminal&) = delete;
+    Terminal& operator=(const Terminal&) = delete;
+
+    const char* Path() const { return path.c_str(); }
+    /// Waits for what is written to it next; "" when nobody has it open any more.
+    std::string Read() const;
+
+private:
+    int descriptor;
+    std::string path;
+};
+
 /// Works in a folder of its own, without any settings of the user.
 class CliTest : public testing::Test {
 protected:

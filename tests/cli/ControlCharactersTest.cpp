@@ -1,6 +1,8 @@
 #include "cli/CommandRun.h"
 #include "text/Windows1252.h"
 
+#include <algorithm>
+#include <cctype>
 #include <gmock/gmock.h>
 
 namespace strativo {
@@ -78,6 +80,21 @@ TEST_F(ControlCharacters, OfMaterialsReachNoTerminal) {
         EXPECT_EQ(result.status, 0);
         EXPECT_TRUE(IsHarmless(result.out)) << result.out;
         EXPECT_THAT(result.out, HasSubstr("X\\u001B]0;TITLE\\u0007"));
+    }
+}
+
+TEST_F(ControlCharacters, OfATableOfMaterialsReachAFileButNoTerminal) {
+    std::string name = hostile;
+    std::transform(name.begin(), name.end(), name.begin(), [](char c) { return std::toupper(c); });
+    for (const std::vector<std::string>& arguments : std::vector<std::vector<std::string>>{
+             {"materials", "--csv", "std.lby"}, {"materials", "--csv", "--user", "user.lby"}}) {
+        EXPECT_THAT(RunProgram(arguments).out, HasSubstr("," + ToUtf8(name) + ",0."));
+        const Terminal terminal;
+        EXPECT_EQ(RunProgram(arguments, {.standardOutput = terminal.Path()}).status, 0);
+        const std::string seen = WithoutRowEnds(WithoutRowEnds(terminal.Read()));
+        EXPECT_TRUE(IsHarmless(seen)) << seen;
+        EXPECT_THAT(seen, HasSubstr("X\\u001B]0;TITLE\\u0007\\u001B[2J\\u007F\\u009D,0."));
+        EXPECT_THAT(seen, testing::StartsWith("code,name,"));
     }
 }
 

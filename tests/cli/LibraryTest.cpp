@@ -70,6 +70,12 @@ TEST_F(Library, TellsOfLongNamesButWritesThem) {
     EXPECT_THAT(result.err, testing::MatchesRegex("strativo-cli: table.csv:2:2: .*name-cut.\n"));
 }
 
+TEST_F(Library, MayWriteOverItsTable) {
+    folder.Write("table.csv", header + "1,A,1,1,1\n");
+    EXPECT_EQ(RunTool({"library", "table.csv", "./table.csv"}).status, 0);
+    EXPECT_EQ(folder.Read("table.csv"), "1'A' 1 1 1\r\n");
+}
+
 TEST_F(Library, WritesNothingInADryRun) {
     folder.Write("table.csv", header + "1,A,1,1,1\n");
     EXPECT_EQ(RunTool({"library", "-n", "table.csv", "own.lby"}).status, 0);
@@ -113,6 +119,29 @@ TEST_F(Export, SaysWhatItLeavesOutWithStatusOne) {
                           "layer is a cavity [cavity-at-surface]\n");
     EXPECT_EQ(folder.Read("a.epJSON"),
               "{\n  \"Version\": {\"Version 1\": {\"version_identifier\": \"23.2\"}}\n}\n");
+}
+
+TEST_F(Export, WritesToStandardOutputByItsName) {
+    folder.Write("a.con", WallFile({brickPart}));
+    folder.Write("-", "a file of that name");
+    const std::vector<std::string> call = {"export", "--format", "epjson", "a.con", "-o", "-"};
+    EXPECT_EQ(RunTool(call).out, RunTool({call.begin(), call.end() - 2}).out);
+    EXPECT_EQ(folder.Read("-"), "a file of that name");
+}
+
+TEST_F(Export, ReplacesNoFileThatItReads) {
+    folder.Write("other.lby", standardLibraryBytes);
+    folder.Write("a.con", WallFile({brickPart}));
+    fs::create_hard_link("a.con", "hard.con");
+    fs::create_symlink("std.lby", "soft.lby");
+    for (const std::string output : {"a.con", "./a.con", "hard.con", "soft.lby", "other.lby"}) {
+        const std::string before = folder.Read(output);
+        const RunResult result = RunTool(
+            {"export", "--format", "epjson", "--standard", "other.lby", "a.con", "-o", output});
+        EXPECT_EQ(result.status, 2) << output;
+        EXPECT_THAT(result.err, testing::HasSubstr(output + " is one of the files that are read"));
+        EXPECT_EQ(folder.Read(output), before) << output;
+    }
 }
 
 TEST_F(Export, WritesNothingOfAFileNotReadToItsEnd) {

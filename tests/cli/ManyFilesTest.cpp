@@ -49,7 +49,10 @@ TEST_F(ManyFiles, GiveTheSameBytesForEveryNumberOfJobs) {
                                                {"show", "--jsonl"},
                                                {"check"},
                                                {"check", "--json"},
-                                               {"check", "--jsonl"}}) {
+                                               {"check", "--jsonl"},
+                                               {"thermal"},
+                                               {"thermal", "--json"},
+                                               {"thermal", "--csv"}}) {
         std::vector<std::string> alone = call;
         alone.insert(alone.end(), {"--jobs", "1"});
         const RunResult expected = RunTool(Call(alone));
@@ -107,6 +110,34 @@ TEST_F(ManyFiles, AreReportedInAFolder) {
     EXPECT_EQ(RunTool({"report", "1.con", "2.con", "-o", "pages/"}).status, 0);
     EXPECT_EQ(RunTool({"report", "1.con"}).out, folder.Read("pages/1.html"));
     EXPECT_TRUE(fs::exists("pages/2.html"));
+}
+
+TEST_F(ManyFiles, HaveTheSamePagesForEveryNumberOfJobs) {
+    for (const std::string jobs : {"1", "7"}) {
+        fs::create_directory("pages" + jobs);
+        const RunResult result =
+            RunTool(Call({"report", "--jobs", jobs, "-o", "pages" + jobs + "/"}));
+        EXPECT_EQ(result.status, 3) << "gone.con";
+        EXPECT_EQ(result.out, "");
+    }
+    for (int number = 0; number < fileCount; ++number) {
+        const std::string page = "/" + std::to_string(number) + ".html";
+        EXPECT_EQ(folder.Read("pages1" + page), folder.Read("pages7" + page)) << page;
+        EXPECT_THAT(folder.Read("pages7" + page), testing::EndsWith("</html>\n"));
+    }
+}
+
+TEST_F(ManyFiles, AreNotReplacedByPagesOfOthers) {
+    fs::create_symlink("2.con", "1.html");
+    folder.Write("list", "1.con\n");
+    fs::create_hard_link("list", "3.html");
+    const RunResult ofAnother = RunTool({"report", "1.con", "2.con", "-o", "./"});
+    EXPECT_EQ(ofAnother.status, 2);
+    EXPECT_THAT(ofAnother.err, HasSubstr("./1.html is one of the files that are read\nUsage: "));
+    EXPECT_EQ(folder.Read("2.con"), ContentOf(2));
+    EXPECT_EQ(RunTool({"report", "--files-from", "list", "3.con", "-o", "./"}).status, 2);
+    EXPECT_EQ(RunTool({"report", "--files-from", "list", "-o", "list"}).status, 2);
+    EXPECT_EQ(folder.Read("list"), "1.con\n");
 }
 
 TEST_F(ManyFiles, AreNotReportedWhereTwoWouldBeOnePage) {
@@ -195,8 +226,7 @@ TEST_F(ManyFiles, EndQuietlyWhenNobodyReadsOn) {
 }
 
 TEST_F(ManyFiles, ShowTheirNumberOnATerminal) {
-    const int terminal = posix_openpt(O_RDWR | O_NOCTTY);
-    ASSERT_TRUE(terminal >= 0 && grantpt(terminal) == 0 && unlockpt(terminal) == 0);
+    const Terminal terminal;
     int names[2] = {};
     ASSERT_EQ(pipe(names), 0);
     const pid_t child = fork();
@@ -204,7 +234,7 @@ TEST_F(ManyFiles, ShowTheirNumberOnATerminal) {
         dup2(names[0], STDIN_FILENO);
         close(names[1]);
         dup2(open("out", O_WRONLY | O_CREAT, 0600), STDOUT_FILENO);
-        dup2(open(ptsname(terminal), O_RDWR | O_NOCTTY), STDERR_FILENO);
+        dup2(open(terminal.Path(), O_RDWR | O_NOCTTY), STDERR_FILENO);
         alarm(60);
         execl(STRATIVO_CLI, "strativo-cli", "show", "--jsonl", "--jobs", "2", "--files-from", "-",
               nullptr);
@@ -213,16 +243,14 @@ TEST_F(ManyFiles, ShowTheirNumberOnATerminal) {
     close(names[0]);
     ASSERT_EQ(write(names[1], "1.con\n2.con\n", 12), 12);
     std::string seen;
-    char piece[256];
     while (seen.find("2 files") == std::string::npos) {
-        const ssize_t count = read(terminal, piece, sizeof piece);
-        ASSERT_GT(count, 0);
-        seen.append(piece, static_cast<std::size_t>(count));
+        const std::string piece = terminal.Read();
+        ASSERT_NE(piece, "");
+        seen += piece;
     }
     close(names[1]);
     int status = 0;
     waitpid(child, &status, 0);
-    close(terminal);
     EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
     EXPECT_EQ(seen.substr(0, 14), "\rstrativo-cli:");
 }

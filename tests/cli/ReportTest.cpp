@@ -67,6 +67,12 @@ TEST_F(ReportCommand, WritesTheFileThatOutputNames) {
     EXPECT_EQ(folder.Read("wall.html"), RunTool({"report", "wall.con"}).out);
 }
 
+TEST_F(ReportCommand, WritesToStandardOutputByItsName) {
+    folder.Write("-", "a file of that name");
+    EXPECT_EQ(RunTool({"report", "wall.con", "-o", "-"}).out, RunTool({"report", "wall.con"}).out);
+    EXPECT_EQ(folder.Read("-"), "a file of that name");
+}
+
 TEST_F(ReportCommand, ReplacesNoFileThatItReads) {
     folder.Write("user.lby", userLibraryBytes);
     folder.Write("other.lby", standardLibraryBytes);
