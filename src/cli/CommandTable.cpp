@@ -18,7 +18,8 @@ constexpr Command commandRows[] = {
      "  strativo-cli show --csv *.con > layers.csv\n"
      "  find . -name '*.con' -print0 | strativo-cli show --jsonl --files-from - -0\n",
      1, true, jsonOption | csvOption | thermalOption | jsonLinesOption | manyFilesOption, Show},
-    {"check", "FILE.con|LIB.lby...", "findings, one a line; exit 1 for an error",
+    {"check", "FILE.con|LIB.lby...",
+     "findings, one a line; exit 1 for an error (--strict: or a warning)",
      "  strativo-cli check house.con\n"
      "  strativo-cli check --json --standard stdmat.lby *.con\n"
      "  strativo-cli check stdmat.lby\n"
@@ -123,9 +124,10 @@ constexpr Option optionRows[] = {
     {"--version", "", "the version", noOption, &Invocation::version, nullptr},
 };
 
-constexpr char exitStatuses[] = "\nExit status: 0 all well; 1 check found an error; 2 wrong usage; "
-                                "3 a file could not be\nread or written, or the desktop program "
-                                "would have ended. Of several, the highest.\n";
+constexpr char exitStatuses[] =
+    "\nExit status: 0 all well; 1 check found an error (with --strict: or a warning), export left\n"
+    "something out; 2 wrong usage; 3 a file could not be read or written, was refused, or the\n"
+    "desktop program would have ended; 130 Ctrl+C. Of several, the highest.\n";
 
 constexpr std::size_t commandWidth = 38;
 constexpr std::size_t optionWidth = 22;

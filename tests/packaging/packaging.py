@@ -2,6 +2,7 @@
 """Checks of what is installed beside the programs: packaging.py PART SOURCE_FOLDER BUILD_FOLDER"""
 import html.parser
 import os
+import re
 import shutil
 import subprocess
 import sys
@@ -73,6 +74,68 @@ def completions():
     lines = run("fish", "--no-config", "-c",
                 f'source "{folder}/strativo-cli.fish"; complete -C "strativo-cli ch"')
     expect(any(line.split("\t")[0] == "check" for line in lines.splitlines()), lines)
+
+
+def names_of_options(help_text):
+    """Of each option all names: ("-n", "--dry-run")."""
+    rows = re.findall(r"^  ((?:-\w,)?--[\w-]+)", help_text, re.M)
+    return [row.split(",") for row in rows]
+
+
+def names_of_rules():
+    names = re.findall(r'{"([a-z-]+)", Severity::', (source / "src/files/Finding.cpp").read_text())
+    expect(len(names) > 30, f"rules of findings: {names}")
+    return names
+
+
+def completed(shell, line):
+    """What the shell offers for the last word of the line."""
+    folder = packaging / "completions"
+    if shell == "fish":
+        script = f'source "{folder}/strativo-cli.fish"; complete -C "{line}"'
+        return {row.split("\t")[0] for row in
+                run("fish", "--no-config", "-c", script).splitlines()}
+    script = (f'source "{folder}/strativo-cli.bash"; COMP_WORDS=({line}); '
+              '((COMP_CWORD = ${#COMP_WORDS[@]} - 1)); _strativo_cli; '
+              'printf "%s\\n" "${COMPREPLY[@]}"')
+    return set(run("bash", "-c", script).splitlines())
+
+
+def complete_descriptions():
+    """Completions, man page and manual know every command, option and rule of the program."""
+    tool = build / "bin" / "strativo-cli"
+    general = run(tool, "--help")
+    commands = re.findall(r"^  ([a-z-]+) [A-Z]", general.split("\nOptions")[0], re.M)
+    options = names_of_options(general)
+    expect(len(commands) > 8 and len(options) > 20, general)
+    page = run("mandoc", "-T", "ascii", packaging / "man" / "strativo-cli.1")
+    page = re.sub(".\b", "", page)
+    zsh = (packaging / "completions" / "_strativo-cli").read_text()
+    manual_text = "".join(file.read_text() for file in (source / "docs/manual").glob("*.html"))
+    for command in commands:
+        expect(f"strativo-cli [options] {command} " in page, f"man page: {command}")
+        expect(f"'{command}:" in zsh, f"zsh: {command}")
+        expect(f"strativo-cli {command} " in manual_text, f"manual: {command}")
+        for shell in ("bash", "fish"):
+            expect(command in completed(shell, f"strativo-cli {command[:3]}"),
+                   f"{shell}: {command}")
+        own = {names[-1] for names in names_of_options(run(tool, command, "--help"))}
+        found = completed("fish", f"strativo-cli {command} --")
+        expect(found == own, f"fish: {command}: {found ^ own}")
+    found = completed("bash", "strativo-cli show --")
+    expect(found == {names[-1] for names in options}, f"bash: {found}")
+    for names in options:
+        for name in names:
+            expect(re.search(rf"[\s,]{name}\b", page), f"man page: {name}")
+            expect(re.search(rf"{name}[\[,}}]", zsh), f"zsh: {name}")
+        expect(any(re.search(rf"[\s>]{name}\b", manual_text) for name in names),
+               f"manual: {names}")
+    for rule in names_of_rules():
+        expect(rule in (source / "docs/manual/check.html").read_text(), f"manual: {rule}")
+        expect(rule in zsh, f"zsh: {rule}")
+        for shell in ("bash", "fish"):
+            expect(rule in completed(shell, f"strativo-cli check --rule {rule[:4]}"),
+                   f"{shell}: {rule}")
 
 
 class Links(html.parser.HTMLParser):
