@@ -462,6 +462,7 @@ protected:
     /// A click and a drag begun come before; an edit follows.
     void Act() {
         const int number = AnyConstruction();
+        ActivateConstruction(project, number);
         SelectLine(project, number, Below(6), {Below(2) == 0, Below(2) == 0, Below(2) == 0});
         StartLayerDrag(project, number, Below(5), Below(2) == 0);
         if (Below(8) == 0)
