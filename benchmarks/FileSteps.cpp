@@ -1,7 +1,7 @@
 #include "benchmarks/Clock.h"
 #include "benchmarks/LineScan.h"
+#include "benchmarks/NoPrompts.h"
 #include "files/FileAccess.h"
-#include "port/Prompts.h"
 #include "project/FileCommands.h"
 #include "project/NewProject.h"
 #include "project/ReadConstructionFile.h"
@@ -58,14 +58,6 @@ void ScanLines(const std::string& path) {
 void Scan(const std::string& path, const std::string&) {
     PrintTimeOf([&] { ScanLines(path); });
 }
-
-/// The files that are measured give nothing to tell or to ask.
-class NoPrompts : public Prompts {
-public:
-    Answer ShowMessage(const Message& message) override { throw std::runtime_error(message.text); }
-    std::optional<std::string> AskOpenFile(const FilePrompt&) override { return std::nullopt; }
-    std::optional<std::string> AskSaveFile(const FilePrompt&) override { return std::nullopt; }
-};
 
 void ReadProject(Project& project, const std::string& path) {
     NoPrompts prompts;

@@ -1,4 +1,6 @@
 #include "benchmarks/Clock.h"
+#include "benchmarks/NoPrompts.h"
+#include "edit/ConstructionEntry.h"
 #include "ui/Appearance.h"
 #include "ui/STRATVMD.h"
 #include "ui/UValue.h"
@@ -10,6 +12,7 @@
 #include <QApplication>
 #include <QDropEvent>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMimeData>
 #include <QTest>
 #include <QUrl>
@@ -18,6 +21,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <iostream>
+#include <malloc.h>
 #include <stdexcept>
 #include <unistd.h>
 
@@ -70,6 +74,7 @@ public:
         MeasureRemoval();
         Open(3, "open5000");
         Note("enter5000", EnterTime(5000));
+        Note("undo5000", UndoTime(5000));
         MeasureStall();
         if (print)
             std::printf("%s\n", line.c_str());
@@ -120,6 +125,8 @@ private:
         OpenTime(0);
         MeasureActivation("again10", 10);
         Note("enter10", EnterTime(10));
+        Note("undo10", UndoTime(10));
+        MeasureHistory(10);
     }
 
     void MeasureFirstActivation() {
@@ -163,6 +170,57 @@ private:
             times.push_back(TimeOf([&] { QTest::keyClick(field, Qt::Key_Return); }));
         }
         return Median(times);
+    }
+
+    /// From Ctrl+Z until the list is painted, for the thicknesses just entered.
+    double UndoTime(int number) {
+        auto* list = window.ConstructionWindow(number)->findChild<QListWidget*>(
+            QStringLiteral("Construction"));
+        list->setFocus();
+        std::vector<double> times;
+        for (int i = 0; i < 30; ++i) {
+            const LayerSlots before = window.TheProject().constructions[number].layers;
+            times.push_back(TimeOf([&] { QTest::keyClick(list, Qt::Key_Z, Qt::ControlModifier); }));
+            if (window.TheProject().constructions[number].layers == before)
+                throw std::runtime_error("nothing was taken back");
+        }
+        return Median(times);
+    }
+
+    /// A thickness entered and painted with a history and without, and the memory of a thousand.
+    void MeasureHistory(int number) {
+        constexpr int edits = 1000;
+        window.Area().Activate(number);
+        Project& project = window.TheProject();
+        NoPrompts prompts;
+        int next = 0;
+        const auto edit = [&] {
+            SelectLine(project, number, 0, {true});
+            EnterThickness(project, number, std::to_string(10 + ++next % 10), prompts);
+        };
+        History history;
+        const auto editKept = [&] {
+            history.ActionBegins(project);
+            edit();
+            history.ActionEnds(project);
+        };
+        std::vector<double> with;
+        std::vector<double> without;
+        for (int i = 0; i < 100; ++i) {
+            without.push_back(TimeOf([&] { edit(), window.ShowProject(); }));
+            with.push_back(TimeOf([&] { editKept(), window.ShowProject(); }));
+        }
+        Note("edit", Median(without));
+        Note("editkept", Median(with));
+        history = History();
+        const std::size_t before = mallinfo2().uordblks;
+        for (int i = 0; i < edits; ++i)
+            editKept();
+        if (history.Steps() != edits)
+            throw std::runtime_error("an edit was no step");
+        Note("historybytes", static_cast<double>(mallinfo2().uordblks - before));
+        constexpr double allowed = 2 << 20;
+        Note("allowedbytes", allowed);
     }
 
     void MeasureRemoval() {
