@@ -68,6 +68,28 @@ TEST_F(KeptWorkInWindow, TheCopyGoesWhenTheWorkIsSaved) {
     EXPECT_TRUE(WaitForCopies(0));
 }
 
+TEST_F(KeptWorkInWindow, TheCopyIsOfTheWorkAsItIsAfterStepsTakenBack) {
+    StartWithAName("Wall");
+    Insert("PLASTER");
+    ClickLine(List(1), 0);
+    Press(Qt::Key_Delete);
+    Press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_TRUE(WaitForCopies(1));
+    QTest::qWait(1200);
+    Answer("Yes");
+    StartAgain();
+    EXPECT_EQ(LayersShown(1), std::vector<std::string>{"PLASTER"});
+}
+
+TEST_F(KeptWorkInWindow, TheCopyGoesWhenAllWasTakenBack) {
+    StartWithAName("Wall");
+    EXPECT_TRUE(WaitForCopies(1));
+    Press(Qt::Key_Z, Qt::ControlModifier);
+    Press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(TheProject().constructionCount, 0);
+    EXPECT_TRUE(WaitForCopies(0));
+}
+
 TEST_F(KeptWorkInWindow, WorkIsOfferedAtTheNextStartAndOpensWithItsWindows) {
     StartWithAName("O'Brien's wall");
     Insert("PLASTER");
