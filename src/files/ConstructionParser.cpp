@@ -124,7 +124,7 @@ private:
         if (Contains(line, "!WINDOW"))
             ReadWindowLine(line);
         else if (glassOpen)
-            ReadTable(AnnouncedTable(line));
+            ReadAnnouncedTable(line, lines.Following(), project, glassIs2D);
     }
 
     void ReadUserLibraryLine(std::string_view line) {
@@ -181,16 +181,6 @@ private:
         }
         glassOpen = true;
         section = GlassSection();
-    }
-
-    void ReadTable(GlassTable table) {
-        if (table == GlassTable::none)
-            return;
-        if (glassIs2D)
-            ReadGlassTable(lines.Following(), table,
-                           project.glassTypes2D[project.currentGlassType2D]);
-        else
-            ReadGlassTable(lines.Following(), table, project.glassTypes[project.currentGlassType]);
     }
 
     void KeepComment(std::string text) {

@@ -39,7 +39,7 @@ private:
         else if (!Contains(line, "!") && Contains(line, "_") && Contains(line, "="))
             return false;
         else if (windowSeen)
-            ReadTable(AnnouncedTable(line));
+            ReadAnnouncedTable(line, lines.Following(), project, is2D);
         return true;
     }
 
@@ -61,16 +61,6 @@ private:
         const auto open = line.find('\'');
         if (open == npos || open + 2 < line.size())
             name = QuotedText(line);
-    }
-
-    void ReadTable(GlassTable table) {
-        if (table == GlassTable::none)
-            return;
-        if (is2D)
-            ReadGlassTable(lines.Following(), table,
-                           project.glassTypes2D[project.currentGlassType2D]);
-        else
-            ReadGlassTable(lines.Following(), table, project.glassTypes[project.currentGlassType]);
     }
 
     /// On purpose, comments are filed under the number of sections read, not under the type's slot.

@@ -8,6 +8,8 @@ namespace strativo {
 
 namespace {
 
+enum class GlassTable { none, transmission, absorption, diffusion };
+
 /// The piece without the comma that separates table values.
 std::string_view WithoutComma(std::string_view piece) {
     return piece.substr(0, piece.size() - (piece.ends_with(',') ? 1 : 0));
@@ -46,8 +48,6 @@ void ReadTable(LineReader& lines, GlassTable table, Glass& type) {
     type.hasDiffusion = type.hasDiffusion || table == GlassTable::diffusion;
 }
 
-} // namespace
-
 GlassTable AnnouncedTable(std::string_view line) {
     if (Contains(line, "!TRANS"))
         return GlassTable::transmission;
@@ -56,12 +56,16 @@ GlassTable AnnouncedTable(std::string_view line) {
     return Contains(line, "!DIFFU") ? GlassTable::diffusion : GlassTable::none;
 }
 
-void ReadGlassTable(LineReader& lines, GlassTable table, GlassType& type) {
-    ReadTable(lines, table, type);
-}
+} // namespace
 
-void ReadGlassTable(LineReader& lines, GlassTable table, GlassType2D& type) {
-    ReadTable(lines, table, type);
+void ReadAnnouncedTable(std::string_view line, LineReader& lines, Project& project, bool is2D) {
+    const GlassTable table = AnnouncedTable(line);
+    if (table == GlassTable::none)
+        return;
+    if (is2D)
+        ReadTable(lines, table, project.glassTypes2D[project.currentGlassType2D]);
+    else
+        ReadTable(lines, table, project.glassTypes[project.currentGlassType]);
 }
 
 bool IsSection2D(std::string_view line) {

@@ -1,20 +1,17 @@
 #pragma once
 
-#include "model/GlassType.h"
+#include "model/Project.h"
 #include "text/Lines.h"
 
 #include <string_view>
 
 namespace strativo {
 
-/// The table that a line of a glass section announces: "!TRANS", "!ABSORP" or "!DIFFU".
-enum class GlassTable { none, transmission, absorption, diffusion };
-GlassTable AnnouncedTable(std::string_view line);
-
-/// Reads the table lines that follow into the glass type, taking the numbers of a line in order.
-/// Extra numbers are ignored, and missing ones leave the old values. Throws run-time error 6.
-void ReadGlassTable(LineReader& lines, GlassTable table, GlassType& type);
-void ReadGlassTable(LineReader& lines, GlassTable table, GlassType2D& type);
+/// Reads the table that the line announces ("!TRANS", "!ABSORP" or "!DIFFU"), if any, from the
+/// lines that follow into the current glass type of that kind, taking the numbers of a line in
+/// order. Extra numbers are ignored, and missing ones leave the old values. Throws run-time
+/// error 6.
+void ReadAnnouncedTable(std::string_view line, LineReader& lines, Project& project, bool is2D);
 
 /// Whether the section line announces a two-dimensional type; a name containing "2D" has that
 /// effect too.
