@@ -31,6 +31,7 @@ namespace {
 
 constexpr std::size_t numberedWindows = 9;
 constexpr std::size_t listedWindows = 30;
+constexpr qsizetype longestAction = 60; // characters, in a menu
 
 /// Cascade, Make all Icons, Arrange Icons and a separator stand before the list of windows.
 constexpr int fixedWindowItems = 4;
@@ -174,12 +175,11 @@ void UValueMDI::ShowLayerMenu(QPoint position) {
         BuildLayerMenu();
     Editmenu_Click();
     const auto show = [](QAction& item, const QString& caption, const std::string& action) {
-        const QString name = MenuCaption(Elided(ToText(action)));
-        item.setText((caption + QLatin1Char(' ') + name).trimmed());
+        item.setText(caption.arg(MenuCaption(Elided(ToText(action), longestAction))));
         item.setEnabled(!action.empty());
     };
-    show(*ui.UndoItem, tr("Undo"), history.NextUndo());
-    show(*ui.RedoItem, tr("Redo"), history.NextRedo());
+    show(*ui.UndoItem, tr("Undo %1\tCtrl+Z"), history.NextUndo());
+    show(*ui.RedoItem, tr("Redo %1\tCtrl+Y"), history.NextRedo());
     layerMenu->popup(position);
 }
 

@@ -147,11 +147,11 @@ TEST_F(Undo, StandsOnTopOfTheLayerListsMenu) {
     std::vector<std::string> captions = LayerMenu();
     EXPECT_TRUE(undoEnabled);
     captions.resize(4);
-    EXPECT_THAT(captions, ElementsAre("Undo cut of 1 layer", "Redo", "-",
+    EXPECT_THAT(captions, ElementsAre("Undo cut of 1 layer\tCtrl+Z", "Redo \tCtrl+Y", "-",
                                       "Cu&t                   Ctrl+X   "));
     program->findChild<QAction*>(QStringLiteral("Undo"))->trigger();
     EXPECT_EQ(LayersShown(1).size(), 3);
-    EXPECT_EQ(LayerMenu()[1], "Redo cut of 1 layer");
+    EXPECT_EQ(LayerMenu()[1], "Redo cut of 1 layer\tCtrl+Y");
 }
 
 TEST_F(Undo, ShowsAmpersandsOfANameInTheMenu) {
@@ -159,7 +159,7 @@ TEST_F(Undo, ShowsAmpersandsOfANameInTheMenu) {
     TheProject().constructions[1].layers.Edit(1).name = "A & B";
     Type("25");
     Press(Qt::Key_Return);
-    EXPECT_EQ(LayerMenu().front(), "Undo thickness of A && B");
+    EXPECT_EQ(LayerMenu().front(), "Undo thickness of A && B\tCtrl+Z");
 }
 
 TEST_F(Undo, EndsWhenTheProjectIsReplaced) {
