@@ -63,5 +63,14 @@ _strativo_cli() {
     esac
 }
 
+_strativo() {
+    local current=${COMP_WORDS[COMP_CWORD]}
+    if [[ $current == -* ]]; then
+        mapfile -t COMPREPLY < <(compgen -W "--help --version" -- "$current")
+    else
+        mapfile -t COMPREPLY < <(compgen -f -X '!*.[cC][oO][nN]' -- "$current"; compgen -d -- "$current")
+    fi
+}
+
 complete -o filenames -F _strativo_cli strativo-cli
-complete -o filenames -f -X '!*.[cC][oO][nN]' -o plusdirs strativo
+complete -o filenames -F _strativo strativo

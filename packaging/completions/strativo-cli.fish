@@ -4,6 +4,8 @@ set -l rules zero-thickness zero-absorption unlinked-material unknown-cavity no-
 set -l commands show check rewrite import-glass build export report thermal library materials
 
 complete -c strativo -k -x -a "(__fish_complete_suffix .con)"
+complete -c strativo -l help -d "Show help"
+complete -c strativo -l version -d "Show the version"
 complete -c strativo-cli -f
 complete -c strativo-cli -n "not __fish_seen_subcommand_from $commands" -a show -d "Show constructions and glass types"
 complete -c strativo-cli -n "not __fish_seen_subcommand_from $commands" -a check -d "Print findings"

@@ -1,4 +1,5 @@
 #include "files/Process.h"
+#include "project/CommandLineHelp.h"
 #include "ui/Appearance.h"
 #include "ui/EndRequests.h"
 #include "ui/STRATVMD.h"
@@ -8,6 +9,8 @@
 #include <QIcon>
 #include <QSocketNotifier>
 
+#include <cstdio>
+#include <cstdlib>
 #include <memory>
 #include <string>
 
@@ -22,10 +25,18 @@ std::string CommandLine(int argc, char** argv) {
     return line;
 }
 
+int PrintToTerminal(const std::string& text) {
+    const bool printed = std::fputs(text.c_str(), stdout) >= 0 && std::fflush(stdout) == 0;
+    return printed ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
     strativo::PrepareProcess();
+    const std::string answer = strativo::HelpOrVersion({argv + 1, argv + argc});
+    if (!answer.empty())
+        return PrintToTerminal(answer);
     auto startMessages = std::make_unique<strativo::StartMessages>();
     QApplication application(argc, argv);
     startMessages.reset();
