@@ -1,110 +1,18 @@
 #include "ui/HelpViewer.h"
 
+#include "ui/HelpPages.h"
 #include "ui/MainWindowPlace.h"
 #include "ui/Text.h"
 
-#include <QFile>
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QShortcut>
-#include <QTextBrowser>
-#include <QTextDocument>
-#include <QTextTable>
 #include <QToolButton>
 
 namespace strativo {
-
-namespace {
-
-constexpr qint64 looksAt = 4096;
-
-/// Why the file cannot be shown as text; empty if it can.
-QString WhyNotShown(const QString& path) {
-    QFile file(path);
-    if (!QFileInfo(path).isFile())
-        return HelpViewer::tr("There is no such file.");
-    if (!file.open(QIODevice::ReadOnly))
-        return HelpViewer::tr("The file cannot be opened for reading.");
-    if (file.read(looksAt).contains('\0'))
-        return HelpViewer::tr("The file is neither a page of HTML or Markdown nor plain text.");
-    return {};
-}
-
-/// Shows local files only; for one that cannot be shown, it makes up a page that says so.
-class LocalPages : public QTextBrowser {
-public:
-    using QTextBrowser::QTextBrowser;
-
-    QVariant loadResource(int type, const QUrl& name) override {
-        const QUrl file = source().resolved(name);
-        if (!file.isLocalFile())
-            return {};
-        const QString path = file.toLocalFile();
-        const bool isPage =
-            type == QTextDocument::HtmlResource || type == QTextDocument::MarkdownResource;
-        // Reading a device as if it were a picture would never end.
-        if (!isPage && !QFileInfo(path).isFile())
-            return {};
-        const QString reason = isPage ? WhyNotShown(path) : QString();
-        if (reason.isEmpty())
-            return type == QTextDocument::HtmlResource ? HtmlText(path)
-                                                       : QTextBrowser::loadResource(type, file);
-        return type == QTextDocument::HtmlResource ? HtmlPage(path, reason)
-                                                   : MarkdownPage(path, reason);
-    }
-
-protected:
-    void doSetSource(const QUrl& name, QTextDocument::ResourceType type) override {
-        QTextBrowser::doSetSource(name, type);
-        TidyTables(document()->rootFrame());
-        // The tables have shifted what follows them.
-        if (name.hasFragment())
-            scrollToAnchor(name.fragment());
-    }
-
-private:
-    static void TidyTables(QTextFrame* frame) {
-        for (QTextFrame* child : frame->childFrames()) {
-            TidyTables(child);
-            if (auto* table = qobject_cast<QTextTable*>(child)) {
-                QTextTableFormat format = table->format();
-                format.setBorder(0);
-                format.setCellSpacing(0);
-                format.setCellPadding(4);
-                format.setBottomMargin(12);
-                table->setFormat(format);
-            }
-        }
-    }
-
-    /// The file as a page of HTML; plain text is wrapped so that its lines stay as they are.
-    QVariant HtmlText(const QString& path) {
-        const QVariant bytes =
-            QTextBrowser::loadResource(QTextDocument::HtmlResource, QUrl::fromLocalFile(path));
-        if (QFileInfo(path).suffix().startsWith(QLatin1String("htm"), Qt::CaseInsensitive))
-            return bytes;
-        const QString text = PathText(bytes.toByteArray().toStdString());
-        if (Qt::mightBeRichText(text))
-            return text;
-        return QStringLiteral("<pre style='white-space: pre-wrap'>%1</pre>")
-            .arg(text.toHtmlEscaped());
-    }
-
-    static QString HtmlPage(const QString& path, const QString& reason) {
-        return QStringLiteral("<h2>%1</h2><p>%2</p><p>%3</p>")
-            .arg(HelpViewer::tr("This help page cannot be shown"), path.toHtmlEscaped(), reason);
-    }
-
-    static QString MarkdownPage(const QString& path, const QString& reason) {
-        return QStringLiteral("## %1\n\n    %2\n\n%3\n")
-            .arg(HelpViewer::tr("This help page cannot be shown"), path.simplified(), reason);
-    }
-};
-
-} // namespace
 
 HelpViewer::HelpViewer(QWidget* parent) : QWidget(parent, Qt::Window) {
     setObjectName(QStringLiteral("HelpViewer"));
@@ -144,7 +52,7 @@ void HelpViewer::BuildControls() {
         button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
         button->setEnabled(false);
     }
-    ui.Page = new LocalPages(this);
+    ui.Page = new HelpPages(this);
     ui.Page->setObjectName(QStringLiteral("Page"));
     ui.Page->setOpenLinks(false);
     ui.Page->setAccessibleName(tr("Help page"));
@@ -159,8 +67,8 @@ void HelpViewer::BuildFindBar() {
     ui.findBar->setObjectName(QStringLiteral("FindBar"));
     ui.FindText = new QLineEdit(ui.findBar);
     ui.FindText->setObjectName(QStringLiteral("FindText"));
-    ui.FindText->setPlaceholderText(tr("Find in this page"));
-    ui.FindText->setAccessibleName(tr("Find in this page"));
+    ui.FindText->setPlaceholderText(tr("Find in all pages"));
+    ui.FindText->setAccessibleName(tr("Find in all pages"));
     ui.FindText->setClearButtonEnabled(true);
     ui.FindNext = AddButton(QStringLiteral("FindNext"), tr("Next"), QStringLiteral("F3"),
                             tr("The next place"));
@@ -247,17 +155,7 @@ void HelpViewer::Find(bool backwards) {
         OpenFindBar();
         return;
     }
-    const QTextDocument::FindFlags flags =
-        backwards ? QTextDocument::FindBackward : QTextDocument::FindFlags();
-    const QTextCursor before = ui.Page->textCursor();
-    bool found = ui.Page->find(wanted, flags);
-    if (!found) {
-        // From the other end on: the search goes round.
-        ui.Page->moveCursor(backwards ? QTextCursor::End : QTextCursor::Start);
-        found = ui.Page->find(wanted, flags);
-    }
-    if (!found)
-        ui.Page->setTextCursor(before);
+    const bool found = ui.Page->FindInAll(wanted, backwards);
     SetPlainText(*ui.Notice, found ? QString() : tr("Not found: %1").arg(wanted));
 }
 

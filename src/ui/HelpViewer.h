@@ -4,11 +4,12 @@
 
 class QLabel;
 class QLineEdit;
-class QTextBrowser;
 class QToolButton;
 class QUrl;
 
 namespace strativo {
+
+class HelpPages;
 
 /// The window that shows the help file: a page of HTML, Markdown or plain text. It follows links to
 /// local files only.
@@ -30,7 +31,7 @@ private:
         QToolButton* Back;
         QToolButton* Forward;
         QToolButton* Home;
-        QTextBrowser* Page;
+        HelpPages* Page;
         QWidget* findBar;
         QLineEdit* FindText;
         QToolButton* FindNext;

@@ -3,8 +3,12 @@
 #include "WindowTest.h"
 #include "ui/MainWindowPlace.h"
 
+#include <QImage>
 #include <QScreen>
+#include <QScrollBar>
+#include <QTextBlock>
 #include <QTextBrowser>
+#include <QTextLayout>
 #include <QToolButton>
 
 namespace strativo {
@@ -157,6 +161,60 @@ TEST_F(HelpWindow, SaysWhatItDidNotFind) {
     Search("glass");
     EXPECT_EQ(Notice(), "Not found: glass");
     EXPECT_FALSE(page->textCursor().hasSelection());
+}
+
+TEST_F(HelpWindow, GoesOnSearchingInTheOtherPages) {
+    Write("deeper/third.html", "<p>A pane of glass</p>");
+    Write("second.md", "Glass\n\n[third](deeper/third.html#top)\n");
+    Open(Write("first.html", "<p>glass</p><p><a href='second.md'>second</a></p>"));
+    Search("glass");
+    EXPECT_EQ(Text(), "glass\nsecond");
+    PressKey(&viewer, Qt::Key_F3);
+    EXPECT_EQ(Text(), "Glass\nthird");
+    EXPECT_EQ(Bytes(page->textCursor().selectedText()), "Glass");
+    PressKey(&viewer, Qt::Key_F3);
+    EXPECT_EQ(Text(), "A pane of glass");
+    EXPECT_EQ(page->textCursor().selectionStart(), 10);
+    PressKey(&viewer, Qt::Key_F3);
+    EXPECT_EQ(Text(), "glass\nsecond");
+    PressKey(&viewer, Qt::Key_F3, Qt::ShiftModifier);
+    EXPECT_EQ(Text(), "A pane of glass");
+    PressKey(&viewer, Qt::Key_F3, Qt::ShiftModifier);
+    EXPECT_EQ(Text(), "Glass\nthird");
+    Button("Back")->click();
+    EXPECT_EQ(Text(), "A pane of glass");
+}
+
+TEST_F(HelpWindow, SearchesNoPagesOutsideItsFolder) {
+    Write("secret.html", "<p>glass</p>");
+    Write("manual/second.html", "<p>block</p>");
+    Open(Write("manual/first.html",
+               "<p>brick</p><p><a href='../secret.html'>secret</a>"
+               "<a href='second.html'>second</a><a href='gone.html'>g</a></p>"));
+    Search("glass");
+    EXPECT_EQ(Notice(), "Not found: glass");
+    EXPECT_EQ(Text(), "brick\nsecretsecondg");
+}
+
+TEST_F(HelpWindow, PicturesAreNeverWiderThanThePage) {
+    QImage picture(900, 300, QImage::Format_RGB32);
+    picture.fill(Qt::blue);
+    ASSERT_TRUE(picture.save(QString::fromStdString((folder.Path() / "wide.png").string())));
+    Open(Write("first.html", "<p><img src='wide.png' width='800'></p><p><img src='wide.png'></p>"
+                             "<p><img src='wide.png' width='90'></p>"));
+    const auto widths = [this] {
+        std::vector<qreal> found;
+        for (QTextBlock block = page->document()->begin(); block.isValid(); block = block.next())
+            found.push_back(block.begin().fragment().charFormat().toImageFormat().width());
+        return found;
+    };
+    viewer.resize(500, 400);
+    QTRY_COMPARE(page->horizontalScrollBar()->maximum(), 0);
+    const qreal room = page->viewport()->width() - 2 * page->document()->documentMargin();
+    EXPECT_EQ(widths(), (std::vector<qreal>{room, room, 90}));
+    EXPECT_NEAR(page->document()->begin().layout()->boundingRect().height(), room / 3, 20);
+    viewer.resize(1200, 400);
+    EXPECT_EQ(widths(), (std::vector<qreal>{800, 900, 90}));
 }
 
 TEST_F(HelpWindow, EscapeClosesTheFindBar) {
