@@ -1,8 +1,10 @@
 #include "ui/ProfileGraph.h"
 
 #include "ui/ProfileColours.h"
+#include "ui/ProfileGraphAccess.h"
 #include "ui/Twips.h"
 
+#include <QAccessible>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPolygonF>
@@ -19,6 +21,7 @@ ProfileGraph::ProfileGraph(QWidget* parent) : QWidget(parent) {
     setObjectName(QStringLiteral("Graph"));
     setFocusPolicy(Qt::StrongFocus);
     setCursor(Qt::CrossCursor);
+    MakeProfileGraphsAccessible();
 }
 
 GraphGeometry ProfileGraph::Geometry() const {
@@ -31,6 +34,8 @@ void ProfileGraph::Show(const AngularValues& newValues, const AngularValues& new
     others = newOthers;
     selectedColumn = newSelectedColumn;
     parentWidget()->update();
+    QAccessibleValueChangeEvent told(this, SelectedValue());
+    QAccessible::updateAccessibility(&told);
 }
 
 QPointF ProfileGraph::PointOf(int column, double value) const {

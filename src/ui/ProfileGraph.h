@@ -27,6 +27,8 @@ public:
     /// Draws grid, curve and markers relative to the painter's origin, also beyond the widget's
     /// edges.
     void Draw(QPainter& painter) const;
+    /// The value of the selected column; 0 while none is selected.
+    double SelectedValue() const { return selectedColumn == 0 ? 0 : values[selectedColumn]; }
     /// Lets go of a point that is being dragged.
     void EndDrag() { dragging = false; }
 
@@ -35,6 +37,8 @@ signals:
     void Pressed(double x, double y);
     /// The pointer moved with the left button held; coordinate in twips.
     void Dragged(double y);
+    /// A screen reader sets the value of the selected column.
+    void ValueGiven(double value);
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -60,6 +60,11 @@ void SetPlainText(QLabel& label, const QString& text) {
     label.setText(ElidedLines(text));
 }
 
+void SetValueText(QLabel& label, const QString& caption, const QString& value) {
+    SetPlainText(label, value);
+    label.setAccessibleName(caption + QLatin1String(": ") + Elided(value));
+}
+
 void SetPlainToolTip(QWidget& widget, const QString& text) {
     // Tooltips have no plain-text mode, so anything Qt would take for HTML is turned into HTML that
     // displays it.

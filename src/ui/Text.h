@@ -38,6 +38,8 @@ QString MenuCaption(const QString& text);
 /// control.
 QLabel* PlainLabel(const QString& text, QWidget* parent);
 void SetPlainText(QLabel& label, const QString& text);
+/// The same for a label beside its caption: screen readers are told both.
+void SetValueText(QLabel& label, const QString& caption, const QString& value);
 void SetPlainToolTip(QWidget& widget, const QString& text);
 
 } // namespace strativo

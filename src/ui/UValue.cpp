@@ -68,7 +68,7 @@ void UValue::ShowConstruction() {
     // A name being typed stays; whether it is kept is decided on leaving the field.
     if (!ui.NameText->isModified())
         ui.NameText->setText(ToText(Record().name));
-    ui.IndexText->setText(ToText(FormatGeneral(number)));
+    SetValueText(*ui.IndexText, tr("Construction index"), ToText(FormatGeneral(number)));
     ui.TypeCombo->setCurrentIndex(Record().type);
     ShowAbsorption(Record().type == transparentType);
     RefreshLayerList();
@@ -89,12 +89,12 @@ void UValue::RefreshLayerList() {
         || Record().currentLayer == 0)
         ui.EditThick->setText(ToText(view.editThick));
     ui.AbsorpText->setText(ToText(view.absorpText));
-    SetPlainText(*ui.ConName, ToText(view.conName));
+    SetValueText(*ui.ConName, tr("Current layer"), ToText(view.conName));
     ShowUValue(view.result);
 }
 
 void UValue::ShowUValue(const std::string& text) {
-    ui.Result->setText(ToText(text));
+    SetValueText(*ui.Result, tr("Indicative U-value"), ToText(text));
 }
 
 void UValue::FocusList() {

@@ -148,13 +148,10 @@ void UValue::BuildDragImages() {
 
 void UValue::Describe() {
     ui.NameText->setAccessibleName(tr("Construction name"));
-    ui.IndexText->setAccessibleName(tr("Construction index"));
     ui.TypeCombo->setAccessibleName(tr("Construction type"));
-    ui.Construction->setAccessibleName(tr("Layers"));
-    ui.ConName->setAccessibleName(tr("Current layer"));
+    ui.Construction->setAccessibleName(tr("Layers: name, resistance in m2C/W, thickness in mm"));
     ui.EditThick->setAccessibleName(tr("Thickness of the current layer"));
     ui.AbsorpText->setAccessibleName(tr("Solar absorption of the current layer"));
-    ui.Result->setAccessibleName(tr("Indicative U-value"));
     ui.NameText->setToolTip(tr("Name of the construction; Enter stores it"));
     ui.TypeCombo->setToolTip(tr("A transparent construction has a solar absorption in each layer"));
     ui.Construction->setToolTip(tr("Layers: resistance in m2C/W, thickness in mm"));

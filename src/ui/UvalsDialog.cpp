@@ -137,7 +137,8 @@ void UvalsDialog::BuildDragImages() {
 void UvalsDialog::Describe() {
     ui.MatOption[0]->setToolTip(tr("Shows the materials of the standard library"));
     ui.MatOption[1]->setToolTip(tr("Shows the materials of the user library"));
-    ui.UValueList->setAccessibleName(tr("Materials"));
+    ui.UValueList->setAccessibleName(
+        tr("Materials: name, conductivity in W/m C, density in kg/m3, specific heat in J/kg C"));
     ui.UValueList->setToolTip(
         tr("Conductivity in W/m/°C, density in kg/m3, specific heat in J/kg/°C. Double click or "
            "Enter inserts the material before the current layer; drag it onto a layer list"));

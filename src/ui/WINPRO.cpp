@@ -3,6 +3,7 @@
 #include "edit/ConstructionEntry.h"
 #include "edit/GlassCells.h"
 #include "edit/InfoTexts.h"
+#include "text/Format.h"
 #include "ui/EntryField.h"
 #include "ui/HistoryKeys.h"
 #include "ui/KeyRepeat.h"
@@ -146,7 +147,6 @@ void Profile::LayOut() {
 void Profile::Describe() {
     ui.GlassText->setAccessibleName(tr("Glass type name"));
     ui.GlassText->setToolTip(tr("Name of the glass type, unlike that of any other"));
-    ui.Graph->setAccessibleName(tr("Profile graph"));
     ui.Graph->setToolTip(
         tr("Drag a point, or choose one with Left, Right, Home and End and change it by 0.01 with "
            "Up and Down, by 0.1 with Page Up and Page Down, or type its value. Ctrl+V takes eleven "
@@ -190,6 +190,10 @@ void Profile::ConnectSignals() {
     });
     connect(ui.Graph, &ProfileGraph::Pressed, this, &Profile::Graph_MouseDown);
     connect(ui.Graph, &ProfileGraph::Dragged, this, &Profile::Graph_MouseMove);
+    connect(ui.Graph, &ProfileGraph::ValueGiven, this, [this](double value) {
+        program.perform([&] { TypeValue(program.project, profile, FormatGeneral(value)); });
+        ShowProfile();
+    });
     connect(ui.EditLevel, &QLineEdit::textEdited, this, [this] {
         gesture += levelEdited ? 0 : 1;
         levelEdited = true;
@@ -368,10 +372,13 @@ void Profile::ShowProfile() {
     const QString column = ToText(ColumnText(program.project, profile));
     SetPlainText(*ui.SelColumn, column);
     ui.EditLevel->setAccessibleName(column);
+    const QString level = ToText(LevelText(program.project, profile));
+    ui.Graph->setAccessibleName(selected ? tr("Profile graph: %1, %2").arg(column, level)
+                                         : tr("Profile graph"));
     if (!selected && ui.EditLevel->hasFocus())
         ui.Graph->setFocus();
     ui.EditLevel->setVisible(selected);
-    ui.EditLevel->setText(ToText(LevelText(program.project, profile)));
+    ui.EditLevel->setText(level);
     levelEdited = false;
     if (ui.EditLevel->hasFocus())
         ui.EditLevel->selectAll();

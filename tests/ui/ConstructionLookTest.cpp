@@ -168,8 +168,30 @@ TEST_F(Look, EveryControlHasAnAccessibleNameOrACaption) {
         for (const auto* button : window->parentWidget()->findChildren<QToolButton*>())
             EXPECT_TRUE(isNamed(*button)) << button->objectName().toStdString();
     }
-    for (const char* name : {"Result", "ConName", "IndexText"})
-        EXPECT_FALSE(Label(name)->accessibleName().isEmpty()) << name;
+}
+
+TEST_F(Look, LabelsWithAValueHaveCaptionAndValueAsAccessibleName) {
+    StartWithTransparentConstruction();
+    const auto name = [this](const char* label) { return Label(label)->accessibleName(); };
+    EXPECT_EQ(name("IndexText"), QStringLiteral("Construction index: 1"));
+    EXPECT_EQ(name("Result"), QStringLiteral("Indicative U-value: n/a"));
+    EXPECT_EQ(name("ConName"), QStringLiteral("Current layer: "));
+    Insert("PLASTER");
+    EXPECT_EQ(name("ConName"), QStringLiteral("Current layer: PLASTER"));
+    TakeKeyboard(*Window(1));
+    Type("100");
+    Press(Qt::Key_Return);
+    EXPECT_NE(Label("Result")->text(), QStringLiteral("n/a"));
+    EXPECT_EQ(name("Result"), QStringLiteral("Indicative U-value: ") + Label("Result")->text());
+}
+
+TEST_F(Look, ListsNameTheirColumns) {
+    StartWithTransparentConstruction();
+    EXPECT_EQ(List(1)->accessibleName(),
+              QStringLiteral("Layers: name, resistance in m2C/W, thickness in mm"));
+    EXPECT_EQ(Materials()->accessibleName(),
+              QStringLiteral("Materials: name, conductivity in W/m C, density in kg/m3, specific "
+                             "heat in J/kg C"));
 }
 
 TEST_F(Look, TheTabKeyGoesThroughTheControlsInOrder) {

@@ -1,5 +1,7 @@
 #include "GlassEditor.h"
 
+#include <QAccessible>
+
 namespace strativo {
 namespace {
 
@@ -25,6 +27,23 @@ TEST_F(GlassEditor, NamesAndExplainsEveryControl) {
     for (const char* control :
          {"Graph", "GlassText", "GlassProp_0", "GlassProp_1", "EditLevel", "OkBut", "CancelBut"})
         EXPECT_FALSE(Find(*editor, control)->toolTip().isEmpty()) << control;
+}
+
+TEST_F(GlassEditor, TellsScreenReadersColumnAndValueOfTheSelectedPoint) {
+    Open(5);
+    EXPECT_EQ(Bytes(graph->accessibleName()),
+              "Profile graph: Transmission at 30 degrees, " + Bytes(level->text()));
+    QAccessibleInterface* access = QAccessible::queryAccessibleInterface(graph);
+    ASSERT_NE(access, nullptr);
+    QAccessibleValueInterface* value = access->valueInterface();
+    ASSERT_NE(value, nullptr);
+    EXPECT_FLOAT_EQ(value->currentValue().toFloat(), level->text().toFloat());
+    EXPECT_EQ(value->minimumValue().toDouble(), 0);
+    EXPECT_EQ(value->maximumValue().toDouble(), 1);
+    value->setCurrentValue(0.25);
+    EXPECT_EQ(Bytes(level->text()), "0.250");
+    EXPECT_EQ(Bytes(graph->accessibleName()), "Profile graph: Transmission at 30 degrees, 0.250");
+    EXPECT_FLOAT_EQ(value->currentValue().toFloat(), 0.25F);
 }
 
 TEST_F(GlassEditor, IsWalkedThroughByTabInReadingOrder) {
