@@ -10,12 +10,14 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QDialog>
+#include <QImage>
 #include <QListWidget>
 #include <QPushButton>
 #include <QScreen>
 #include <QTimer>
 
 #include <iostream>
+#include <utility>
 
 // Saves pictures of the whole screen with each of the program's windows on it, for somebody who
 // looks whether all of them fit; see tools/make-window-pictures.
@@ -27,7 +29,7 @@ using namespace strativo;
 class Photographer {
 public:
     Photographer(UValueMDI& mainWindow, const QString& prefix)
-        : window(mainWindow), start(prefix) {}
+        : window(mainWindow), start(prefix), latest(Screen()) {}
 
     void TakeAll() {
         Save("1-opened");
@@ -45,22 +47,42 @@ public:
         window.TheProject().changed = true;
         SaveBox("8-message", [this] { Trigger("NewProject"); });
         SaveBox("9-prompt", [this] { Trigger("SaveProjectAs"); });
+        OpenLayerMenu();
+        Save("10-layer-menu");
+        Trigger("OpenSection");
+        Save("11-section");
         Trigger("HelpContents");
-        Save("10-manual");
+        Save("12-manual");
     }
 
 private:
-    /// Long enough for the window manager, the server and all painting.
-    static void Settle() {
+    static void Wait() {
         QEventLoop loop;
-        QTimer::singleShot(700, &loop, &QEventLoop::quit);
+        QTimer::singleShot(200, &loop, &QEventLoop::quit);
         loop.exec();
     }
 
+    QImage Screen() const { return window.screen()->grabWindow(0).toImage(); }
+
+    /// The screen once everything is painted: it differs from the picture before, and two pictures
+    /// in a row are the same.
+    QImage Settled() const {
+        QImage before;
+        for (int i = 0; i < 150; ++i) {
+            Wait();
+            QImage now = Screen();
+            if (now == before && now != latest)
+                return now;
+            before = std::move(now);
+        }
+        std::cerr << "the screen does not come to rest\n";
+        return before;
+    }
+
     void Save(const char* name) {
-        Settle();
+        latest = Settled();
         const QString file = start + QLatin1String(name) + QStringLiteral(".png");
-        if (!window.screen()->grabWindow(0).save(file))
+        if (!latest.save(file))
             std::cerr << "cannot write " << file.toStdString() << '\n';
     }
 
@@ -92,8 +114,14 @@ private:
         Press("EditBut", &window);
     }
 
+    void OpenLayerMenu() {
+        UValue* construction = window.ConstructionWindow(1);
+        emit construction->ContextMenuWanted(construction->mapToGlobal(QPoint(60, 160)));
+    }
+
     UValueMDI& window;
     QString start;
+    QImage latest; ///< the picture saved last; at first that of the empty screen
 };
 
 QPalette DarkPalette() {
@@ -118,8 +146,10 @@ int main(int argc, char** argv) {
     if (std::string(argv[2]) == "dark")
         QApplication::setPalette(DarkPalette());
     const Appearance appearance(application);
+    QApplication::setCursorFlashTime(0); // a blinking caret would never come to rest
     UValueMDI window;
+    Photographer photographer(window, QString::fromLocal8Bit(argv[1]));
     window.MDIForm_Load(argv[3]);
-    Photographer(window, QString::fromLocal8Bit(argv[1])).TakeAll();
+    photographer.TakeAll();
     return 0;
 }
