@@ -1,4 +1,3 @@
-#include "calc/LayerList.h"
 #include "edit/ConstructionEntry.h"
 #include "edit/LayerClipboard.h"
 #include "project/NewProject.h"
@@ -17,6 +16,10 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QTimer>
+
+#include <string>
+#include <string_view>
+#include <vector>
 
 // Drives the program's own windows and saves pictures of them for README and manual.
 
@@ -102,27 +105,32 @@ private:
         project.constructions[project.currentConstruction].type = type;
     }
 
-    void SetLayer(int layer, double thickness, float absorption) {
+    /// Enters a number at each layer, from the first on, as a user does.
+    void EnterAll(EntryResult (*enter)(Project&, int, std::string_view, Prompts&),
+                  const std::vector<std::string>& numbers) {
         Project& project = window.TheProject();
-        Construction& construction = project.constructions[project.currentConstruction];
-        construction.layers.Edit(layer).thickness = thickness;
-        construction.layers.Edit(layer).absorption = absorption;
-        construction.currentLayer = static_cast<std::int16_t>(layer);
-        ClearMarks(construction);
-        construction.layers.Edit(layer).selected = true;
-        RefreshLayerList(project.constructions[project.currentConstruction]);
+        const int construction = project.currentConstruction;
+        for (int line = 0; line < static_cast<int>(numbers.size()); ++line) {
+            std::vector<bool> marks(numbers.size());
+            marks[static_cast<std::size_t>(line)] = true;
+            SelectLine(project, construction, line, marks);
+            enter(project, construction, numbers[static_cast<std::size_t>(line)], prompts);
+        }
+        window.ShowProject();
     }
 
+    /// As the first construction of a new project.
     void BuildTutorialWall() {
+        window.TheProject().changed = false;
+        Trigger("NewProject");
         StartConstruction("External wall", opaqueType);
         for (const char* material : {"BRICK CLAY 1920", "CAVITY Type 1 NORMAL", "MINERAL WOOL 60",
                                      "CONCRETE BLOCK LIGHT 1380", "PLASTER GYPSUM 1000"})
             Append(material);
+        window.ShowProject();
         const int number = window.TheProject().currentConstruction;
         Save(Frame(number), "tutorial-layers");
-        const double thicknesses[] = {102, 50, 100, 100, 13};
-        for (int layer = 1; layer <= LayerCount(window.TheProject().constructions[number]); ++layer)
-            SetLayer(layer, thicknesses[layer - 1], 0);
+        EnterAll(EnterThickness, {"102", "50", "100", "100", "13"});
         Save(Frame(number), "tutorial-wall");
     }
 
@@ -131,9 +139,8 @@ private:
         for (const char* material :
              {"GLASS SODA LIME 2500", "CAVITY Type 11 ISO15099", "GLASS SODA LIME 2500"})
             Append(material);
-        SetLayer(1, 6, 0.15F);
-        SetLayer(2, 12, 0);
-        SetLayer(3, 6, 0.12F);
+        EnterAll(EnterThickness, {"6", "12", "6"});
+        EnterAll(EnterAbsorption, {"0.15", "0", "0.12"});
         Save(Frame(window.TheProject().currentConstruction), "tutorial-glazing");
     }
 
