@@ -191,6 +191,7 @@ void Profile::ConnectSignals() {
     connect(ui.Graph, &ProfileGraph::Pressed, this, &Profile::Graph_MouseDown);
     connect(ui.Graph, &ProfileGraph::Dragged, this, &Profile::Graph_MouseMove);
     connect(ui.Graph, &ProfileGraph::ValueGiven, this, [this](double value) {
+        ++gesture;
         program.perform([&] { TypeValue(program.project, profile, FormatGeneral(value)); });
         ShowProfile();
     });

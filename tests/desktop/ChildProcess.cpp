@@ -50,6 +50,14 @@ void ChildProcess::Signal(int number) const {
     kill(id, number);
 }
 
+bool ChildProcess::HasLoaded(const std::string& library) const {
+    std::ifstream maps("/proc/" + std::to_string(id) + "/maps");
+    for (std::string line; std::getline(maps, line);)
+        if (line.find(library) != std::string::npos)
+            return true;
+    return false;
+}
+
 void ChildProcess::SpoilHeap(char byte) const {
     const std::string process = "/proc/" + std::to_string(id);
     std::ifstream maps(process + "/maps");

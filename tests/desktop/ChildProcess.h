@@ -20,6 +20,8 @@ public:
     std::optional<int> ExitStatus(std::chrono::milliseconds patience);
     bool IsRunning();
     void Signal(int number) const;
+    /// Whether it has loaded a library with this text in its path.
+    bool HasLoaded(const std::string& library) const;
     /// Overwrites everything that it has allocated.
     void SpoilHeap(char byte) const;
 

@@ -2,6 +2,10 @@
 
 #include "desktop/FileDrag.h"
 
+#include <csignal>
+#include <cstdlib>
+#include <utility>
+
 namespace strativo {
 
 TEST_F(ProgramStory, ItIsWorkedWithByTheKeyboardAlone) {
@@ -113,6 +117,55 @@ TEST_F(ProgramStory, AFileIsDroppedOnIt) {
     WaitForFile("wall.con", Pair({Plaster(1), Block(2)}, {Block(1)}));
     Press({Key::alt, Key::f4});
     EXPECT_EQ(program->ExitStatus(patience), 0);
+}
+
+/// The program under a desktop's settings for Qt that choose another font.
+class LateFontStory : public ProgramStory {
+protected:
+    LateFontStory() {
+        folder.Write("work/wall.con", Pair({Plaster(1), Block(2)}, {Block(1), Plaster(2)}));
+        folder.Write("config/qt6ct/qt6ct.conf",
+                     "[Appearance]\ncustom_palette=false\nstyle=Fusion\n\n[Fonts]\n"
+                     "fixed=\"DejaVu Sans Mono,12,-1,5,400,0,0,0,0,0,0,0,0,0,0,1\"\n"
+                     "general=\"DejaVu Sans,12,-1,5,400,0,0,0,0,0,0,0,0,0,0,1\"\n");
+    }
+    ~LateFontStory() override {
+        unsetenv("QT_QPA_PLATFORMTHEME");
+        setenv("XDG_CONFIG_HOME", configBefore.c_str(), 1);
+    }
+
+    void StartWith(const char* theme) {
+        setenv("QT_QPA_PLATFORMTHEME", theme, 1);
+        setenv("XDG_CONFIG_HOME", (folder.Path() / "config").c_str(), 1);
+        Start({"wall.con"});
+        WaitForActive(mainTitle);
+    }
+
+    /// The screen once two pictures in a row are the same.
+    static Picture Settled() {
+        Picture before;
+        Picture now = Screen().TakePicture();
+        do {
+            before = std::move(now);
+            Screen().WaitForPrograms();
+            now = Screen().TakePicture();
+        } while (now.pixels != before.pixels);
+        return now;
+    }
+
+    const std::string configBefore = std::getenv("XDG_CONFIG_HOME");
+};
+
+TEST_F(LateFontStory, AFontThatTheDesktopSetsAfterTheStartLeavesTheWindowsAsTheyAre) {
+    StartWith("");
+    EXPECT_FALSE(program->HasLoaded("libqt6ct"));
+    const Picture plain = Settled();
+    program->Signal(SIGKILL);
+    EXPECT_EQ(program->ExitStatus(patience), std::nullopt);
+    StartWith("qt6ct");
+    EXPECT_TRUE(program->HasLoaded("libqt6ct"));
+    WaitFor("the same picture", [&] { return Screen().TakePicture().pixels == plain.pixels; });
+    EXPECT_TRUE(Settled().pixels == plain.pixels);
 }
 
 } // namespace strativo
