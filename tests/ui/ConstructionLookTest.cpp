@@ -178,7 +178,7 @@ TEST_F(Look, LabelsWithAValueHaveCaptionAndValueAsAccessibleName) {
     EXPECT_EQ(name("ConName"), QStringLiteral("Current layer: "));
     Insert("PLASTER");
     EXPECT_EQ(name("ConName"), QStringLiteral("Current layer: PLASTER"));
-    TakeKeyboard(*Window(1));
+    Area().Activate(1);
     Type("100");
     Press(Qt::Key_Return);
     EXPECT_NE(Label("Result")->text(), QStringLiteral("n/a"));

@@ -5,14 +5,14 @@
 namespace strativo {
 namespace {
 
-struct Run {
+struct Outcome {
     int status;
     QByteArray out;
     QByteArray err;
 };
 
 /// Runs the program where it could not open any window.
-Run RunWithoutDisplay(const QStringList& arguments, const QString& output = {}) {
+Outcome RunWithoutDisplay(const QStringList& arguments, const QString& output = {}) {
     QProcess program;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.remove(QStringLiteral("DISPLAY"));
@@ -28,14 +28,14 @@ Run RunWithoutDisplay(const QStringList& arguments, const QString& output = {}) 
 }
 
 TEST(ProgramOptions, HelpIsPrintedWithoutADisplay) {
-    const Run run = RunWithoutDisplay({QStringLiteral("--help")});
+    const Outcome run = RunWithoutDisplay({QStringLiteral("--help")});
     EXPECT_EQ(run.status, 0);
     EXPECT_TRUE(run.out.startsWith("Usage: strativo [FILE.con]\n")) << run.out.constData();
     EXPECT_EQ(run.err, "");
 }
 
 TEST(ProgramOptions, TheVersionIsPrintedWithoutADisplay) {
-    const Run run = RunWithoutDisplay({QStringLiteral("--version")});
+    const Outcome run = RunWithoutDisplay({QStringLiteral("--version")});
     EXPECT_EQ(run.status, 0);
     EXPECT_TRUE(run.out.startsWith("strativo 2.")) << run.out.constData();
     EXPECT_EQ(run.out.count('\n'), 1);
@@ -43,7 +43,7 @@ TEST(ProgramOptions, TheVersionIsPrintedWithoutADisplay) {
 }
 
 TEST(ProgramOptions, OtherArgumentsStartTheProgram) {
-    const Run run = RunWithoutDisplay({QStringLiteral("--help"), QStringLiteral("house.con")});
+    const Outcome run = RunWithoutDisplay({QStringLiteral("--help"), QStringLiteral("house.con")});
     EXPECT_EQ(run.status, 1);
     EXPECT_EQ(run.out, "");
     EXPECT_EQ(run.err, "strativo: there is no display to open a window on\n");
