@@ -8,7 +8,7 @@
 
 namespace strativo {
 
-/// Another program. It ends with this object, and with the test program at the latest.
+/// Another program. It ends with this object, or with the test program at the latest.
 class ChildProcess {
 public:
     explicit ChildProcess(const std::vector<std::string>& command);

@@ -16,8 +16,8 @@ public:
 
     /// Drags to the place, waits until that takes the files, and drops them.
     void DropOn(QPoint place);
-    /// Drags to the place and lets go, which must not be taken for a drop. The stories' own program
-    /// has seen the drag by then.
+    /// Drags to the place and lets go, which must not count as a drop. By then, the stories' own
+    /// program has seen the drag.
     void TryOn(QPoint place);
 
 private:

@@ -18,8 +18,8 @@ namespace strativo {
 
 namespace {
 
-/// A window that never shows and is asked to close behind each input. Only requests to close take
-/// the same queues as input, all the way; a tool tip gets them also while a box is open.
+/// An invisible window that is asked to close after each input. Only such requests take the same
+/// queues as input all the way; a tool tip window gets them even while a box is open.
 class Marker : public QWindow {
 public:
     Marker() {
@@ -39,8 +39,8 @@ protected:
     }
 };
 
-/// Waits until the server has done what the windows asked of it: before a closed menu has let go of
-/// the pointer it would get the next input.
+/// Waits until the server has done what the windows asked of it: the next input would still go to a
+/// closed menu that has not let go of the pointer.
 void CatchUpWithServer() {
     xcb_connection_t* server =
         qApp->nativeInterface<QNativeInterface::QX11Application>()->connection();

@@ -8,7 +8,7 @@ class OpeningStory : public TwoWindows {
 protected:
     void SetUp() override { Write(name, Pair({Block(1)}, {Plaster(1), Insulation(2)})); }
 
-    /// The file of that odd name is the one open: a change is saved in it.
+    /// Expects that the file with the odd name is open: a change is saved in it.
     void ExpectOpen() {
         WaitFor("the file to be open",
                 [this] { return window->TheProject().constructionFile == PathOf(name); });

@@ -8,7 +8,7 @@
 
 namespace strativo {
 
-/// Stories of a program that ends with changes that nobody saved.
+/// Stories of a program that ends with unsaved changes.
 class RecoveryStory : public ProgramStory {
 protected:
     RecoveryStory() {

@@ -109,7 +109,7 @@ void TakeStep(Step step) {
             SmsShutdownCancelled(program);
 }
 
-/// A program that was killed takes its end of the connection along.
+/// When a program is killed, its end of the connection goes too.
 void TakeMessages(std::size_t index) {
     IceConn connection = connections[index];
     const IceProcessMessagesStatus status = IceProcessMessages(connection, nullptr, nullptr);

@@ -16,7 +16,7 @@ public:
     /// Asks the programs to save themselves before a log-out and waits until one says that it has;
     /// false when none does in time.
     bool PrepareLogOut();
-    /// Tells the programs that nobody logs out after all.
+    /// Tells the programs that the log-out was cancelled.
     void CancelLogOut();
 
 private:

@@ -44,7 +44,7 @@ QDialog* BoxInFront() {
     return qobject_cast<QDialog*>(QApplication::activeModalWidget());
 }
 
-/// The window lies, painted and active, where the program believes that it lies.
+/// Whether the window is painted, active and really where the program believes it is.
 bool IsReadyForInput(const QWidget* widget) {
     if (widget == nullptr || !widget->isActiveWindow() || widget->windowHandle() == nullptr
         || !widget->windowHandle()->isExposed())

@@ -49,7 +49,7 @@ void TestScreen::StartServer() {
     setenv("DISPLAY", (":" + number).c_str(), 1);
 }
 
-/// A window shown before the manager is at work could stay out of sight.
+/// A window shown before the window manager is ready could stay invisible.
 void TestScreen::StartWindowManager() {
     const std::string sign = home.Path() / "ready";
     manager = std::make_unique<ChildProcess>(

@@ -35,7 +35,7 @@ void User::Click(QPoint place, int button) {
     WaitForInput();
 }
 
-/// How long a machine takes for two clicks must not decide what they mean.
+/// Two clicks must mean the same however long a slow machine takes for them.
 void User::DoubleClick(QPoint place) {
     InGui([] { QApplication::setDoubleClickInterval(1'000'000); });
     Click(place);

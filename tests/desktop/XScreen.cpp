@@ -23,7 +23,7 @@ constexpr char32_t moreLetters[] = U"äöüßéΩ€";
 // does not make a tap into a key that is held.
 constexpr unsigned long tap = 5;
 
-/// Of windows that go while they are looked at nothing is to be known.
+/// A window may disappear while it is being looked at; it is left out then.
 int IgnoreError(Display*, XErrorEvent*) {
     return 0;
 }
@@ -126,7 +126,7 @@ bool XScreen::Connection::HasAnswered(long question) const {
     return false;
 }
 
-/// Puts the further letters on keys that have none, and notes which key types what.
+/// Assigns further letters to keys that have none, and records which key types what.
 void XScreen::Connection::LearnKeyboard() {
     int first = 0;
     int last = 0;
@@ -208,7 +208,7 @@ void XScreen::Type(std::u32string_view text) {
     }
 }
 
-/// The question for the size of a frame is the one that every manager answers, with a property.
+/// Every window manager answers the request for the size of a frame, by setting a property.
 void XScreen::WaitForWindowManager() {
     Connection& x = *connection;
     const Window asking = XCreateSimpleWindow(x.display, x.Root(), 0, 0, 1, 1, 0, 0, 0);

@@ -50,8 +50,8 @@ struct Picture {
     std::vector<std::uint32_t> pixels; ///< 0xRRGGBB, row by row
 };
 
-/// Screen, pointer and keyboard as a user in front of them has them: input goes the whole way
-/// through the X server.
+/// Screen, pointer and keyboard as they are for a user: input goes all the way through the X
+/// server.
 class XScreen {
 public:
     XScreen(); ///< of the environment's display
@@ -64,7 +64,7 @@ public:
     void ReleaseKey(Key key);
     /// Presses and releases a key as quickly as a user does.
     void TapKey(Key key);
-    /// Presses and releases the keys for the text, Shift where it takes that.
+    /// Presses and releases the keys for the text, with Shift where necessary.
     void Type(std::u32string_view text);
 
     /// Waits until the window manager has dealt with all input so far: it sees presses first.
@@ -74,7 +74,7 @@ public:
     /// Asks the window's program, as a window manager does, to close it.
     void AskToClose(unsigned long window);
 
-    /// Ends the connection of the window's program to the screen.
+    /// Cuts the connection of the window's program to the screen.
     void CutOff(unsigned long window);
 
     /// The programs' windows, without menus and the like.
