@@ -18,8 +18,8 @@ protected:
         folder.Write("user.lby", userLibraryBytes);
     }
 
-    /// Writes the bytes again by way of JSON and by rewriting them: true when both give the same,
-    /// or refuse both.
+    /// Writes the bytes again, once by way of JSON and once by rewriting them. True when both give
+    /// the same or both are refused.
     testing::AssertionResult ComesBack(const std::string& bytes) {
         folder.Write("in.con", bytes);
         fs::remove("rewritten.con");

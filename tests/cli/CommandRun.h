@@ -41,7 +41,7 @@ public:
     Terminal& operator=(const Terminal&) = delete;
 
     const char* Path() const { return path.c_str(); }
-    /// Waits for what is written to it next; "" when nobody has it open any more.
+    /// Waits for what is written next; "" when no process has it open any more.
     std::string Read() const;
 
 private:

@@ -15,7 +15,7 @@ const std::string hostile = "x\x1B]0;title\x07\x1B[2J\x7F\x9D";
 const std::string shown = "x\\u001B]0;title\\u0007\\u001B[2J\\u007F\\u009D";
 const std::string hostilePath = "x\x1B[2J\r\n\xC2\x9Btwo.con";
 
-/// No byte that a terminal takes for more than text, line ends apart.
+/// Expects no byte that a terminal would treat as more than text, except line ends.
 bool IsHarmless(const std::string& utf8) {
     for (std::size_t i = 0; i < utf8.size(); ++i) {
         const auto code = static_cast<unsigned char>(utf8[i]);

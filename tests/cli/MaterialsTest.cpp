@@ -23,7 +23,7 @@ protected:
         folder.Write("user.lby", userLibraryBytes);
     }
 
-    /// First word of each line's name, cavities left out; B and A for the twins.
+    /// The first word of each name, without cavities; B and A for the twins.
     static std::vector<std::string> Order(const std::string& key) {
         const RunResult result = RunTool({"materials", "--json", "--sort", key, "std.lby"});
         EXPECT_EQ(result.status, 0);

@@ -28,7 +28,7 @@ protected:
         folder.Write("a.con", WallFile({brickPart}));
     }
 
-    /// Runs without a word on either stream, whatever the status.
+    /// Runs without any output on either stream, whatever the status.
     static int QuietStatus(const std::vector<std::string>& arguments) {
         const RunResult result = RunTool(arguments);
         EXPECT_EQ(result.out, "");

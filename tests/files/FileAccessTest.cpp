@@ -106,7 +106,7 @@ TEST(ReadFileBytes, ReportsAFileThatMayNotBeRead) {
     EXPECT_EQ(failure, 70);
 }
 
-/// While it lives no file can be opened.
+/// As long as it lives, no file can be opened.
 class NoMoreOpenFiles {
 public:
     NoMoreOpenFiles() {

@@ -16,7 +16,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// What the user is told, "" where the file was written.
+/// What the user is told; "" if the file was written.
 std::string Failure(const std::string& path) {
     try {
         FileStamp stamp;

@@ -125,7 +125,7 @@ TEST(MaterialPlausibility, FindsMostExchangesInTheStandardLibrary) {
     EXPECT_EQ(found, 49);
 }
 
-/// The fields before the last one, which may hold commas itself.
+/// The fields before the last one; that one may contain commas itself.
 std::vector<std::string> FieldsOf(std::string_view line) {
     std::vector<std::string> fields;
     for (int i = 0; i < 4; ++i) {

@@ -10,7 +10,7 @@
 namespace strativo {
 namespace {
 
-/// 0 where nothing that is opened later takes the place of a closed standard descriptor.
+/// 0 if nothing that is opened later takes the place of a closed standard descriptor.
 int StatusAfterClosing(int descriptor) {
     close(descriptor);
     PrepareProcess();
@@ -29,7 +29,7 @@ TEST(PrepareProcess, LetsNothingTakeThePlaceOfAClosedStandardDescriptor) {
             << descriptor;
 }
 
-/// 0 where a write beyond the limit for files is an ordinary error.
+/// 0 if a write beyond the limit for files is an ordinary error.
 int StatusBeyondTheLimit() {
     PrepareProcess();
     rlimit limit{};

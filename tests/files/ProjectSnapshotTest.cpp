@@ -188,7 +188,7 @@ TEST_F(ProjectSnapshot, SaysWhyItIsRefused) {
     EXPECT_THAT(reason(Bytes() + "x"), HasSubstr("not those that were written"));
 }
 
-/// The bytes of a snapshot with the right digest that no project can have given.
+/// A snapshot with a correct digest whose content no project can have produced.
 TEST_F(ProjectSnapshot, IsRefusedWhenItHoldsWhatNoProjectCan) {
     const std::vector<std::function<void(Project&)>> impossible = {
         [](Project& made) { made.constructions[1].currentLayer = 16; },

@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 using testing::ElementsAre;
 using testing::HasSubstr;
 
-/// What the user is told, "" where the file was written.
+/// What the user is told; "" if the file was written.
 std::string Failure(const std::string& path, std::string_view bytes) {
     try {
         FileStamp stamp;

@@ -7,7 +7,8 @@
 
 namespace strativo::monkey {
 
-/// Chance that is the same for the same seed, whatever standard library it is built with.
+/// Random numbers that are the same for the same seed, whatever standard library they are built
+/// with.
 class Dice {
 public:
     explicit Dice(std::uint32_t seed) : random(seed) {}

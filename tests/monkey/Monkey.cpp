@@ -81,7 +81,7 @@ void Monkey::Sit() {
         editLog->Note(0, false);
     stage.program = nullptr;
     program.reset();
-    // The end of the program stops every event loop to come until the next start.
+    // Ending the program stops every further event loop until the next start.
     QTimer::singleShot(0, qApp, [] { QApplication::exit(0); });
     QApplication::exec();
 }
@@ -108,7 +108,7 @@ void Monkey::Step() {
     --depth;
 }
 
-/// What the events can be now.
+/// The events that are possible now.
 const EventKinds* Monkey::Kinds() {
     QWidget* modal = QApplication::activeModalWidget();
     if (QApplication::activePopupWidget() != nullptr)
@@ -152,7 +152,7 @@ void Monkey::WindDown() {
     }
 }
 
-/// A button clicked by its key stays down for a moment.
+/// A button clicked by its key stays pressed for a moment.
 bool Monkey::IsButtonDown() {
     const QWidget* window = QApplication::activeWindow();
     if (window == nullptr)

@@ -10,13 +10,14 @@ namespace strativo::monkey {
 
 class Journal;
 
-/// What holds of the windows between any two actions of their user; throws fuzz::BrokenPromise.
+/// What must be true of the windows between any two actions of the user; throws
+/// fuzz::BrokenPromise.
 void RequireWindows(UValueMDI& program);
 
 /// The windows of the constructions show what the project holds.
 void RequireConstructionWindows(UValueMDI& program);
 
-/// In words for whoever looks for the cause: the active window, the one with the focus, and the
+/// A description for finding the cause: the active window, the one with the focus, and the
 /// construction.
 std::string WhereThingsAre(UValueMDI& program);
 

@@ -14,9 +14,9 @@ namespace strativo::monkey {
 /// is no file at all.
 class World {
 public:
-    /// Writes all files anew and forgets what was kept of earlier sittings now and then.
+    /// Writes all files anew; from time to time also forgets what earlier sittings left.
     void Prepare(Dice& dice);
-    /// Another program does something to the files.
+    /// Plays another program that changes the files.
     std::string Meddle(Dice& dice, const std::string& constructionFile);
 
     std::string AnyConstructionFile(Dice& dice) const;
@@ -25,7 +25,7 @@ public:
     std::string AnyPath(Dice& dice) const;
     std::string NameToSave(Dice& dice) const;
 
-    /// The file is not as it was when the world last wrote it or was told to know it.
+    /// Whether the file differs from what the world last wrote or was told about.
     bool WasWritten(const std::string& path) const;
     void Know(const std::string& path);
     bool HasRecoveryCopy() const;

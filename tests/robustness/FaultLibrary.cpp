@@ -47,7 +47,7 @@ Function* Next(const char* name) {
     return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
 }
 
-/// Takes the text up to the separator away from the front of the list.
+/// Removes the text up to the separator from the front of the list and returns it.
 std::string Take(std::string& list, char separator) {
     const auto end = list.find(separator);
     const std::string part = list.substr(0, end);

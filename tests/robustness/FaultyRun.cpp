@@ -16,7 +16,7 @@ namespace strativo {
 
 namespace {
 
-/// Beside the working directory, so that it is no file of the folder under test.
+/// Beside the working directory, so that it does not count as a file of the folder under test.
 std::string LogPath() {
     return std::filesystem::current_path().string() + ".calls";
 }
@@ -33,7 +33,7 @@ std::string LogPath() {
     _exit(127);
 }
 
-/// All that the driver prints. One that hangs is killed and an error.
+/// Everything that the driver prints. A driver that hangs is killed, which is an error.
 std::string ReadOutput(int input, pid_t driver) {
     constexpr int patience = 60000; // ms
     std::string text;

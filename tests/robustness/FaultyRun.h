@@ -12,7 +12,7 @@ struct LoggedCall {
     std::string effect; ///< of the fault, "" where there was none
 };
 
-/// What came of a run of the driver.
+/// The outcome of a run of the driver.
 struct FaultyRun {
     bool killed = false; ///< by the fault library; anything else but a normal end throws
     std::vector<std::string> lines;
@@ -20,7 +20,7 @@ struct FaultyRun {
 
     /// The rest of each line that begins with the word.
     std::vector<std::string> All(const std::string& word) const;
-    /// The same of the one such line; "" when there is none.
+    /// The same for the only such line; "" if there is none.
     std::string Value(const std::string& word) const;
     bool Hit(const std::string& effect) const;
     int Count(const std::string& call) const;

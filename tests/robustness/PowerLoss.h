@@ -12,9 +12,9 @@ namespace strativo {
 /// What a disk may hold after the power went: file names and their bytes.
 using DiskContent = std::map<std::string, std::string>;
 
-/// A disk that keeps for certain only what was brought to it. Bytes of a file are certain from its
-/// fsync on, names from an fsync of the folder on. The folder is one; new names and renamings may
-/// reach the disk by themselves, in their order; bytes may do so in part.
+/// A disk that is sure to keep only what was brought to it: the bytes of a file after its fsync,
+/// names after an fsync of the folder. There is a single folder. New names and renamings may reach
+/// the disk by themselves, in their order; bytes may do so in part.
 class FragileDisk {
 public:
     explicit FragileDisk(const DiskContent& content);

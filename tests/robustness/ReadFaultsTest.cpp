@@ -16,7 +16,7 @@ using testing::IsEmpty;
 const std::string wall =
     Lines({"!CONSTRUCTION 'WALL'", "!TYPE OPAQUE", "!PARTS",
            "_ 1 =       12      0.100      0            * FACE BRICK", "!END", ""});
-/// Two constructions, the file's middle between them.
+/// A file of two constructions, with its middle between them.
 const std::string fileBytes = wall + wall;
 
 class ReadFaults : public testing::Test {
@@ -117,7 +117,7 @@ TEST_F(ReadFaults, AFileThatGrowsWhileItIsReadIsReadToItsNewEnd) {
     EXPECT_TRUE(run.Hit("grow"));
     ExpectRead(run, 3);
     Restore();
-    // A save must not overwrite unseen what was added behind the bytes already read.
+    // A save must not silently overwrite what was added after the bytes already read.
     const FaultyRun late = Read("read:2:grow");
     EXPECT_TRUE(late.Hit("grow"));
     ExpectRead(late, 3);
@@ -132,7 +132,7 @@ TEST_F(ReadFaults, NoFaultOfAnyCallCrashesOrHangs) {
             const FaultyRun run = Read(fault);
             EXPECT_TRUE(run.Hit("errno=" + std::to_string(EIO)));
             EXPECT_EQ(folder.Read("house.con"), fileBytes);
-            // Either all came of it, or a message says what did not.
+            // Either everything was read, or a message says what was not.
             EXPECT_TRUE(!run.All("message").empty() || run.Value("constructions") == "2");
         }
 }

@@ -66,9 +66,9 @@ bool IsTemporary(const LoggedCall& call) {
     return call.arguments.at(0).find(".strativo-") != std::string::npos;
 }
 
-/// Failures that are none of saving. The first look at the file only asks whether it is still the
-/// one that was read; without a group the file has the user's own; attributes that the user may not
-/// set stay behind; and what older saves left in the folder can go later.
+/// Failures that do not make a save fail. The first look at the file only asks whether it is still
+/// the one that was read; without a group the file gets the user's own; attributes that the user
+/// may not set are left out; and leftovers of older saves can be removed later.
 bool MayFail(const FaultyRun& run) {
     const LoggedCall* failed = FirstFailed(run);
     if (failed == nullptr)

@@ -22,14 +22,14 @@ protected:
         Send(QEvent::MouseButtonRelease, place, Qt::LeftButton, Qt::NoButton);
     }
 
-    /// A place on the graph as one on the sheet around it, and a press there.
+    /// Converts a place on the graph to one on the sheet around it, and presses there.
     QPoint OnSheet(QPoint place) const { return graph->mapToParent(place); }
     void PressOnSheet(QPoint place) {
         QWidget* target = graph->rect().contains(place) ? graph : graph->parentWidget();
         QTest::mouseClick(target, Qt::LeftButton, {}, target == graph ? place : OnSheet(place));
     }
 
-    /// A point that far from the left edge and from the top, as parts of width and height.
+    /// A point at that distance from the left and top edges, as fractions of width and height.
     QPointF Place(double x, double y) const { return {x * graph->width(), y * graph->height()}; }
     /// The point of a column with the value 0.5.
     QPointF Point(int column) const { return Place(0.08 * column, 0.5); }

@@ -12,7 +12,7 @@ namespace {
 
 using testing::ElementsAre;
 
-/// A busy window system's key: repeats are not told apart, only their times are the same.
+/// A key on a busy window system: repeats are not marked, only their times are equal.
 class HeldKey {
 public:
     HeldKey(int pressedKey, Qt::KeyboardModifiers held = {}, QString typed = {})

@@ -65,7 +65,7 @@ const std::vector<std::string>& HostileNames() {
     return names;
 }
 
-/// HTML as the toolkit would show it; notes what it would load.
+/// HTML as Qt would show it; records what it would load.
 class Shown : public QTextDocument {
 public:
     explicit Shown(const QString& html) { setHtml(html); }
@@ -78,7 +78,8 @@ protected:
     }
 };
 
-/// Characters, with those by which HTML says them and a program's own words around.
+/// Plain characters, along with those that mean something in HTML and words of the program around
+/// them.
 constexpr qsizetype longestAllowed = 6 * (2 * longestShownLine + 200);
 
 class HostileNamesWalk : public MainWindowTest {
@@ -88,7 +89,7 @@ protected:
                + object.objectName().toStdString();
     }
 
-    /// What a tooltip shows of this, or nothing where HTML of a name would come through.
+    /// What a tooltip shows for this text; nothing if HTML in a name would take effect.
     static std::optional<QString> PlainTip(const QString& tip) {
         if (tip.size() > longestAllowed)
             return std::nullopt;
@@ -105,7 +106,8 @@ protected:
     }
 
     static void ExpectPlainLabel(const QLabel& label) {
-        // A tooltip's window decides by the text, which is looked at where it is set.
+        // A tooltip's window decides by the text whether it is HTML, so the text is checked where
+        // it is set.
         const bool isTip = qstrcmp(label.metaObject()->className(), "QTipLabel") == 0;
         const bool isPlain =
             label.text().isEmpty() || label.textFormat() == Qt::PlainText
@@ -179,7 +181,7 @@ protected:
         Choose("EditWin");
     }
 
-    /// Everything that a file or its path can name is named so.
+    /// Gives hostile names to everything that a file or its path can name.
     void Name(const std::string& name) {
         Project& project = TheProject();
         project.constructionFile = "/nowhere/" + name + ".con";

@@ -14,7 +14,7 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 
-/// The window and the copies of work that nobody saved.
+/// The main window and the copies of unsaved work.
 class KeptWorkInWindow : public MainWindowTest {
 protected:
     KeptWorkInWindow() { setenv("STRATIVO_KEEP_INTERVALS", "200,1000", 1); }
@@ -42,7 +42,7 @@ protected:
     bool WaitForCopies(int count) {
         return QTest::qWaitFor([&] { return Copies() == count; }, 20000);
     }
-    /// The program ends without a word, as if it were killed, and is started again.
+    /// Ends the program without any clean-up, as if it were killed, and starts it again.
     void StartAgain(const std::string& commandLine = "") {
         program.reset();
         QTimer::singleShot(0, qApp, [] { QApplication::exit(0); });

@@ -30,7 +30,7 @@ protected:
     int Current() { return TheProject().constructions[1].currentLayer; }
     std::string Layers() { return LayerNames(TheProject(), 1); }
 
-    /// The marks of the list and of the layers are the same, and these.
+    /// Expects these marks, both in the list and in the layers.
     void ExpectMarked(const std::vector<int>& layers) {
         std::vector<int> lines;
         for (const int layer : layers)

@@ -52,7 +52,7 @@ MainWindowTest::MainWindowTest()
 MainWindowTest::~MainWindowTest() {
     watch.reset();
     program.reset();
-    // The end of the program stops every event loop to come until the next start.
+    // Ending the program stops every further event loop until the next start.
     QTimer::singleShot(0, qApp, [] { QApplication::exit(0); });
     QApplication::exec();
 }
@@ -67,7 +67,7 @@ void MainWindowTest::Start(const std::string& commandLine) {
     TakeKeyboard(*program);
 }
 
-/// Without a window manager nobody else gives it to a window when a box has closed.
+/// Without a window manager, nothing else activates a window after a box has closed.
 void MainWindowTest::TakeKeyboard(QWidget& window) {
     if (!window.isVisible())
         return;
@@ -106,7 +106,7 @@ std::vector<std::string> MainWindowTest::Captions(const char* menuName) {
 }
 
 UValue* MainWindowTest::Window(int number) {
-    // The windows below a new active one are made after it has been painted.
+    // Windows below a newly active one are made only after it has been painted.
     if (!QTest::qWaitFor([&] { return program->ConstructionWindow(number) != nullptr; }))
         throw std::runtime_error("no window " + std::to_string(number));
     return program->ConstructionWindow(number);
@@ -176,7 +176,7 @@ void MainWindowTest::Type(const char* text) {
         QTest::keyClick(KeyTarget(), *letter);
 }
 
-/// The control that has the focus; a box that has closed has not given it back by itself.
+/// The focused control. A box that has closed does not return the focus by itself.
 QWidget* MainWindowTest::KeyTarget() {
     if (QApplication::activeModalWidget() == nullptr)
         TakeKeyboard(*program);
@@ -267,7 +267,7 @@ void MainWindowTest::CancelPrompt() {
     });
 }
 
-/// Each look starts the next one, since a box may come up while another is being answered.
+/// Each check schedules the next one, since a box may come up while another is being answered.
 void MainWindowTest::WatchForBoxes() {
     QTimer::singleShot(1, watch.get(), [this] {
         WatchForBoxes();

@@ -11,7 +11,7 @@ struct Outcome {
     QByteArray err;
 };
 
-/// Runs the program where it could not open any window.
+/// Runs the program where it cannot open a window.
 Outcome RunWithoutDisplay(const QStringList& arguments, const QString& output = {}) {
     QProcess program;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();

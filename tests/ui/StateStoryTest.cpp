@@ -11,7 +11,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-/// One sitting, step by step, looked at from all sides after each of them.
+/// One sitting, step by step, with every state checked after each step.
 class StateStory : public MainWindowTest {
 protected:
     struct State {

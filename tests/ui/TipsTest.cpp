@@ -40,7 +40,7 @@ INSTANTIATE_TEST_SUITE_P(Texts, TipLines, testing::ValuesIn(rows),
 
 class ToolTips : public MainWindowTest {
 protected:
-    /// Lets the pointer rest on a place of the control until its tip shows; the tip.
+    /// Rests the pointer on a place of the control until its tip shows, and returns the tip.
     static QLabel* TipOf(QWidget* control, QPoint place) {
         QHelpEvent rest(QEvent::ToolTip, place, control->mapToGlobal(place));
         QApplication::sendEvent(control, &rest);

@@ -10,7 +10,7 @@
 namespace strativo {
 namespace {
 
-/// Which window has the keys after the focus went by roads that no click took.
+/// Which window has the keyboard after the focus moved in other ways than by a click.
 class WindowFocus : public MainWindowTest {
 protected:
     void StartWith(int constructions) {
@@ -21,7 +21,7 @@ protected:
 
     bool IsInside(int number) { return Window(number)->isAncestorOf(program->focusWidget()); }
 
-    /// Types a name without ending the entry and looks into a menu, which takes the focus aside.
+    /// Types a name without ending the entry and opens a menu, which takes the focus temporarily.
     void TypeHalfAName() {
         Find<QLineEdit>(1, "NameText")->setFocus();
         Type("Half");
