@@ -129,6 +129,9 @@ QPalette DarkPalette() {
     dark.setColor(QPalette::Base, QColor(35, 35, 35));
     dark.setColor(QPalette::Highlight, QColor(42, 130, 218));
     dark.setColor(QPalette::HighlightedText, Qt::white);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        dark.setColor(QPalette::Disabled, role, QColor(130, 130, 130));
+    dark.setColor(QPalette::Disabled, QPalette::Light, Qt::black); // the shadow of such texts
     dark.setColor(QPalette::ToolTipBase, QColor(53, 53, 53));
     dark.setColor(QPalette::ToolTipText, Qt::white);
     return dark;
