@@ -30,6 +30,11 @@ public:
 /// text and every bit of a number comes back.
 std::string WriteSnapshot(const Project& project, const SnapshotHead& head);
 
+/// The same in two steps, the first of which alone needs the project: without the digest, by which
+/// damage is noticed, and with it.
+std::string WriteUnsealedSnapshot(const Project& project, const SnapshotHead& head);
+void SealSnapshot(std::string& bytes);
+
 /// Replaces the project with the content of a snapshot; screen, clipboard and settings stay. Throws
 /// DamagedSnapshot, leaving the project as it was. Uses memory in proportion to the bytes.
 SnapshotHead ReadSnapshot(std::string_view bytes, Project& project);

@@ -16,22 +16,36 @@ public:
     template <class Type>
     using Record = const Type;
 
+    explicit SnapshotOut(std::size_t sizeHint) : bytes(sizeHint, '\0') {}
+
     template <class... Fields>
     void operator()(const Fields&... fields) {
         (Value(fields), ...);
     }
     void Count(std::size_t count) { Value(static_cast<std::uint32_t>(count)); }
+    void Put(std::string_view text) { Put(text.data(), text.size()); }
 
-    std::string bytes;
+    /// All that was written; nothing can be written any more.
+    std::string Take() {
+        bytes.resize(used);
+        return std::move(bytes);
+    }
 
 private:
+    // The program stands still meanwhile, so a number costs a comparison and a copy, and no call.
+    void Put(const char* data, std::size_t size) {
+        if (size > bytes.size() - used)
+            bytes.resize(2 * bytes.size() + size);
+        std::memcpy(bytes.data() + used, data, size);
+        used += size;
+    }
     template <class Number, class = std::enable_if_t<std::is_arithmetic_v<Number>>>
     void Value(const Number& number) {
-        bytes.append(reinterpret_cast<const char*>(&number), sizeof number);
+        Put(reinterpret_cast<const char*>(&number), sizeof number);
     }
     void Value(const std::string& text) {
         Count(text.size());
-        bytes.append(text);
+        Put(text);
     }
     void Value(const CommentLines& lines) {
         Count(lines.size());
@@ -43,7 +57,14 @@ private:
         for (const Item& item : table)
             Value(item);
     }
+
+    std::string bytes; ///< longer than what was written
+    std::size_t used = 0;
 };
+
+/// The digest stands behind the mark and the version, and is of all that follows it.
+constexpr std::size_t digestPlace = snapshotMark.size() + sizeof snapshotVersion;
+constexpr std::size_t bodyPlace = digestPlace + sizeof(std::uint64_t);
 
 void WriteLayers(SnapshotOut& out, const LayerSlots& layers, bool withMarks) {
     out.Count(static_cast<std::size_t>(layers.HighestUsed()));
@@ -84,14 +105,12 @@ void WriteGlassTypes(SnapshotOut& out, const NumberedList<Glass>& types) {
 }
 
 std::size_t SizeHint(const Project& project) {
-    constexpr std::size_t ofConstruction = 400;
+    constexpr std::size_t ofConstruction = 600;
     constexpr std::size_t ofTheRest = 20000;
     return ofTheRest + ofConstruction * static_cast<std::size_t>(project.constructions.Size());
 }
 
-std::string Body(const Project& project, const SnapshotHead& head) {
-    SnapshotOut out;
-    out.bytes.reserve(SizeHint(project));
+void WriteBody(SnapshotOut& out, const Project& project, const SnapshotHead& head) {
     HeadFields(out, head);
     FileFields(out, project);
     out.Count(static_cast<std::size_t>(project.constructions.Size()));
@@ -106,7 +125,6 @@ std::string Body(const Project& project, const SnapshotHead& head) {
     WriteOwned(out, project.comments.glassTypes);
     WriteOwned(out, project.comments.glassTypes2D);
     StateFields(out, project);
-    return std::move(out.bytes);
 }
 
 void AddConstructions(SnapshotOut& out, const Project& project) {
@@ -132,25 +150,33 @@ void AddGlassTypes(SnapshotOut& out, const NumberedList<Glass>& types,
 
 } // namespace
 
+std::string WriteUnsealedSnapshot(const Project& project, const SnapshotHead& head) {
+    SnapshotOut out(SizeHint(project));
+    out.Put(snapshotMark);
+    out(snapshotVersion, std::uint64_t{0});
+    WriteBody(out, project, head);
+    return out.Take();
+}
+
+void SealSnapshot(std::string& bytes) {
+    const std::uint64_t digest = DigestOf(std::string_view(bytes).substr(bodyPlace));
+    std::memcpy(bytes.data() + digestPlace, &digest, sizeof digest);
+}
+
 std::string WriteSnapshot(const Project& project, const SnapshotHead& head) {
-    const std::string body = Body(project, head);
-    SnapshotOut out;
-    out.bytes.reserve(body.size() + 64);
-    out.bytes = snapshotMark;
-    out(snapshotVersion, DigestOf(body));
-    out.bytes += body;
-    return std::move(out.bytes);
+    std::string bytes = WriteUnsealedSnapshot(project, head);
+    SealSnapshot(bytes);
+    return bytes;
 }
 
 std::string ContentBytes(const Project& project) {
-    SnapshotOut out;
-    out.bytes.reserve(SizeHint(project));
+    SnapshotOut out(SizeHint(project));
     AddConstructions(out, project);
     AddGlassTypes(out, project.glassTypes, project.comments.glassTypes);
     AddGlassTypes(out, project.glassTypes2D, project.comments.glassTypes2D);
     CommentFields(out, project.comments);
     out(project.standardLibraryFile, project.userLoaded ? project.userLibraryFile : std::string());
-    return std::move(out.bytes);
+    return out.Take();
 }
 
 std::uint64_t ContentDigest(const Project& project) {

@@ -88,9 +88,12 @@ std::string ShownFileName(const std::string& constructionFile) {
     return constructionFile.empty() ? "Untitled.con" : PathToUtf8(constructionFile);
 }
 
-void FinishStartUp(Project& project, const std::string& commandLine, Prompts& prompts) {
+void OrderMaterialList(Project& project) {
     SortByName(project);
     RefreshMaterialList(project);
+}
+
+void OpenCommandLine(Project& project, const std::string& commandLine, Prompts& prompts) {
     if (!commandLine.empty())
         ReadConstructionFile(project, commandLine, prompts);
 }

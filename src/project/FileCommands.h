@@ -11,9 +11,12 @@ namespace strativo {
 /// The name of a construction file for display, in UTF-8; "Untitled.con" when there is none.
 std::string ShownFileName(const std::string& constructionFile);
 
-/// Completes the start: sorts the material list and, if the command line is not empty, reads the
-/// construction file whose path it is.
-void FinishStartUp(Project& project, const std::string& commandLine, Prompts& prompts);
+/// Completes the start, first: sorts the material list by name.
+void OrderMaterialList(Project& project);
+
+/// Completes the start: if the command line is not empty, reads the construction file whose path it
+/// is.
+void OpenCommandLine(Project& project, const std::string& commandLine, Prompts& prompts);
 
 /// Asks for a construction file and reads it into a new project.
 void OpenProject(Project& project, Prompts& prompts);

@@ -170,10 +170,11 @@ SnapshotHead WorkKeeper::HeadOf(const Project& project) const {
 void WorkKeeper::StartCopy(const Project& project) {
     schedule.Settled();
     written = seen;
-    writing =
-        std::async(std::launch::async, [this, bytes = WriteSnapshot(project, HeadOf(project))] {
-            return store.Write(bytes);
-        });
+    auto write = [this, bytes = WriteUnsealedSnapshot(project, HeadOf(project))]() mutable {
+        SealSnapshot(bytes);
+        return store.Write(bytes);
+    };
+    writing = std::async(std::launch::async, std::move(write));
 }
 
 bool WorkKeeper::IsWriting() const {

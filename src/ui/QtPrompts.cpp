@@ -6,9 +6,11 @@
 #include "ui/Text.h"
 
 #include <QApplication>
+#include <QChildEvent>
 #include <QDir>
 #include <QFileDialog>
 #include <QHeaderView>
+#include <QMessageBox>
 #include <QTreeView>
 
 namespace strativo {
@@ -33,6 +35,19 @@ void ShowColumnsWhole(QFileDialog& box) {
     details->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     details->header()->setSectionResizeMode(0, QHeaderView::Stretch);
 }
+
+/// The file prompt's own questions name files. Those names are never HTML.
+class PlainQuestions : public QObject {
+public:
+    using QObject::QObject;
+
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::ChildPolished)
+            if (auto* box = qobject_cast<QMessageBox*>(static_cast<QChildEvent*>(event)->child()))
+                box->setTextFormat(Qt::PlainText);
+        return false;
+    }
+};
 
 /// Hides the busy pointer of a long command: over a box that waits for the user it would mislead.
 class NormalPointer {
@@ -63,6 +78,7 @@ std::optional<std::string> QtPrompts::AskFile(const FilePrompt& prompt, bool sav
     if (!prompt.initialName.empty() && prompt.initialName != singleBlank)
         box.selectFile(PathText(prompt.initialName));
     ShowColumnsWhole(box);
+    box.installEventFilter(new PlainQuestions(&box));
     if (box.exec() != QDialog::Accepted || box.selectedFiles().isEmpty())
         return std::nullopt;
     return PathBytes(box.selectedFiles().front());

@@ -37,6 +37,8 @@
 #include <QMimeData>
 #include <QUrl>
 
+#include <utility>
+
 namespace strativo {
 
 namespace {
@@ -92,15 +94,18 @@ void UValueMDI::MDIForm_Load(const std::string& commandLine) {
         StartUp(project, ReadSettings(SettingsFiles()));
         show();
         PlaceDialog();
-        OfferKeptWork(commandLine);
+        OrderMaterialList(project);
+        if (!OfferKeptWork(commandLine))
+            OpenCommandLine(project, commandLine, *prompts);
     });
 }
 
-void UValueMDI::OfferKeptWork(const std::string& commandLine) {
+/// True when such work is the project now.
+bool UValueMDI::OfferKeptWork(const std::string& commandLine) {
     const RecoveryResult result = OfferRecovery(project, watch->Keeper(), commandLine, *prompts);
-    FinishStartUp(project, result.opened ? "" : commandLine, *prompts);
     if (!result.notice.empty())
         TellInStatusBar(PathText(result.notice));
+    return result.opened;
 }
 
 void UValueMDI::TellInStatusBar(const QString& text) {
@@ -138,6 +143,7 @@ void UValueMDI::Perform(const std::function<void()>& action) {
     if (isStep && project.before.removes)
         TellOfStep();
     watch->ActionEnded();
+    QueueDropped();
 }
 
 void UValueMDI::KeepWork() {
@@ -273,7 +279,8 @@ void UValueMDI::closeEvent(QCloseEvent* event) {
 
 /// The dropped path as the file system's bytes; empty unless it is exactly one local file.
 std::string UValueMDI::DroppedPath(const QDropEvent& event) const {
-    const bool busy = performing > 0 || QApplication::activeModalWidget() != nullptr;
+    const bool busy =
+        performing > 0 || !droppedFile.empty() || QApplication::activeModalWidget() != nullptr;
     const QList<QUrl> urls = event.mimeData()->urls();
     if (busy || urls.size() != 1 || !IsOnThisMachine(urls.front())
         || QFileInfo(urls.front().toLocalFile()).isDir())
@@ -295,18 +302,26 @@ void UValueMDI::dropEvent(QDropEvent* event) {
         return;
     event->setDropAction(Qt::CopyAction);
     event->accept();
-    // Done later, because reading may show boxes while the other program waits for its drop to be
-    // answered.
-    QMetaObject::invokeMethod(
-        this,
-        [this, path] {
-            activateWindow();
-            Perform([&] {
-                watch->Keeper().ExpectReplacement(project, false);
-                OpenDroppedFiles(project, {path}, *prompts);
-            });
-        },
-        Qt::QueuedConnection);
+    droppedFile = path;
+    QueueDropped();
+}
+
+/// Reading may show boxes, and the other program waits for the answer to its drop.
+void UValueMDI::QueueDropped() {
+    if (!droppedFile.empty())
+        QMetaObject::invokeMethod(this, &UValueMDI::OpenDropped, Qt::QueuedConnection);
+}
+
+void UValueMDI::OpenDropped() {
+    // A box may have opened since the drop. What is open in it must not go: its end calls again.
+    if (droppedFile.empty() || performing > 0)
+        return;
+    const std::string path = std::exchange(droppedFile, "");
+    activateWindow();
+    Perform([&] {
+        watch->Keeper().ExpectReplacement(project, false);
+        OpenDroppedFiles(project, {path}, *prompts);
+    });
 }
 
 } // namespace strativo

@@ -126,11 +126,13 @@ private:
     void Redo();
     void ShowMove(const HistoryMove& move);
     void PlaceDialog();
-    void OfferKeptWork(const std::string& commandLine);
+    bool OfferKeptWork(const std::string& commandLine);
     void TellInStatusBar(const QString& text);
     void Perform(const std::function<void()>& action);
     void EndProgram();
     std::string DroppedPath(const QDropEvent& event) const;
+    void QueueDropped();
+    void OpenDropped();
 
     Project project;
     WorkWatch* watch;
@@ -147,6 +149,7 @@ private:
     QMenu* layerMenu = nullptr;       ///< likewise
     History history;
     Ui ui{};
+    std::string droppedFile; ///< a file dropped that is not opened yet; "" none
     int performing = 0;
     bool ended = false;
 };

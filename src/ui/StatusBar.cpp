@@ -51,7 +51,7 @@ void StatusBar::ShowProject(const Project& project) {
     ui.ChangedStatus->setText(project.changed ? tr("* unsaved changes") : QString());
     const QString finding = ToText(CurrentLayerFinding(project));
     ui.LayerStatus->setText(finding);
-    ui.LayerStatus->setToolTip(finding);
+    SetPlainToolTip(*ui.LayerStatus, finding);
     ShowLibraries(project);
 }
 

@@ -11,6 +11,14 @@
 
 namespace strativo {
 
+namespace {
+
+// Around a text in a tooltip that shows it as it stands.
+constexpr QLatin1String markupStart("<p style='white-space: pre'>");
+constexpr QLatin1String markupEnd("</p>");
+
+} // namespace
+
 QString ToText(std::string_view bytes) {
     QString text(static_cast<qsizetype>(bytes.size()), Qt::Uninitialized);
     std::transform(bytes.begin(), bytes.end(), text.begin(), CodePoint);
@@ -65,14 +73,24 @@ void SetValueText(QLabel& label, const QString& caption, const QString& value) {
     label.setAccessibleName(caption + QLatin1String(": ") + Elided(value));
 }
 
+QString AsToolTip(const QString& text) {
+    return Qt::mightBeRichText(text) ? markupStart + text.toHtmlEscaped() + markupEnd : text;
+}
+
 void SetPlainToolTip(QWidget& widget, const QString& text) {
-    // Tooltips have no plain-text mode, so anything Qt would take for HTML is turned into HTML that
-    // displays it.
-    const QString shown = ElidedLines(text);
-    widget.setToolTip(
-        Qt::mightBeRichText(shown)
-            ? QStringLiteral("<p style='white-space: pre-wrap'>%1</p>").arg(shown.toHtmlEscaped())
-            : shown);
+    widget.setToolTip(AsToolTip(ElidedLines(text)));
+}
+
+QString PlainToolTip(const QWidget& widget) {
+    QString text = widget.toolTip();
+    if (!text.startsWith(markupStart))
+        return text;
+    text = text.mid(markupStart.size(), text.size() - markupStart.size() - markupEnd.size());
+    text.replace(QLatin1String("&lt;"), QLatin1String("<"));
+    text.replace(QLatin1String("&gt;"), QLatin1String(">"));
+    text.replace(QLatin1String("&quot;"), QLatin1String("\""));
+    text.replace(QLatin1String("&amp;"), QLatin1String("&"));
+    return text;
 }
 
 } // namespace strativo

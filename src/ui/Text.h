@@ -40,6 +40,11 @@ QLabel* PlainLabel(const QString& text, QWidget* parent);
 void SetPlainText(QLabel& label, const QString& text);
 /// The same for a label beside its caption: screen readers are told both.
 void SetValueText(QLabel& label, const QString& caption, const QString& value);
+/// What a tooltip has to be given to show the text as it stands. Tooltips have no plain format:
+/// what would be taken for HTML has to be HTML that shows it.
+QString AsToolTip(const QString& text);
 void SetPlainToolTip(QWidget& widget, const QString& text);
+/// The text that the widget's tooltip shows.
+QString PlainToolTip(const QWidget& widget);
 
 } // namespace strativo

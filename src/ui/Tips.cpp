@@ -1,10 +1,11 @@
 #include "ui/Tips.h"
 
+#include "ui/Text.h"
+
 #include <QCoreApplication>
 #include <QEvent>
 #include <QFontMetrics>
 #include <QScreen>
-#include <QTextDocument>
 #include <QToolTip>
 #include <QWidget>
 
@@ -36,13 +37,6 @@ QPoint PlaceOfTip(const QWidget& control, const QString& lines) {
     return {place.left(), place.top() - height - pointerHeight};
 }
 
-/// File names must not be read as markup.
-QString AsPlainText(const QString& lines) {
-    return Qt::mightBeRichText(lines)
-               ? QStringLiteral("<p style=\"white-space:pre\">%1</p>").arg(lines.toHtmlEscaped())
-               : lines;
-}
-
 } // namespace
 
 QString InLines(const QString& text, int longest) {
@@ -65,8 +59,8 @@ bool Tips::eventFilter(QObject* watched, QEvent* event) {
     auto* control = static_cast<QWidget*>(watched);
     if (control->toolTip().isEmpty())
         return false; // a part of a control, which is asked next
-    const QString lines = InLines(control->toolTip(), longestLine);
-    QToolTip::showText(PlaceOfTip(*control, lines), AsPlainText(lines), control, control->rect());
+    const QString lines = InLines(PlainToolTip(*control), longestLine);
+    QToolTip::showText(PlaceOfTip(*control, lines), AsToolTip(lines), control, control->rect());
     return true;
 }
 

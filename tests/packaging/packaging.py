@@ -195,4 +195,38 @@ def installation():
         expect(output == "", output)
 
 
+def unhardened(program):
+    """What the program lacks of the usual hardening."""
+    dynamic = run("readelf", "--wide", "--dynamic", program)
+    segments = run("readelf", "--wide", "--file-header", "--program-headers", program)
+    imported = re.findall(r" UND (\w+)", run("readelf", "--wide", "--dyn-syms", program))
+    stack = re.search(r"GNU_STACK.*", segments)
+    present = {
+        "PIE": re.search(r"Type:\s+DYN", segments) and re.search(r"FLAGS_1.*\bPIE\b", dynamic),
+        "RELRO": "GNU_RELRO" in segments,
+        "BIND_NOW": re.search(r"\(FLAGS_1\).*\bNOW\b", dynamic),
+        "no executable stack": stack and "RWE" not in stack.group(),
+        "stack protector": "__stack_chk_fail" in imported,
+        "FORTIFY": any(name.endswith("_chk") for name in imported),
+    }
+    return [what for what, found in present.items() if not found]
+
+
+def hardening():
+    """Both programs are hardened, as they are built and as they come out of the package."""
+    cache = (build / "CMakeCache.txt").read_text()
+    settings = dict(re.findall(r"^(\w+):\w+=(.*)$", cache, re.MULTILINE))
+    if settings.get("CMAKE_BUILD_TYPE") != "Release" or settings.get("STRATIVO_SANITIZERS"):
+        print("skipped: only a release build is hardened")
+        sys.exit(77)
+    with tempfile.TemporaryDirectory() as folder:
+        run("cpack", "-G", "DEB", "--config", build / "CPackConfig.cmake", "-B", folder)
+        package = next(Path(folder).glob("*.deb"))
+        run("dpkg-deb", "--extract", package, Path(folder) / "root")
+        for place in (build / "bin", Path(folder) / "root" / "usr" / "bin"):
+            for name in ("strativo", "strativo-cli"):
+                lacking = unhardened(place / name)
+                expect(not lacking, f"{place / name} lacks {', '.join(lacking)}")
+
+
 globals()[part]()

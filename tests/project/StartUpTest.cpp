@@ -45,7 +45,8 @@ TEST(EndOfStartUp, OrdersTheEmptyMaterialListWithoutACommandLine) {
     ScriptedPrompts prompts;
     Project project;
     project.selectedMaterial = 1;
-    FinishStartUp(project, "", prompts);
+    OrderMaterialList(project);
+    OpenCommandLine(project, "", prompts);
     EXPECT_EQ(project.selectedMaterial, 0);
     EXPECT_THAT(prompts.calls, testing::IsEmpty());
 }
@@ -57,7 +58,7 @@ TEST(EndOfStartUp, TakesTheWholeCommandLineAsOnePath) {
     ScriptedPrompts prompts;
     Project project;
     project.rememberedLibrary = "stdmat.lby";
-    FinishStartUp(project, "my house.con", prompts);
+    OpenCommandLine(project, "my house.con", prompts);
     EXPECT_EQ(project.constructionFile, "my house.con");
     EXPECT_EQ(project.constructions[1].name, "Wall");
 }
@@ -66,7 +67,7 @@ TEST(EndOfStartUp, ReportsAPathThatCannotBeReadAsACommandLineError) {
     const TemporaryFolder folder;
     ScriptedPrompts prompts;
     Project project;
-    FinishStartUp(project, "missing house.con", prompts);
+    OpenCommandLine(project, "missing house.con", prompts);
     EXPECT_THAT(prompts.messages,
                 ElementsAre(Message{"Command line error\rConstruction file (p) is missing.", ""}));
     EXPECT_EQ(project.constructionFile, "");

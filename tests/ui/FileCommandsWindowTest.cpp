@@ -41,6 +41,12 @@ protected:
         QCoreApplication::processEvents(); // the file is read after the drop was answered
         return welcome;
     }
+    /// The drop is answered, and its file not read yet.
+    bool DropUnread(const std::string& path) {
+        auto* data = new QMimeData;
+        data->setUrls({QUrl::fromLocalFile(QString::fromStdString(path))});
+        return Drop(data, &Area(), {5, 5});
+    }
     std::string Path(const char* name) { return (folder.Path() / name).string(); }
 };
 
@@ -136,9 +142,7 @@ TEST_F(FileCommandsInWindow, SaveAsAsksBeforeItOverwrites) {
 
 TEST_F(FileCommandsInWindow, ADropIsAnsweredBeforeItsFileIsRead) {
     Start();
-    auto* data = new QMimeData;
-    data->setUrls({QUrl::fromLocalFile(QString::fromStdString(Path("missing.con")))});
-    EXPECT_TRUE(Drop(data, &Area(), {5, 5}));
+    EXPECT_TRUE(DropUnread(Path("missing.con")));
     EXPECT_TRUE(boxes.empty()) << "the other program must not wait for a message box";
     Answer("OK");
     QCoreApplication::processEvents();
@@ -206,6 +210,30 @@ TEST_F(FileCommandsInWindow, NothingCanBeDroppedWhileABoxIsOpen) {
     InBox([this, file](QWidget&) { EXPECT_FALSE(DropFiles({file}, program.get())); });
     Choose("HelpAbout");
     EXPECT_EQ(TheProject().constructionCount, 0);
+}
+
+TEST_F(FileCommandsInWindow, ADropIsRefusedWhileAnotherWaits) {
+    Start();
+    EXPECT_TRUE(DropUnread(Path("missing.con")));
+    EXPECT_FALSE(DropUnread(Write("house.con", {"Roof"})));
+    Answer("OK");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(boxes.size(), 1U);
+    EXPECT_EQ(TheProject().constructionCount, 0);
+    EXPECT_TRUE(DropFiles({Path("house.con")}, &Area()));
+    EXPECT_EQ(TheProject().constructionCount, 1);
+}
+
+TEST_F(FileCommandsInWindow, AFileDroppedRightBeforeABoxOpensIsReadAfterIt) {
+    Start();
+    EXPECT_TRUE(DropUnread(Write("house.con", {"Roof"})));
+    InBox([this](QWidget&) {
+        QCoreApplication::processEvents();
+        EXPECT_EQ(TheProject().constructionCount, 0);
+    });
+    Choose("HelpAbout");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(TheProject().constructionCount, 1);
 }
 
 TEST_F(FileCommandsInWindow, AFailedDropHasRemovedTheOldConstructions) {

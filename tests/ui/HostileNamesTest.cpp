@@ -12,11 +12,17 @@
 #include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QFileDialog>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMessageBox>
+#include <QRegularExpression>
 #include <QStatusBar>
 #include <QTextDocument>
+#include <QToolTip>
+
+#include <fstream>
 
 namespace strativo {
 namespace {
@@ -95,7 +101,7 @@ protected:
             return std::nullopt;
         if (!Qt::mightBeRichText(tip))
             return tip;
-        const QString start = QStringLiteral("<p style='white-space: pre-wrap'>");
+        const QString start = QStringLiteral("<p style='white-space: pre'>");
         const QString end = QStringLiteral("</p>");
         const QString text = tip.mid(start.size(), tip.size() - start.size() - end.size());
         const bool isOurs = tip.startsWith(start) && tip.endsWith(end)
@@ -141,6 +147,18 @@ protected:
         }
     }
 
+    /// The tooltip as it comes up when the pointer rests there.
+    static void ExpectPlainShownTip(QWidget& widget) {
+        if (widget.toolTip().isEmpty() || !widget.isVisible())
+            return;
+        QHelpEvent rest(QEvent::ToolTip, {1, 1}, widget.mapToGlobal(QPoint(1, 1)));
+        QApplication::sendEvent(&widget, &rest);
+        const auto shown = PlainTip(QToolTip::text());
+        EXPECT_TRUE(shown) << NameOf(widget);
+        EXPECT_EQ(shown.value_or(QString()).remove(QRegularExpression(QStringLiteral("\\s"))),
+                  PlainToolTip(widget).remove(QRegularExpression(QStringLiteral("\\s"))));
+    }
+
     /// Looks at every text of every widget of the program, and draws those that are visible.
     static int Walk() {
         int seen = 0;
@@ -152,6 +170,7 @@ protected:
                  {widget->windowTitle(), widget->accessibleName(), widget->accessibleDescription()})
                 EXPECT_LE(text.size(), longestAllowed) << NameOf(*widget);
             ExpectPlainActions(*widget);
+            ExpectPlainShownTip(*widget);
             if (const auto* label = qobject_cast<QLabel*>(widget))
                 ExpectPlainLabel(*label);
             if (const auto* view = qobject_cast<QAbstractItemView*>(widget))
@@ -272,6 +291,60 @@ TEST_F(HostileNamesWalk, ArePlainTextInTheOtherBoxes) {
     }
 }
 
+/// Names as the file system takes them.
+std::vector<std::string> HostileFileNames() {
+    std::vector<std::string> names;
+    for (std::string name : HostileNames()) {
+        std::replace(name.begin(), name.end(), '/', '|');
+        names.push_back(name.substr(0, 200) + ".con");
+    }
+    names.emplace_back("<img src=zero>.con");
+    return names;
+}
+
+TEST_F(HostileNamesWalk, ArePlainTextInTheFilePrompts) {
+    std::filesystem::create_symlink("/dev/zero", folder.Path() / "zero");
+    for (const std::string& name : HostileFileNames())
+        folder.Write(name + "/" + name, "");
+    Start();
+    for (const std::string& name : HostileFileNames()) {
+        SCOPED_TRACE(name);
+        TheProject().constructionFile = (folder.Path() / name / name).string();
+        for (const char* command : {"SaveProjectAs", "LoadMaterials"}) {
+            InBox([this](QWidget& box) {
+                auto* prompt = qobject_cast<QFileDialog*>(&box);
+                ASSERT_NE(prompt, nullptr);
+                QCoreApplication::processEvents(); // the names are read beside
+                Walk();
+                prompt->setDirectory(QString::fromStdString(folder.Path().string()));
+                QCoreApplication::processEvents();
+                Walk();
+            });
+            Choose(command);
+        }
+    }
+}
+
+TEST_F(HostileNamesWalk, ArePlainTextInTheQuestionsOfFilePrompts) {
+    Start();
+    for (const std::string& name : HostileFileNames()) {
+        SCOPED_TRACE(name);
+        TheProject().constructionFile = (folder.Path() / name).string();
+        InBox([this](QWidget& box) {
+            auto* prompt = qobject_cast<QFileDialog*>(&box);
+            ASSERT_NE(prompt, nullptr);
+            // The toolkit takes what stands between quotation marks for the name.
+            std::ofstream(PathBytes(prompt->selectedFiles().front())) << "taken";
+            InBox([](QWidget& question) {
+                ASSERT_NE(qobject_cast<QMessageBox*>(&question), nullptr);
+                Walk();
+            });
+            static_cast<QDialog*>(prompt)->accept();
+        });
+        Choose("SaveProjectAs");
+    }
+}
+
 TEST_F(HostileNamesWalk, AreCaptionsWithoutAccessKeysInTheWindowMenu) {
     Prepare();
     Name("a&b\tCtrl+Q");
@@ -297,7 +370,7 @@ TEST(PlainText, OfATooltipIsHtmlOnlyWhereItWouldBeTakenForSuch) {
     EXPECT_EQ(widget.toolTip(), QStringLiteral("/home/a & b.con"));
     SetPlainToolTip(widget, QStringLiteral("<b>x</b>"));
     EXPECT_EQ(widget.toolTip(),
-              QStringLiteral("<p style='white-space: pre-wrap'>&lt;b&gt;x&lt;/b&gt;</p>"));
+              QStringLiteral("<p style='white-space: pre'>&lt;b&gt;x&lt;/b&gt;</p>"));
 }
 
 } // namespace

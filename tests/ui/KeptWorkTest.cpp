@@ -108,6 +108,18 @@ TEST_F(KeptWorkInWindow, WorkIsOfferedAtTheNextStartAndOpensWithItsWindows) {
     EXPECT_EQ(StatusText("ChangedStatus"), "* unsaved changes");
 }
 
+TEST_F(KeptWorkInWindow, WorkOpensWithItsMaterialsInTheOrderThatTheyHad) {
+    Start();
+    Choose("NewUValue");
+    Choose("CondSort");
+    const std::string first = Materials()->item(0)->text().toStdString();
+    EnterName("Wall");
+    EXPECT_TRUE(WaitForCopies(1));
+    Answer("Yes");
+    StartAgain();
+    EXPECT_EQ(Materials()->item(0)->text().toStdString(), first);
+}
+
 TEST_F(KeptWorkInWindow, OpenedWorkThatIsGivenUpAtTheCloseIsNotOfferedAgain) {
     StartWithAName("Wall");
     EXPECT_TRUE(WaitForCopies(1));

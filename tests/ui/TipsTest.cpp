@@ -1,12 +1,14 @@
 #include "ui/Tips.h"
 
 #include "MainWindowTest.h"
+#include "ui/Text.h"
 #include "ui/UValue.h"
 #include "ui/UvalsDialog.h"
 #include "ui/WindowArea.h"
 
 #include <QHelpEvent>
 #include <QLabel>
+#include <QTextDocument>
 #include <QToolTip>
 
 namespace strativo {
@@ -79,6 +81,20 @@ TEST_F(ToolTips, ShowNamesThatLookLikeMarkup) {
     const QLabel* tip = TipOf(&control, {1, 1});
     ASSERT_NE(tip, nullptr);
     EXPECT_TRUE(tip->text().contains(QStringLiteral("&lt;b&gt;wall")));
+}
+
+TEST_F(ToolTips, ShowPlainTextAsItStands) {
+    Start();
+    QLabel control(QStringLiteral("x"));
+    const QString text = QStringLiteral("/a/<b>wall</b> &lt; & \"x\" 'y'.con");
+    SetPlainToolTip(control, text);
+    EXPECT_EQ(PlainToolTip(control), text);
+    control.show();
+    const QLabel* tip = TipOf(&control, {1, 1});
+    ASSERT_NE(tip, nullptr);
+    QTextDocument shown;
+    shown.setHtml(tip->text());
+    EXPECT_EQ(shown.toPlainText(), text);
 }
 
 } // namespace
