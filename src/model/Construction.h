@@ -16,8 +16,8 @@ inline constexpr std::int16_t removedType = -999;
 struct WindowRecord {
     bool open = false;         ///< the construction is in use
     bool edited = false;       ///< a thickness was entered in the window; nothing reads it
+    std::int16_t topLine = 0;  ///< of the layer list, from 0: the first one seen
     double shownThickness = 0; ///< mm, what the thickness field shows; 0: the field is empty
-    int topLine = 0;           ///< of the layer list, from 0: the first one seen
     unsigned lastActive = 0;   ///< grows with each activation, so the largest is the latest
     unsigned opening = 0;      ///< tells this use of the slot from an earlier one
 };

@@ -122,7 +122,7 @@ void UValue::ConnectSignals() {
     connect(ui.Construction->verticalScrollBar(), &QScrollBar::valueChanged, this,
             [this](int line) {
                 if (!IsEmpty())
-                    Record().window.topLine = line;
+                    Record().window.topLine = static_cast<std::int16_t>(line);
             });
     connect(ui.Construction, &LayerList::DeleteReleased, this, [this] {
         program.perform([this] { DeleteLayers(program.project, program.prompts); });
