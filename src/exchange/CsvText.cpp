@@ -36,8 +36,10 @@ std::optional<Fault> EncodingFault(std::string_view text) {
 /// The separator used in the first line that contains more than separators, ignoring quoted parts.
 char FindSeparator(std::string_view text) {
     const auto start = text.find_first_not_of(" \t,;\r\n\"");
-    if (start == std::string_view::npos)
-        return ',';
+    if (start == std::string_view::npos) { // only empty rows
+        const auto separator = text.find_first_of(";\t");
+        return separator == std::string_view::npos ? ',' : text[separator];
+    }
     const auto lineStart = text.substr(0, start).find_last_of("\r\n");
     std::string_view header = text.substr(lineStart == std::string_view::npos ? 0 : lineStart + 1);
     bool quoted = false;

@@ -8,6 +8,7 @@
 #include "text/Windows1252.h"
 
 #include <algorithm>
+#include <cmath>
 #include <map>
 #include <utility>
 
@@ -78,6 +79,9 @@ Reason ReasonOfMaterial(const Layer& layer) {
     if (!HasMass(layer) && ResistanceOf(layer) < leastResistance)
         return {"resistance-too-small",
                 "its layer " + name + " without mass has a resistance below 0.001 m2K/W"};
+    if (!HasMass(layer) && !std::isfinite(ResistanceOf(layer)))
+        return {"resistance-too-large",
+                "its layer " + name + " without mass has a resistance beyond all numbers"};
     return {};
 }
 

@@ -145,6 +145,9 @@ TEST_F(EpModelOf, TheFirstReasonToLeaveOutCounts) {
     insulator.conductivity = 0;
     Layer thin = Brick(0.0001);
     thin.density = 0;
+    Layer endless = thin;
+    endless.thickness = 1e307;
+    endless.conductivity = 1e-38F;
     const auto ruleOf = [&](const std::vector<Layer>& layers) {
         project = Project();
         Add("W", layers);
@@ -160,6 +163,7 @@ TEST_F(EpModelOf, TheFirstReasonToLeaveOutCounts) {
     EXPECT_EQ(ruleOf({insulator}), "no-conductivity");
     EXPECT_EQ(ruleOf({Brick(0)}), "zero-thickness");
     EXPECT_EQ(ruleOf({thin}), "resistance-too-small");
+    EXPECT_EQ(ruleOf({endless}), "resistance-too-large") << "JSON has no infinity";
     EXPECT_EQ(ruleOf(std::vector<Layer>(10, Brick())), "none or several");
 }
 
