@@ -19,15 +19,19 @@ QString ModulePath() {
 
 } // namespace
 
+QString DocumentName(const QString& title) {
+    return title.simplified().replace(QLatin1Char('/'), QLatin1Char('-'));
+}
+
 QString PrintPage(QWidget* parent, const QString& title, const PagePainter& paint,
                   const QString& pdfFile) {
     QLibrary module(ModulePath());
     const auto print = reinterpret_cast<PrintFunction>(module.resolve(printFunction));
     if (print == nullptr)
         return module.errorString();
-    const bool printed = print(parent, title, pdfFile, paint);
-    return printed || pdfFile.isEmpty() ? QString()
-                                        : QCoreApplication::translate("Printing", "not written");
+    return print(parent, DocumentName(title), pdfFile, paint) == PrintResult::failed
+               ? QCoreApplication::translate("Printing", "not written")
+               : QString();
 }
 
 } // namespace strativo

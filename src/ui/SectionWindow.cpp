@@ -6,6 +6,7 @@
 #include "edit/ConstructionSlots.h"
 #include "project/SaveDrawing.h"
 #include "text/Format.h"
+#include "ui/Appearance.h"
 #include "ui/DrawingView.h"
 #include "ui/Printing.h"
 #include "ui/Text.h"
@@ -32,7 +33,8 @@ bool TakeNumber(QLineEdit& field, double lowest, double highest, std::optional<d
     const bool usable = number || text.empty();
     QPalette palette;
     if (!usable)
-        palette.setColor(QPalette::Text, QColor(0xC6, 0x28, 0x28));
+        palette.setColor(QPalette::Text,
+                         Readable(QColor(0xC6, 0x28, 0x28), palette.color(QPalette::Base)));
     field.setPalette(palette);
     if (usable)
         value = number;

@@ -1,15 +1,20 @@
 #include "ui/SectionWindow.h"
 
 #include "MainWindowTest.h"
+#include "ui/Appearance.h"
 #include "ui/DrawingView.h"
+#include "ui/Printing.h"
 #include "ui/WindowArea.h"
 
+#include <QApplication>
 #include <QComboBox>
+#include <QDialog>
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QTimer>
 
 namespace strativo {
 namespace {
@@ -173,6 +178,37 @@ TEST_F(Section, SaysWhyItCannotBePrinted) {
     Answer("OK");
     Shown()->Print(QString::fromStdString((folder.Path() / "missing/wall.pdf").string()));
     EXPECT_THAT(LastBox().text, HasSubstr("The section cannot be printed"));
+}
+
+TEST_F(Section, SaysThatTheFileOfThePrintersBoxCannotBeWritten) {
+    Open();
+    Answer("OK");
+    QTimer::singleShot(0, [this] {
+        auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        auto* file = box->findChild<QLineEdit*>(QStringLiteral("filename"));
+        file->setText(QString::fromStdString((folder.Path() / "missing/wall.pdf").string()));
+        box->accept();
+    });
+    QTest::mouseClick(In<QPushButton>("Print"), Qt::LeftButton);
+    EXPECT_THAT(LastBox().text, HasSubstr("The section cannot be printed"));
+}
+
+TEST_F(Section, IsPrintedUnderANameThatIsNoPath) {
+    EXPECT_EQ(DocumentName(QStringLiteral("Construction 1  Wall 1/2 brick  (Opaque)")),
+              QStringLiteral("Construction 1 Wall 1-2 brick (Opaque)"));
+}
+
+TEST_F(Section, MarksAnUnusableNumberReadablyInADarkPaletteToo) {
+    QPalette dark(QColor(53, 53, 53));
+    dark.setColor(QPalette::Base, QColor(35, 35, 35));
+    QApplication::setPalette(dark);
+    Open();
+    EnterIn("Rsi", "many");
+    const QPalette marked = In<QLineEdit>("Rsi")->palette();
+    const QColor text = marked.color(QPalette::Text);
+    QApplication::setPalette(QPalette());
+    EXPECT_NE(text, dark.color(QPalette::Text));
+    EXPECT_EQ(Readable(text, dark.color(QPalette::Base)), text);
 }
 
 TEST_F(Section, IsClosedByEscapeAndOpensAgainWithItsConditions) {

@@ -51,8 +51,11 @@ public:
         Save("10-layer-menu");
         Trigger("OpenSection");
         Save("11-section");
+        SaveBox("12-print", [this] {
+            Press("Print", window.findChild<QWidget*>(QStringLiteral("SectionWindow")));
+        });
         Trigger("HelpContents");
-        Save("12-manual");
+        Save("13-manual");
     }
 
 private:
