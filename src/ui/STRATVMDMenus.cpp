@@ -240,7 +240,11 @@ void UValueMDI::Winmenu_Click() {
         QString caption = MenuCaption(area->Caption(id));
         if (i < numberedWindows)
             caption.prepend(QStringLiteral("&%1 ").arg(i + 1));
-        QAction* item = AddItem(ui.Winmenu, "Window", caption, [this, id] { area->Activate(id); });
+        // A file that is dropped while the menu is open takes the windows of another one away.
+        QAction* item = AddItem(ui.Winmenu, "Window", caption, [this, id] {
+            if (area->Has(id))
+                area->Activate(id);
+        });
         // Only one item can be checked, so the others need no empty check box.
         item->setCheckable(id == area->Active());
         item->setChecked(id == area->Active());

@@ -1,4 +1,5 @@
 #include "MainWindowTest.h"
+#include "edit/ConstructionSlots.h"
 #include "ui/WindowArea.h"
 
 #include <QMenu>
@@ -135,6 +136,19 @@ TEST_F(MainMenu, ChosenWindowInTheListBecomesActive) {
     Captions("Winmenu");
     EXPECT_TRUE(Menu("Winmenu")->actions().at(5)->isChecked());
     EXPECT_FALSE(Menu("Winmenu")->actions().at(6)->isChecked());
+}
+
+TEST_F(MainMenu, AnItemOfAWindowThatIsGoneDoesNothing) {
+    Start();
+    Choose("NewUValue");
+    Choose("NewUValue");
+    Captions("Winmenu");
+    QAction* item = Menu("Winmenu")->actions().at(5);
+    EXPECT_EQ(item->text(), QStringLiteral("&2 Construction 1"));
+    RemoveConstruction(TheProject(), 1);
+    program->ShowProject();
+    item->trigger();
+    EXPECT_THAT(boxes, testing::IsEmpty());
 }
 
 TEST_F(MainMenu, SaveIsOfferedOnlyForAChangedProject) {
