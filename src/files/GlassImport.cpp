@@ -1,6 +1,7 @@
 #include "files/GlassImport.h"
 
 #include "edit/GlassTypes.h"
+#include "edit/Saying.h"
 #include "edit/StateBefore.h"
 #include "files/CommentedLines.h"
 #include "files/ConstructionPrompts.h"
@@ -90,9 +91,10 @@ int SectionsRead(const Project& project) {
     return project.glassSectionsRead + project.glassSectionsRead2D;
 }
 
-void NameImport(Project& project, int sectionsBefore) {
-    NameAction(project,
-               "import of " + Counted(SectionsRead(project) - sectionsBefore, "glass type"));
+void TellOfImport(Project& project, int sectionsBefore) {
+    const std::string types = Counted(SectionsRead(project) - sectionsBefore, "glass type");
+    NameAction(project, "import of " + types);
+    Say(project, types + " imported");
 }
 
 } // namespace
@@ -109,12 +111,12 @@ ImportResult ImportGlassDefinitions(Project& project, Prompts& prompts) {
     try {
         if (!ParseGlassDefinitions(ReadFileBytes(*path), project))
             prompts.ShowMessage({incorrectFormat, ""});
-        NameImport(project, before);
+        TellOfImport(project, before);
         project.changed = true;
         return ImportResult::imported;
     } catch (const RuntimeError& error) {
         prompts.ShowMessage({glassImportMessages.Text(error.Number()), ""});
-        NameImport(project, before);
+        TellOfImport(project, before);
         project.changed = project.changed || SectionsRead(project) > before;
         return ImportResult::stopped;
     }

@@ -83,7 +83,7 @@ struct Project {
     unsigned contentsSaved = 0;    ///< counts the writings to a file
     bool replacingContent = false; ///< the old content is gone and the new one is not complete yet
 
-    StateBefore before;            ///< what the action under way has changed
+    StateBefore before; ///< what the action under way has changed
 
     LayerClipboard clipboard;
     LayerDrag drag;
@@ -94,6 +94,7 @@ struct Project {
     std::string helpFile = noHelpFile; ///< "." none
     std::string rememberedLibrary = defaultLibrary; ///< path that a single blank stands for
     std::string startDirectory;                     ///< nothing reads it
+    std::string said; ///< UTF-8: what was just done, until the status bar has told it
     /// Source identification of each window loaded so far, in the order of the About box.
     std::array<std::string, 5> windowSources;
 };

@@ -36,6 +36,8 @@ void ProjectView::Update() {
     FollowActive();
     area.ShowVisible();
     status.ShowProject(project);
+    if (const std::string said = std::exchange(project.said, {}); !said.empty())
+        status.Say(PathText(said));
 }
 
 void ProjectView::FollowConstructions() {

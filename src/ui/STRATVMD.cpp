@@ -2,6 +2,7 @@
 
 #include "edit/ConstructionSlots.h"
 #include "edit/InfoTexts.h"
+#include "edit/Saying.h"
 #include "project/FileCommands.h"
 #include "project/Manual.h"
 #include "project/NewProject.h"
@@ -76,7 +77,7 @@ UValueMDI::UValueMDI(QWidget* parent)
     BuildMenus();
     BuildShortcuts();
     ShowProject();
-    connect(watch, &WorkWatch::Told, this, &UValueMDI::TellInStatusBar);
+    connect(watch, &WorkWatch::Told, status, &StatusBar::Say);
     connect(area, &WindowArea::ActiveChanged, this, &UValueMDI::ActiveChanged);
     connect(area, &WindowArea::CloseRequested, this, &UValueMDI::ChildCloseRequested);
 }
@@ -104,13 +105,8 @@ void UValueMDI::MDIForm_Load(const std::string& commandLine) {
 bool UValueMDI::OfferKeptWork(const std::string& commandLine) {
     const RecoveryResult result = OfferRecovery(project, watch->Keeper(), commandLine, *prompts);
     if (!result.notice.empty())
-        TellInStatusBar(PathText(result.notice));
+        Say(project, result.notice);
     return result.opened;
-}
-
-void UValueMDI::TellInStatusBar(const QString& text) {
-    constexpr int longEnough = 10000; // ms
-    status->showMessage(Elided(text), longEnough);
 }
 
 void UValueMDI::PlaceDialog() {

@@ -127,7 +127,6 @@ private:
     void ShowMove(const HistoryMove& move);
     void PlaceDialog();
     bool OfferKeptWork(const std::string& commandLine);
-    void TellInStatusBar(const QString& text);
     void Perform(const std::function<void()>& action);
     void EndProgram();
     std::string DroppedPath(const QDropEvent& event) const;

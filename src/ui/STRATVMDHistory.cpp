@@ -15,23 +15,23 @@ void UValueMDI::AddUndoKeys(QWidget* window) {
 void UValueMDI::TellOfStep() {
     QString action = ToText(history.NextUndo());
     action[0] = action[0].toUpper();
-    TellInStatusBar(tr("%1. Ctrl+Z takes it back").arg(action));
+    status->Say(tr("%1. Ctrl+Z takes it back").arg(action));
 }
 
 void UValueMDI::Undo() {
     const auto move = history.Undo(project);
     if (move)
         ShowMove(*move);
-    TellInStatusBar(move ? tr("Taken back: %1. Ctrl+Y does it again").arg(ToText(move->action))
-                         : tr("There is nothing to take back"));
+    status->Say(move ? tr("Taken back: %1. Ctrl+Y does it again").arg(ToText(move->action))
+                     : tr("There is nothing to take back"));
 }
 
 void UValueMDI::Redo() {
     const auto move = history.Redo(project);
     if (move)
         ShowMove(*move);
-    TellInStatusBar(move ? tr("Done again: %1. Ctrl+Z takes it back").arg(ToText(move->action))
-                         : tr("There is nothing to do again"));
+    status->Say(move ? tr("Done again: %1. Ctrl+Z takes it back").arg(ToText(move->action))
+                     : tr("There is nothing to do again"));
 }
 
 /// A construction comes to the front by itself; glass types are seen in their window.

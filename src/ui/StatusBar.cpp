@@ -14,6 +14,8 @@ namespace strativo {
 
 namespace {
 
+constexpr std::chrono::seconds longEnoughToRead(10);
+
 QString FileName(const std::string& path) {
     return Elided(QFileInfo(PathText(path)).fileName());
 }
@@ -34,6 +36,11 @@ StatusBar::StatusBar(QWidget* parent) : QStatusBar(parent) {
     ui.Progress->setRange(0, 1000);
     ui.Progress->hide();
     addPermanentWidget(ui.Progress);
+    telling.setObjectName(QStringLiteral("Telling"));
+    telling.setSingleShot(true);
+    telling.setInterval(longEnoughToRead);
+    connect(&telling, &QTimer::timeout, this, &StatusBar::EndSaying);
+    connect(this, &QStatusBar::messageChanged, this, &StatusBar::SayAgain);
 }
 
 QLabel* StatusBar::AddLabel(const char* objectName, int stretch) {
@@ -53,6 +60,23 @@ void StatusBar::ShowProject(const Project& project) {
     ui.LayerStatus->setText(finding);
     SetPlainToolTip(*ui.LayerStatus, finding);
     ShowLibraries(project);
+}
+
+void StatusBar::Say(const QString& text) {
+    said = Elided(text);
+    telling.start();
+    showMessage(said);
+}
+
+/// A menu or a search takes its own words away, and all others with them.
+void StatusBar::SayAgain(const QString& shown) {
+    if (shown.isEmpty() && telling.isActive())
+        showMessage(said);
+}
+
+void StatusBar::EndSaying() {
+    if (currentMessage() == said)
+        clearMessage();
 }
 
 void StatusBar::ShowLibraries(const Project& project) {

@@ -4,6 +4,7 @@
 
 #include <QElapsedTimer>
 #include <QStatusBar>
+#include <QTimer>
 
 class QLabel;
 class QProgressBar;
@@ -19,6 +20,9 @@ public:
     explicit StatusBar(QWidget* parent);
 
     void ShowProject(const Project& project);
+    /// Tells something for some seconds. A tip that comes meanwhile is shown only as long as it
+    /// lasts.
+    void Say(const QString& text);
     /// Most files are read before anybody would notice, so pointer and bar show progress only after
     /// a while, and until done == total.
     void ShowProgress(std::size_t done, std::size_t total);
@@ -27,6 +31,8 @@ public:
 private:
     QLabel* AddLabel(const char* objectName, int stretch);
     void ShowLibraries(const Project& project);
+    void SayAgain(const QString& shown);
+    void EndSaying();
 
     struct Ui {
         QLabel* FileStatus;
@@ -37,6 +43,8 @@ private:
     };
 
     Ui ui{};
+    QString said; ///< while it is being told
+    QTimer telling{this};
     QElapsedTimer reading;    ///< runs while a file is read
     bool busyPointer = false; ///< shown when reading takes long
 };

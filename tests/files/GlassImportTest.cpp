@@ -110,6 +110,17 @@ TEST_F(GlassImport, MarksTheProjectAsChangedEvenWithoutAnyType) {
     EXPECT_THAT(GlassTypeNames(project), IsEmpty());
 }
 
+TEST_F(GlassImport, SaysHowManyTypesItBrought) {
+    Import("!WINDOW = 'A'\n!WINDOW = ''\n!WINDOW 2D = 'H'\n!WINDOW = 'B'\n");
+    EXPECT_EQ(project.said, "4 glass types imported") << "the second A too";
+    project.said.clear();
+    Import("!CONSTRUCTION 'C'\n!END\n");
+    EXPECT_EQ(project.said, "0 glass types imported");
+    project.said.clear();
+    Import("!WINDOW = 'D'\n!WINDOW = 'NO END\n");
+    EXPECT_EQ(project.said, "1 glass type imported") << "before the failure";
+}
+
 TEST_F(GlassImport, StopsAtTheEndMark) {
     Import("!WINDOW = 'A'\n!EOF\n!WINDOW = 'B'\n");
     EXPECT_THAT(GlassTypeNames(project), ElementsAre("A"));
