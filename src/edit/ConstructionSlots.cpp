@@ -1,5 +1,6 @@
 #include "edit/ConstructionSlots.h"
 
+#include "edit/Saying.h"
 #include "edit/StateBefore.h"
 #include "text/Format.h"
 
@@ -81,6 +82,13 @@ void RemoveConstruction(Project& project, int number) {
     NameAction(project, "removal of construction" + SignPositionNumber(number), true);
     CloseSlot(project, number);
     ChooseCurrentAfterRemoval(project);
+}
+
+bool MayCloseWindow(Project& project, int number) {
+    if (!InUse(project, number) || project.closingInProgress)
+        return true;
+    Say(project, "This button closes no construction: Remove construction in the File menu does");
+    return false;
 }
 
 void RemoveConstructions(Project& project, int last) {

@@ -26,6 +26,10 @@ void CreateUnnamedConstruction(Project& project);
 /// it becomes current. Does nothing for a slot not in use.
 void RemoveConstruction(Project& project, int number);
 
+/// Whether the close box of a construction's window may close it: only while the program itself
+/// does so. Where it may not, says what to use.
+bool MayCloseWindow(Project& project, int number);
+
 /// Takes constructions 1 to last out of use, choosing the current one only at the end.
 void RemoveConstructions(Project& project, int last);
 

@@ -5,6 +5,12 @@ namespace strativo {
 const char* const mainCaption = "Brevan Strativo V" STRATIVO_VERSION;
 const char* const versionText = "Strativo Version " STRATIVO_VERSION;
 
+const char* const howToBegin =
+    "New construction in the File menu (Alt+F, C) begins a construction.\n"
+    "Enter or a double click in Select Material gives it layers.\n\n"
+    "Open construction file... (Ctrl+O) opens a file, and so does dropping it here.\n\n"
+    "F1 explains the window in which you are.";
+
 namespace {
 
 constexpr std::array<const char*, 5> windowSources = {"UvalsDialog.cpp", "UValue.cpp",

@@ -13,6 +13,9 @@ std::string CommentText(const Project& project, int number);
 extern const char* const mainCaption;
 extern const char* const versionText;
 
+/// What the empty main window says, in lines of UTF-8.
+extern const char* const howToBegin;
+
 /// The windows whose source identification the About box can show, in its order.
 enum class ProgramWindow { selectMaterial, construction, mainWindow, glassTypes, glassProperties };
 

@@ -2,6 +2,7 @@
 
 #include "calc/LayerList.h"
 #include "edit/ConstructionSlots.h"
+#include "edit/Saying.h"
 #include "edit/StateBefore.h"
 #include "text/Numbers.h"
 
@@ -134,11 +135,17 @@ void InsertEntry(Project& project, Construction& construction, int lines, int at
         project.userLibraryNeeded = true;
 }
 
+int EntryCount(const LayerClipboard& clipboard) {
+    const auto isFilled = [](const ClipEntry& entry) { return !entry.name.empty(); };
+    return static_cast<int>(std::count_if(clipboard.begin(), clipboard.end(), isFilled));
+}
+
 /// The construction to paste into; null after a beep when there is none or no room.
 Construction* PasteTarget(Project& project, Prompts& prompts) {
     Construction* construction = EditedConstruction(project, prompts);
     if (construction != nullptr && LayerCount(*construction) >= maxLayers) {
         prompts.Beep();
+        SayNotInserted(project, EntryCount(project.clipboard));
         return nullptr;
     }
     return construction;
@@ -179,6 +186,7 @@ void PasteLayers(Project& project, Prompts& prompts) {
         if (!entry.name.empty() && lines < maxLayers)
             InsertEntry(project, *construction, lines++, ++current, entry);
     MarkInserted(*construction, before + 1, current, current);
+    SayNotInserted(project, EntryCount(project.clipboard) - (current - before));
     NameAction(project, "paste of " + Counted(current - before, "layer"));
     RefreshAndMarkChanged(project, *construction);
 }
@@ -194,6 +202,7 @@ void PasteLayersBefore(Project& project, Prompts& prompts) {
         if (!project.clipboard[slot].name.empty() && lines < maxLayers)
             InsertEntry(project, *construction, lines++, at, project.clipboard[slot]);
     MarkInserted(*construction, at, at + lines - before - 1, at);
+    SayNotInserted(project, EntryCount(project.clipboard) - (lines - before));
     NameAction(project, "paste of " + Counted(lines - before, "layer"));
     RefreshAndMarkChanged(project, *construction);
 }
@@ -213,6 +222,12 @@ void InsertMaterial(Project& project, Prompts& prompts) {
         return;
     PasteLayersBefore(project, prompts);
     NameAction(project, "insertion of " + project.clipboard[1].name);
+}
+
+void SayNotInserted(Project& project, int layers) {
+    if (layers > 0)
+        Say(project, Counted(layers, "layer") + " not inserted: a construction has at most "
+                         + std::to_string(maxLayers));
 }
 
 void ClearClipboard(LayerClipboard& clipboard) {

@@ -30,6 +30,9 @@ bool TakeMaterial(Project& project);
 /// Takes the selected material, if there is one, and pastes it before the current layer.
 void InsertMaterial(Project& project, Prompts& prompts);
 
+/// Says that so many layers found no room, if any.
+void SayNotInserted(Project& project, int layers);
+
 /// Empties all entries.
 void ClearClipboard(LayerClipboard& clipboard);
 

@@ -3,6 +3,7 @@
 #include "calc/LayerList.h"
 #include "edit/ConstructionSlots.h"
 #include "edit/LayerClipboard.h"
+#include "edit/Saying.h"
 #include "edit/StateBefore.h"
 
 #include <algorithm>
@@ -65,6 +66,9 @@ void DropLayers(Project& project, int target, int row, Prompts& prompts) {
     } else if (otherConstruction && !HasRoomFor(project.constructions[target], moved)) {
         CopyLayers(project, prompts);
         prompts.Beep();
+        Say(project,
+            "Not moved: " + Counted(LayerCount(project.constructions[target]) + moved, "layer")
+                + " would be more than the " + std::to_string(maxLayers) + " of a construction");
         return;
     } else {
         const int above = MarkedLayersUpTo(source, row);

@@ -2,6 +2,7 @@
 
 #include "edit/ConstructionSlots.h"
 #include "edit/MaterialList.h"
+#include "edit/Saying.h"
 #include "files/ConstructionPrompts.h"
 #include "files/ConstructionWriter.h"
 #include "files/FileAccess.h"
@@ -12,6 +13,8 @@
 #include "project/SaveQuestions.h"
 #include "text/Windows1252.h"
 
+#include <filesystem>
+
 namespace strativo {
 
 namespace {
@@ -20,6 +23,14 @@ Message AboutFile(const std::string& path, const std::string& text) {
     Message message{PathToUtf8(path) + "\n" + text, ""};
     message.encoding = Encoding::utf8;
     return message;
+}
+
+/// The name first, since the end may be cut off.
+std::string NameAndFolder(const std::string& path) {
+    const std::filesystem::path file(path);
+    const std::string folder = file.parent_path().string();
+    return PathToUtf8(file.filename().string())
+           + (folder.empty() ? "" : " in " + PathToUtf8(folder));
 }
 
 /// Another program may have changed the file since it was read, so the user is asked first.
@@ -47,6 +58,7 @@ bool WriteNamedFile(Project& project, Prompts& prompts) {
         project.stampedFile = project.constructionFile;
         project.changed = false;
         ++project.contentsSaved;
+        Say(project, "Saved as " + NameAndFolder(project.constructionFile));
         if (!notSafe.empty())
             prompts.ShowMessage(AboutFile(project.constructionFile, savedButNotSafe + notSafe));
         return true;
@@ -114,6 +126,14 @@ void OpenDroppedFiles(Project& project, const std::vector<std::string>& paths, P
 
 bool SaveProject(Project& project, Prompts& prompts) {
     return CheckBeforeSave(project, prompts) && WriteConstructionFile(project, prompts);
+}
+
+void SaveProjectByKey(Project& project, Prompts& prompts) {
+    if (project.changed)
+        SaveProject(project, prompts);
+    else
+        Say(project, "Nothing counts as changed: Save construction file as... saves all, names, "
+                     "types and absorptions too");
 }
 
 bool SaveProjectAs(Project& project, Prompts& prompts) {

@@ -28,6 +28,9 @@ void OpenDroppedFiles(Project& project, const std::vector<std::string>& paths, P
 /// Runs the save checks and writes the project; false when nothing was written.
 bool SaveProject(Project& project, Prompts& prompts);
 
+/// The same by its key: where the menu would not offer it, only says why.
+void SaveProjectByKey(Project& project, Prompts& prompts);
+
 /// The same after asking for a name; the old name is kept when nothing was written.
 bool SaveProjectAs(Project& project, Prompts& prompts);
 

@@ -1,6 +1,7 @@
 #include "project/Manual.h"
 
 #include <filesystem>
+#include <utility>
 
 namespace strativo {
 
@@ -14,6 +15,19 @@ bool IsThere(const fs::path& page) {
 }
 
 } // namespace
+
+std::string ManualPageAbout(std::string_view window) {
+    constexpr std::pair<std::string_view, const char*> pages[] = {
+        {"UValue", "window-construction.html"}, {"UvalsDialog", "window-materials.html"},
+        {"WinForm", "window-glass-types.html"}, {"Profile", "window-glass-editor.html"},
+        {"SectionWindow", "thermal.html"},      {"ConCommentBox", "boxes.html"},
+        {"About_Strativo", "boxes.html"},       {"MessageBox", "boxes.html"},
+    };
+    for (const auto& [name, page] : pages)
+        if (name == window)
+            return page;
+    return "window-main.html";
+}
 
 std::string ManualPage(const std::string& programFolder) {
     const fs::path program(programFolder);

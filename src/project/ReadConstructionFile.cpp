@@ -3,6 +3,7 @@
 #include "calc/Relink.h"
 #include "edit/ConstructionSlots.h"
 #include "edit/GlassTypes.h"
+#include "edit/LayerClipboard.h"
 #include "edit/MaterialList.h"
 #include "files/ConstructionParser.h"
 #include "files/ConstructionPrompts.h"
@@ -60,14 +61,20 @@ ParsedFile ReadLines(Project& project, LibrariesRead& libraries, Prompts& prompt
             LoadStandardSorted(project, libraries, prompts);
         CreateUnnamedConstruction(project);
     };
-    events.layerRefused = [&] { prompts.Beep(); };
+    int refused = 0;
+    events.layerRefused = [&] {
+        prompts.Beep();
+        ++refused;
+    };
     events.progress = [&](std::size_t done, std::size_t total) {
         prompts.ShowProgress(done, total);
     };
     project.stampedFile = project.constructionFile;
     project.stamp = StampOf(project.constructionFile);
     const std::string bytes = ReadFileBytes(project.constructionFile);
-    return ParseConstructionFile(bytes, project, events);
+    ParsedFile parsed = ParseConstructionFile(bytes, project, events);
+    SayNotInserted(project, refused);
+    return parsed;
 }
 
 [[noreturn]] void EndWithoutUserLibrary(Prompts& prompts) {

@@ -21,6 +21,7 @@ About_Strativo::About_Strativo(Program& owner, const QString& mainWindowCaption,
     : QDialog(parent), program(owner) {
     setObjectName(QStringLiteral("About_Strativo"));
     setWindowTitle(tr("About Strativo"));
+    setWindowModality(Qt::WindowModal); // the help stays free
     BuildControls();
     LayOut();
     ConnectSignals();

@@ -1,10 +1,12 @@
 #include "ui/ChildWindow.h"
 
 #include "ui/Appearance.h"
+#include "ui/ElidedLabel.h"
 #include "ui/Text.h"
+#include "ui/Tips.h"
 #include "ui/TitleButton.h"
 
-#include <QEvent>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPainter>
@@ -32,7 +34,7 @@ bool TakesTab(const QWidget& widget) {
 } // namespace
 
 ChildWindow::ChildWindow(int windowId, QWidget* parent)
-    : QWidget(parent), id(windowId), title(PlainLabel(QString(), this)),
+    : QWidget(parent), id(windowId), title(new ElidedLabel(longestShownLine, this)),
       minimiseButton(AddButton(QStringLiteral("MinimiseButton"))),
       closeButton(AddButton(QStringLiteral("CloseButton"))) {
     setObjectName(QStringLiteral("ChildWindow"));
@@ -87,9 +89,37 @@ void ChildWindow::SetActive(bool nowActive) {
     ShowColours();
 }
 
+void ChildWindow::SetTarget(bool nowTarget) {
+    if (std::exchange(target, nowTarget) != nowTarget)
+        ShowColours();
+}
+
+void ChildWindow::SetTip(std::function<QString()> newTip) {
+    tip = std::move(newTip);
+}
+
+bool ChildWindow::event(QEvent* event) {
+    if (event->type() != QEvent::ToolTip || tip == nullptr
+        || !IsOnTitle(static_cast<QHelpEvent*>(event)->pos()))
+        return QWidget::event(event);
+    ShowTip(*title, Elided(tip()));
+    return true;
+}
+
+/// The target's bar is half-way between an active and an inactive one.
+QColor ChildWindow::BarColour() const {
+    const QColor inactive = palette().color(QPalette::Button);
+    const QColor highlight = palette().color(QPalette::Highlight);
+    if (active || !target)
+        return active ? highlight : inactive;
+    const auto between = [](int a, int b) { return (a + b) / 2; };
+    return {between(inactive.red(), highlight.red()), between(inactive.green(), highlight.green()),
+            between(inactive.blue(), highlight.blue())};
+}
+
 void ChildWindow::ShowColours() {
     QPalette colours = palette();
-    bar = colours.color(active ? QPalette::Highlight : QPalette::Button);
+    bar = BarColour();
     const QColor text = colours.color(active ? QPalette::HighlightedText : QPalette::ButtonText);
     colours.setColor(QPalette::WindowText, Readable(text, bar));
     title->setPalette(colours);

@@ -4,6 +4,8 @@
 #include <QPoint>
 #include <QWidget>
 
+#include <functional>
+
 class QLabel;
 
 namespace strativo {
@@ -34,6 +36,10 @@ public:
     void SetCaption(const QString& caption);
     /// Draws the title bar as active or inactive.
     void SetActive(bool active);
+    /// Draws it as that of the window on which the active one works.
+    void SetTarget(bool target);
+    /// What the tool tip of the title bar says.
+    void SetTip(std::function<QString()> tip);
     void SetMinimised(bool minimised);
     bool IsMinimised() const { return minimised; }
     bool WasPainted() const { return painted; }
@@ -56,10 +62,12 @@ protected:
     void changeEvent(QEvent* event) override;
     /// Keeps Tab within the window.
     bool focusNextPrevChild(bool next) override;
+    bool event(QEvent* event) override;
 
 private:
     TitleButton* AddButton(const QString& objectName);
     void ShowColours();
+    QColor BarColour() const;
     void ShowButtonPictures();
     bool IsOnTitle(const QPoint& position) const;
 
@@ -68,10 +76,12 @@ private:
     TitleButton* minimiseButton;
     TitleButton* closeButton;
     QWidget* content = nullptr;
+    std::function<QString()> tip;
     QColor bar;
     QPoint grip;
     bool dragging = false;
     bool active = false;
+    bool target = false;
     bool minimised = false;
     bool painted = false;
 };

@@ -48,6 +48,11 @@ EntryField::EntryField(Kind kind, const QString& objectName, QWidget* parent) : 
     setObjectName(objectName);
     setValidator(new EntryCorrector(kind, this));
     setAcceptDrops(false);
+    // A text longer than the field shows its beginning unless somebody is at its end.
+    connect(this, &QLineEdit::textChanged, this, [this] {
+        if (window()->focusWidget() != this)
+            setCursorPosition(0);
+    });
 }
 
 EntryField::~EntryField() {
@@ -80,7 +85,12 @@ void EntryField::focusOutEvent(QFocusEvent* event) {
     if (IsAside(event->reason()))
         StayWatchful();
     else
-        emit Left();
+        Leave();
+}
+
+void EntryField::Leave() {
+    emit Left();
+    setCursorPosition(0);
 }
 
 /// The focus may not come back here: a menu command or the answer to a box can move it to another
@@ -96,7 +106,7 @@ void EntryField::FollowFocus(QWidget* now) {
         || qobject_cast<QMenuBar*>(now) != nullptr)
         return;
     disconnect(watch);
-    emit Left();
+    Leave();
 }
 
 void EntryField::mouseReleaseEvent(QMouseEvent* event) {

@@ -32,6 +32,7 @@ protected:
 
 private:
     void ShowFocus(bool focused);
+    void Leave();
     void StayWatchful();
     void FollowFocus(QWidget* now);
 

@@ -121,6 +121,18 @@ void HelpViewer::ShowContents(const QString& path) {
         ui.Page->reload();
     else
         ui.Page->setSource(contents);
+    BringToFront();
+}
+
+void HelpViewer::ShowPage(const QString& path, const QString& page) {
+    const QFileInfo contents(path);
+    if (ui.Page->source().isEmpty())
+        ui.Page->setSource(QUrl::fromLocalFile(contents.absoluteFilePath()));
+    ui.Page->setSource(QUrl::fromLocalFile(contents.absolutePath() + QLatin1Char('/') + page));
+    BringToFront();
+}
+
+void HelpViewer::BringToFront() {
     if (isMinimized())
         showNormal();
     show();

@@ -23,6 +23,9 @@ public:
     /// so.
     void ShowContents(const QString& path);
 
+    /// The same with another page of the file's folder; Home leads to the file.
+    void ShowPage(const QString& path, const QString& page);
+
 protected:
     void keyPressEvent(QKeyEvent* event) override;
 
@@ -46,6 +49,7 @@ private:
     QToolButton* AddButton(const QString& objectName, const QString& text, const QString& shortcut,
                            const QString& explanation);
 
+    void BringToFront();
     void FollowLink(const QUrl& link);
     void OpenFindBar();
     void CloseFindBar();

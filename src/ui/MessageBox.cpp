@@ -56,6 +56,8 @@ public:
         : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint
                               | Qt::WindowCloseButtonHint) {
         setObjectName(QStringLiteral("MessageBox"));
+        if (parent != nullptr)
+            setWindowModality(Qt::WindowModal); // the help stays free
         setWindowTitle(message.title.empty() ? QLatin1String(programTitle) : ToText(message.title));
         auto* rows = new QVBoxLayout(this);
         auto* columns = new QHBoxLayout;

@@ -1,24 +1,26 @@
 #pragma once
 
+#include "edit/WindowList.h"
+
 #include <QDialog>
-#include <QStringList>
+
+#include <vector>
 
 class QLineEdit;
-class QListView;
-class QModelIndex;
 class QPushButton;
 class QSortFilterProxyModel;
+class QTreeView;
 
 namespace strativo {
 
-/// Lists the windows that are too many for the Window menu.
+/// Lists the windows with number, name, type and U-value, and finds them by any of these.
 class MoreWindows : public QDialog {
     Q_OBJECT
 
 public:
-    explicit MoreWindows(const QStringList& captions, QWidget* parent = nullptr);
+    explicit MoreWindows(std::vector<WindowLine> windowLines, QWidget* parent = nullptr);
 
-    /// The index of the selected caption, or -1.
+    /// The index of the selected line; -1 when there is none.
     int Selected() const;
     QSize sizeHint() const override;
 
@@ -28,22 +30,24 @@ protected:
 private:
     struct Ui {
         QLineEdit* Filter;
-        QListView* Windows;
+        QTreeView* Windows;
         QPushButton* OKButton;
         QPushButton* CancelButton;
     };
 
-    void BuildControls(const QStringList& captions);
+    void BuildControls();
+    void BuildList();
     void LayOut();
     void ConnectSignals();
     void Filter_Change(const QString& text);
     void SelectFirst();
 
+    std::vector<WindowLine> lines;
     QSortFilterProxyModel* shown;
     Ui ui{};
 };
 
-/// Lets the user choose a window; returns its index, or -1 if none was chosen.
-int ChooseWindow(const QStringList& captions, QWidget* parent);
+/// Asks for one of the windows: its index, or -1 when the user chose none.
+int ChooseWindow(const std::vector<WindowLine>& lines, QWidget* parent);
 
 } // namespace strativo

@@ -58,19 +58,26 @@ public:
     NormalPointer& operator=(const NormalPointer&) = delete;
 };
 
+/// The box in front if there is one, which gets the keys back when the next one goes.
+QWidget* Front(QWidget& mainWindow) {
+    QWidget* modal = QApplication::activeModalWidget();
+    return modal != nullptr && modal->isVisible() ? modal : &mainWindow;
+}
+
 } // namespace
 
 Answer QtPrompts::ShowMessage(const Message& message) {
     const NormalPointer pointer;
     window.ShowProject();
-    return ShowMessageBox(message, &window);
+    return ShowMessageBox(message, Front(window));
 }
 
 std::optional<std::string> QtPrompts::AskFile(const FilePrompt& prompt, bool save) {
     const NormalPointer pointer;
     window.ShowProject();
-    QFileDialog box(&window, ToText(prompt.title), StartFolder(prompt), DialogFilter(prompt));
+    QFileDialog box(Front(window), ToText(prompt.title), StartFolder(prompt), DialogFilter(prompt));
     box.setObjectName(QStringLiteral("CMDialog"));
+    box.setWindowModality(Qt::WindowModal); // the help stays free
     box.setOption(QFileDialog::DontUseNativeDialog);
     box.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     box.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);

@@ -80,6 +80,11 @@ UValueMDI::UValueMDI(QWidget* parent)
     connect(watch, &WorkWatch::Told, status, &StatusBar::Say);
     connect(area, &WindowArea::ActiveChanged, this, &UValueMDI::ActiveChanged);
     connect(area, &WindowArea::CloseRequested, this, &UValueMDI::ChildCloseRequested);
+    area->SetTips([this](int id) { return NameOfWindow(id); });
+    connect(dialog, &UvalsDialog::Inserted, this, [this] {
+        if (InUse(project, project.currentConstruction))
+            area->ShowBelowActive(project.currentConstruction);
+    });
 }
 
 UValueMDI::~UValueMDI() {
@@ -99,6 +104,7 @@ void UValueMDI::MDIForm_Load(const std::string& commandLine) {
         if (!OfferKeptWork(commandLine))
             OpenCommandLine(project, commandLine, *prompts);
     });
+    started = true;
 }
 
 /// True when such work is the project now.
@@ -112,6 +118,8 @@ bool UValueMDI::OfferKeptWork(const std::string& commandLine) {
 void UValueMDI::PlaceDialog() {
     area->Open(dialogId, dialog->Caption(), {.remade = false, .inCorner = true});
     area->Activate(dialogId);
+    // A window that was maximised gets its size only some time after it was shown.
+    area->SetFollowsArea(true);
 }
 
 /// Every action of the user runs through here. An action may show boxes and so start further ones.
@@ -120,6 +128,8 @@ void UValueMDI::Perform(const std::function<void()>& action) {
         watch->ActionBegins();
         history.ActionBegins(project);
     }
+    if (started)
+        area->SetFollowsArea(false);
     ++performing;
     try {
         action();
@@ -185,8 +195,18 @@ int UValueMDI::ActiveConstruction() const {
 
 void UValueMDI::ShowProject() {
     view->Update();
+    ShowTargetOfMaterials();
+    area->SetHint(project.constructionCount == 0 ? QString::fromUtf8(howToBegin) : QString());
     if (section != nullptr)
         section->ShowConstruction();
+}
+
+/// Where Enter and a double click in Select Material would put a layer is seen before they do.
+void UValueMDI::ShowTargetOfMaterials() {
+    const int number = project.currentConstruction;
+    const bool isTarget = project.dialogActive && InUse(project, number);
+    area->SetTarget(isTarget ? number : WindowArea::noWindow);
+    status->ShowMaterialTarget(project);
 }
 
 void UValueMDI::ActiveChanged(int id) {
@@ -196,14 +216,17 @@ void UValueMDI::ActiveChanged(int id) {
         dialog->Form_Deactivate();
     if (InUse(project, id))
         ActivateConstruction(project, id);
+    ShowTargetOfMaterials();
     if (section != nullptr)
         section->ShowConstruction();
 }
 
 /// Only the program's own command closes a construction; an empty window has no such protection.
 void UValueMDI::ChildCloseRequested(int id) {
-    if (InUse(project, id) && !project.closingInProgress)
+    if (!MayCloseWindow(project, id)) {
+        ShowProject();
         return;
+    }
     if (id == dialogId) {
         project.dialogHidden = true;
         area->SetHidden(id, true);
@@ -246,12 +269,31 @@ void UValueMDI::ShowProgress(std::size_t done, std::size_t total) {
     status->ShowProgress(done, total);
 }
 
-void UValueMDI::ShowHelp() {
+HelpViewer& UValueMDI::Help() {
     if (help == nullptr)
         help = std::make_unique<HelpViewer>();
+    return *help;
+}
+
+/// The first page of the help file.
+QString UValueMDI::HelpContents() const {
     const std::string programFolder = PathBytes(QCoreApplication::applicationDirPath());
-    help->ShowContents(
-        PathText(project.helpFile == noHelpFile ? ManualPage(programFolder) : project.helpFile));
+    return PathText(project.helpFile == noHelpFile ? ManualPage(programFolder) : project.helpFile);
+}
+
+void UValueMDI::ShowHelp() {
+    Help().ShowContents(HelpContents());
+}
+
+void UValueMDI::ShowHelpAbout(const QWidget& activeWindow) {
+    if (&activeWindow == help.get() || project.helpFile != noHelpFile) {
+        ShowHelp(); // no other page is known there
+        return;
+    }
+    const QWidget* child = &activeWindow == this ? area->Content(area->Active()) : nullptr;
+    const QWidget& about = child != nullptr ? *child : activeWindow;
+    const std::string page = ManualPageAbout(about.objectName().toStdString());
+    Help().ShowPage(HelpContents(), QString::fromStdString(page));
 }
 
 void UValueMDI::QuitHelp() {

@@ -6,6 +6,7 @@
 #include <QMainWindow>
 
 #include <memory>
+#include <vector>
 
 class QAction;
 class QMenu;
@@ -58,6 +59,8 @@ public:
 
     void ShowProgress(std::size_t done, std::size_t total);
     void ShowHelp();
+    /// Opens the manual at the page about the window, or the child window active in it.
+    void ShowHelpAbout(const QWidget& activeWindow);
     void QuitHelp();
 
 protected:
@@ -108,6 +111,14 @@ private:
     void EditWin_Click();
     void Sort_Click(void (*sort)(Project&));
     void MoreWindows_Click();
+    /// Numbers of the windows in the area, in the order in which they are listed.
+    struct WindowIds {
+        std::vector<int> constructions;
+        std::vector<int> others;
+    };
+    WindowIds IdsOfWindows() const;
+    void AddWindowItem(int id, int digit);
+    QString NameOfWindow(int id) const;
     void HelpAbout_Click();
     bool MDIForm_QueryUnload();
 
@@ -127,6 +138,9 @@ private:
     void ShowMove(const HistoryMove& move);
     void PlaceDialog();
     bool OfferKeptWork(const std::string& commandLine);
+    void ShowTargetOfMaterials();
+    HelpViewer& Help();
+    QString HelpContents() const;
     void Perform(const std::function<void()>& action);
     void EndProgram();
     std::string DroppedPath(const QDropEvent& event) const;
@@ -150,6 +164,7 @@ private:
     Ui ui{};
     std::string droppedFile; ///< a file dropped that is not opened yet; "" none
     int performing = 0;
+    bool started = false; ///< what comes next is an action of the user
     bool ended = false;
 };
 

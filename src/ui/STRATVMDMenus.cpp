@@ -2,12 +2,14 @@
 #include "edit/LayerClipboard.h"
 #include "edit/MaterialList.h"
 #include "edit/MenuStates.h"
+#include "edit/WindowList.h"
 #include "files/GlassImport.h"
 #include "project/FileCommands.h"
 #include "project/LibraryCommands.h"
 #include "project/NewProject.h"
 #include "ui/About_Strativo.h"
 #include "ui/AccessKeys.h"
+#include "ui/HelpKey.h"
 #include "ui/MoreWindows.h"
 #include "ui/ProjectView.h"
 #include "ui/QtPrompts.h"
@@ -20,6 +22,7 @@
 #include <QMenuBar>
 #include <QShortcut>
 
+#include <algorithm>
 #include <utility>
 
 // The menu bar of the main window. The key names in the Edit captions are plain text: the items
@@ -29,7 +32,6 @@ namespace strativo {
 
 namespace {
 
-constexpr std::size_t numberedWindows = 9;
 constexpr std::size_t listedWindows = 30;
 constexpr qsizetype longestAction = 60; // characters, in a menu
 
@@ -143,6 +145,7 @@ void UValueMDI::BuildShortcuts() {
     const auto addKey = [this](QKeyCombination key, const std::function<void()>& action) {
         auto* shortcut = new QShortcut(QKeySequence(key), this);
         connect(shortcut, &QShortcut::activated, this, [this, action] { Perform(action); });
+        return shortcut;
     };
     const auto next = [this] { area->ActivateNext(false); };
     const auto previous = [this] { area->ActivateNext(true); };
@@ -154,6 +157,12 @@ void UValueMDI::BuildShortcuts() {
     addKey(Qt::NoModifier | Qt::Key_F10,
            [this] { menuBar()->setActiveAction(menuBar()->actions().front()); });
     addKey(Qt::NoModifier | Qt::Key_F9, [this] { OpenSection(); });
+    for (QShortcut* command :
+         {addKey(Qt::CTRL | Qt::Key_N, [this] { Replace_Click(NewProject); }),
+          addKey(Qt::CTRL | Qt::Key_O, [this] { Replace_Click(OpenProject); }),
+          addKey(Qt::CTRL | Qt::Key_S, [this] { SaveProjectByKey(project, *prompts); })})
+        command->setAutoRepeat(false);
+    new HelpKey([this](const QWidget& window) { ShowHelpAbout(window); }, this);
     AddUndoKeys(this);
     new AccessKeys([this] { return area->Content(area->Active()); }, *menuBar(), this);
 }
@@ -234,35 +243,53 @@ void UValueMDI::Sort_Click(void (*sort)(Project&)) {
 void UValueMDI::Winmenu_Click() {
     while (ui.Winmenu->actions().size() > fixedWindowItems)
         delete ui.Winmenu->actions().last();
-    const std::vector<int> windows = area->Windows();
-    for (std::size_t i = 0; i < windows.size() && i < listedWindows; ++i) {
-        const int id = windows[i];
-        QString caption = MenuCaption(area->Caption(id));
-        if (i < numberedWindows)
-            caption.prepend(QStringLiteral("&%1 ").arg(i + 1));
-        // A file that is dropped while the menu is open takes the windows of another one away.
-        QAction* item = AddItem(ui.Winmenu, "Window", caption, [this, id] {
-            if (area->Has(id))
-                area->Activate(id);
-        });
-        // Only one item can be checked, so the others need no empty check box.
-        item->setCheckable(id == area->Active());
-        item->setChecked(id == area->Active());
-    }
-    // The dialog may be hidden and is listed all the same, so that it can be brought back.
+    const WindowIds ids = IdsOfWindows();
+    for (const auto& [id, digit] : WindowsInMenu(ids.constructions, ids.others, listedWindows))
+        AddWindowItem(id, digit);
+    if (ids.constructions.size() + ids.others.size() > listedWindows)
+        AddItem(ui.Winmenu, "MoreWindows", tr("&More windows..."), [this] { MoreWindows_Click(); });
+}
+
+/// The dialog may be hidden and is listed all the same, so that it can be brought back.
+UValueMDI::WindowIds UValueMDI::IdsOfWindows() const {
+    WindowIds ids;
+    for (const int id : area->Windows())
+        (id > dialogId ? ids.constructions : ids.others).push_back(id);
     if (area->Has(dialogId) && area->IsHidden(dialogId))
-        AddItem(ui.Winmenu, "Window", MenuCaption(area->Caption(dialogId)),
-                [this] { area->Activate(dialogId); });
-    if (windows.size() > listedWindows)
-        AddItem(ui.Winmenu, "MoreWindows", tr("More windows..."), [this] { MoreWindows_Click(); });
+        ids.others.push_back(dialogId);
+    std::sort(ids.others.rbegin(), ids.others.rend()); // Select Material first
+    return ids;
+}
+
+void UValueMDI::AddWindowItem(int id, int digit) {
+    const QString number = digit > 0 ? QStringLiteral("&%1 ").arg(digit) : QString();
+    const QString caption = number + MenuCaption(area->Caption(id));
+    // A file that is dropped while the menu is open takes the windows of another one away.
+    QAction* item = AddItem(ui.Winmenu, "Window", caption, [this, id] {
+        if (area->Has(id))
+            area->Activate(id);
+    });
+    item->setStatusTip(Elided(NameOfWindow(id)));
+    // Only one item can be checked, so the others need no empty check box.
+    item->setCheckable(id == area->Active());
+    item->setChecked(id == area->Active());
+}
+
+/// The construction's name; of any other window the caption, which names it well enough.
+QString UValueMDI::NameOfWindow(int id) const {
+    return InUse(project, id) ? ToText(project.constructions[id].name) : area->Caption(id);
 }
 
 void UValueMDI::MoreWindows_Click() {
-    const std::vector<int> windows = area->Windows();
-    QStringList captions;
+    const WindowIds ids = IdsOfWindows();
+    std::vector<int> windows = ids.constructions;
+    windows.insert(windows.end(), ids.others.begin(), ids.others.end());
+    std::vector<WindowLine> lines;
     for (const int id : windows)
-        captions.append(area->Caption(id));
-    const int chosen = ChooseWindow(captions, this);
+        lines.push_back(InUse(project, id)
+                            ? LineOfConstruction(project, id)
+                            : WindowLine{"", area->Caption(id).toStdString(), "", ""});
+    const int chosen = ChooseWindow(lines, this);
     if (chosen >= 0)
         area->Activate(windows[static_cast<std::size_t>(chosen)]);
 }

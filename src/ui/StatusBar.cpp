@@ -1,6 +1,8 @@
 #include "ui/StatusBar.h"
 
+#include "edit/WindowList.h"
 #include "files/Findings.h"
+#include "ui/ElidedLabel.h"
 #include "ui/Text.h"
 
 #include <QApplication>
@@ -23,12 +25,13 @@ QString FileName(const std::string& path) {
 } // namespace
 
 StatusBar::StatusBar(QWidget* parent) : QStatusBar(parent) {
-    ui.FileStatus = AddLabel("FileStatus", 0);
-    ui.ChangedStatus = AddLabel("ChangedStatus", 1);
-    ui.LayerStatus = AddLabel("LayerStatus", 4);
+    ui.FileStatus = AddLabel("FileStatus", 0, 40);
+    ui.ChangedStatus = AddLabel("ChangedStatus", 0, 40);
+    ui.TargetStatus = AddLabel("TargetStatus", 0, 50);
+    ui.LayerStatus = AddLabel("LayerStatus", 1, 100);
     // Takes the remaining room without pushing anything aside; the tooltip shows all of it.
     ui.LayerStatus->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    ui.LibraryStatus = AddLabel("LibraryStatus", 0);
+    ui.LibraryStatus = AddLabel("LibraryStatus", 0, 80);
     ui.Progress = new QProgressBar(this);
     ui.Progress->setObjectName(QStringLiteral("Progress"));
     ui.Progress->setAccessibleName(tr("Part of the file read"));
@@ -43,10 +46,9 @@ StatusBar::StatusBar(QWidget* parent) : QStatusBar(parent) {
     connect(this, &QStatusBar::messageChanged, this, &StatusBar::SayAgain);
 }
 
-QLabel* StatusBar::AddLabel(const char* objectName, int stretch) {
-    QLabel* label = PlainLabel(QString(), this);
+QLabel* StatusBar::AddLabel(const char* objectName, int stretch, int mostCharacters) {
+    auto* label = new ElidedLabel(mostCharacters, this);
     label->setObjectName(QLatin1String(objectName));
-    label->setMinimumWidth(1); // a long name is cut off instead of widening the main window
     addWidget(label, stretch);
     return label;
 }
@@ -59,13 +61,22 @@ void StatusBar::ShowProject(const Project& project) {
     const QString finding = ToText(CurrentLayerFinding(project));
     ui.LayerStatus->setText(finding);
     SetPlainToolTip(*ui.LayerStatus, finding);
+    ShowMaterialTarget(project);
     ShowLibraries(project);
 }
 
+void StatusBar::ShowMaterialTarget(const Project& project) {
+    const QString target = PathText(MaterialTarget(project));
+    SetPlainText(*ui.TargetStatus, target);
+    SetPlainToolTip(*ui.TargetStatus, target);
+}
+
 void StatusBar::Say(const QString& text) {
+    const bool tipIsShown = !currentMessage().isEmpty() && currentMessage() != said;
     said = Elided(text);
     telling.start();
-    showMessage(said);
+    if (!tipIsShown)
+        showMessage(said);
 }
 
 /// A menu or a search takes its own words away, and all others with them.

@@ -20,8 +20,10 @@ public:
     explicit StatusBar(QWidget* parent);
 
     void ShowProject(const Project& project);
-    /// Tells something for some seconds. A tip that comes meanwhile is shown only as long as it
-    /// lasts.
+    /// Shows the construction that a material would go to.
+    void ShowMaterialTarget(const Project& project);
+    /// Tells something for some seconds. The tip of a menu or a search is shown over it as long as
+    /// it lasts.
     void Say(const QString& text);
     /// Most files are read before anybody would notice, so pointer and bar show progress only after
     /// a while, and until done == total.
@@ -29,7 +31,7 @@ public:
     void EndProgress();
 
 private:
-    QLabel* AddLabel(const char* objectName, int stretch);
+    QLabel* AddLabel(const char* objectName, int stretch, int mostCharacters);
     void ShowLibraries(const Project& project);
     void SayAgain(const QString& shown);
     void EndSaying();
@@ -37,6 +39,7 @@ private:
     struct Ui {
         QLabel* FileStatus;
         QLabel* ChangedStatus;
+        QLabel* TargetStatus;
         QLabel* LayerStatus;
         QLabel* LibraryStatus;
         QProgressBar* Progress;

@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QStringList>
 #include <QTextDocument>
+#include <QWidget>
 
 #include <algorithm>
 

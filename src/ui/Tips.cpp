@@ -13,6 +13,8 @@ namespace strativo {
 
 namespace {
 
+constexpr int longestLine = 60; // characters
+
 /// The end of the line that starts there, and the start of the next one.
 std::pair<qsizetype, qsizetype> BreakAfter(const QString& text, qsizetype start, int longest) {
     const qsizetype lineEnd = text.indexOf(QLatin1Char('\n'), start);
@@ -49,6 +51,11 @@ QString InLines(const QString& text, int longest) {
     return lines;
 }
 
+void ShowTip(QWidget& control, const QString& text) {
+    const QString lines = InLines(text, longestLine);
+    QToolTip::showText(PlaceOfTip(control, lines), AsToolTip(lines), &control, control.rect());
+}
+
 Tips::Tips(QObject* parent) : QObject(parent) {
     QCoreApplication::instance()->installEventFilter(this);
 }
@@ -59,8 +66,7 @@ bool Tips::eventFilter(QObject* watched, QEvent* event) {
     auto* control = static_cast<QWidget*>(watched);
     if (control->toolTip().isEmpty())
         return false; // a part of a control, which is asked next
-    const QString lines = InLines(PlainToolTip(*control), longestLine);
-    QToolTip::showText(PlaceOfTip(*control, lines), AsToolTip(lines), control, control->rect());
+    ShowTip(*control, PlainToolTip(*control));
     return true;
 }
 

@@ -3,10 +3,15 @@
 #include <QObject>
 #include <QString>
 
+class QWidget;
+
 namespace strativo {
 
 /// The text in lines of at most that many characters, broken at blanks where possible.
 QString InLines(const QString& text, int longest);
+
+/// Shows the tip beside the control, in lines of at most 60 characters.
+void ShowTip(QWidget& control, const QString& text);
 
 /// Shows the tooltips of all windows in lines of at most 60 characters. They appear below the whole
 /// control (or above it at the end of the screen), so that none covers the row or point it
@@ -14,8 +19,6 @@ QString InLines(const QString& text, int longest);
 class Tips : public QObject {
 public:
     explicit Tips(QObject* parent);
-
-    static constexpr int longestLine = 60;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -5,6 +5,7 @@
 #include "edit/InfoTexts.h"
 #include "edit/LayerClipboard.h"
 #include "edit/LayerDrag.h"
+#include "project/ThicknessInFile.h"
 #include "text/Format.h"
 #include "ui/ChildWindow.h"
 #include "ui/ConCommentBox.h"
@@ -24,6 +25,7 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QSignalBlocker>
+#include <QWindow>
 
 namespace strativo {
 
@@ -159,8 +161,8 @@ void UValue::TypeCombo_Click(int index) {
 void UValue::EditThick_KeyPress() {
     EntryResult result = EntryResult::refused;
     program.perform([&] {
-        result =
-            EnterThickness(program.project, number, ToBytes(ui.EditThick->text()), program.prompts);
+        result = EnterThicknessForFile(program.project, number, ToBytes(ui.EditThick->text()),
+                                       program.prompts);
     });
     if (result == EntryResult::accepted)
         FocusList();
@@ -223,7 +225,12 @@ void UValue::Construction_DragDrop(DragKind kind, int row) {
 }
 
 void UValue::VWConComments_Click() {
-    ConCommentBox(program, nullptr).exec();
+    ConCommentBox box(program, nullptr);
+    // Without an owner it would block all windows, the help too.
+    box.setWindowModality(Qt::WindowModal);
+    box.winId();
+    box.windowHandle()->setTransientParent(window()->windowHandle());
+    box.exec();
 }
 
 bool UValue::eventFilter(QObject* watched, QEvent* event) {

@@ -187,7 +187,13 @@ void UvalsDialog::MatOption_Click(int index) {
 }
 
 void UvalsDialog::UValueList_DblClick() {
+    Insert();
+}
+
+void UvalsDialog::Insert() {
     program.perform([this] { InsertMaterial(program.project, program.prompts); });
+    if (program.project.selectedMaterial > 0)
+        emit Inserted();
 }
 
 bool UvalsDialog::eventFilter(QObject* watched, QEvent* event) {
@@ -205,12 +211,10 @@ bool UvalsDialog::UValueList_KeyDown(const QKeyEvent& event) {
     // Enter held down must not go on inserting.
     if (IsRepeat(event))
         return true;
-    program.perform([&] {
-        if (IsEnter(event.key()))
-            InsertMaterial(program.project, program.prompts);
-        else
-            TakeMaterial(program.project);
-    });
+    if (IsEnter(event.key()))
+        Insert();
+    else
+        program.perform([this] { TakeMaterial(program.project); });
     return true;
 }
 

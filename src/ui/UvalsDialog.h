@@ -31,6 +31,10 @@ public:
     void Follow();
     QString Caption() const;
 
+signals:
+    /// A material was inserted into the current construction, or found no room there.
+    void Inserted();
+
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -42,6 +46,7 @@ private:
         DragImage* Label2[visibleMaterialRows];
     };
 
+    void Insert();
     void ShowOptions();
     void ShowMaterials();
     void BuildOptions();

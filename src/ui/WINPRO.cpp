@@ -64,6 +64,7 @@ Profile::Profile(Program& owner, QWidget* parent)
     : QDialog(parent), program(owner), profile(OpenProfile(owner.project)) {
     setObjectName(QStringLiteral("Profile"));
     setWindowTitle(tr("Glass Properties"));
+    setWindowModality(Qt::WindowModal); // the help stays free
     RecordSource(program.project, ProgramWindow::glassProperties);
     BuildControls();
     BuildPropertyChoice();

@@ -1,5 +1,6 @@
 #include "ui/WindowArea.h"
 
+#include "ui/Appearance.h"
 #include "ui/ChildWindow.h"
 
 #include <QApplication>
@@ -84,6 +85,34 @@ QString WindowArea::Caption(int id) const {
     return children.at(id).caption;
 }
 
+void WindowArea::SetTips(std::function<QString(int)> tipOf) {
+    tip = std::move(tipOf);
+}
+
+void WindowArea::SetTarget(int id) {
+    const int before = std::exchange(target, id);
+    for (const int either : {before, id}) {
+        const auto child = children.find(either);
+        if (child != children.end() && child->second.frame != nullptr)
+            child->second.frame->SetTarget(either == target);
+    }
+}
+
+void WindowArea::ShowBelowActive(int id) {
+    SetMinimised(id, false);
+    places.BringInside(id);
+    Raise(id);
+    if (Has(active) && active != id)
+        Raise(active);
+}
+
+void WindowArea::SetHint(const QString& lines) {
+    if (std::exchange(hint, lines) == lines)
+        return;
+    setAccessibleDescription(hint);
+    update();
+}
+
 void WindowArea::SetHidden(int id, bool hidden) {
     if (IsHidden(id) == hidden)
         return;
@@ -129,6 +158,9 @@ void WindowArea::Raise(int id) {
     frame->setGeometry(places.Geometry(id));
     frame->raise();
     frame->show();
+    for (const int above : places.Above(id))
+        if (QWidget* other = children.at(above).frame; other != nullptr)
+            other->raise();
 }
 
 void WindowArea::SetActive(int id) {
@@ -137,8 +169,10 @@ void WindowArea::SetActive(int id) {
         before->second.frame->SetActive(false);
     active = id;
     activeClosed = false;
-    if (id != noWindow)
+    if (id != noWindow) {
+        children.at(id).activated = ++activations;
         children.at(id).frame->SetActive(true);
+    }
     emit ActiveChanged(id);
 }
 
@@ -176,10 +210,16 @@ void WindowArea::Activate(int id) {
 }
 
 void WindowArea::ActivateTop() {
-    if (const auto top = places.Topmost())
-        Activate(*top);
-    else
+    const auto top = places.Topmost();
+    if (!top) {
         SetActive(noWindow);
+        return;
+    }
+    int latest = *top;
+    for (const int id : Windows())
+        if (!IsMinimised(id) && children.at(id).activated > children.at(latest).activated)
+            latest = id;
+    Activate(latest);
 }
 
 void WindowArea::ActivateNext(bool backwards) {
@@ -211,6 +251,8 @@ void WindowArea::MakeFrame(int id) {
     Child& child = children.at(id);
     child.frame = new ChildWindow(id, this);
     child.frame->SetCaption(child.caption);
+    child.frame->SetTarget(id == target);
+    child.frame->SetTip([this, id] { return tip != nullptr ? tip(id) : Caption(id); });
     ShowMinimised(id);
     ConnectFrame(id, child.frame);
 }
@@ -322,7 +364,18 @@ void WindowArea::resizeEvent(QResizeEvent*) {
 }
 
 void WindowArea::paintEvent(QPaintEvent*) {
-    QPainter(this).fillRect(rect(), palette().color(QPalette::Dark));
+    QPainter painter(this);
+    const QColor ground = palette().color(QPalette::Dark);
+    painter.fillRect(rect(), ground);
+    if (hint.isEmpty())
+        return;
+    QFont large = font();
+    large.setPointSizeF(large.pointSizeF() * 1.25);
+    painter.setFont(large);
+    painter.setPen(Readable(palette().color(QPalette::Light), ground));
+    // Select Material lies at the bottom.
+    painter.drawText(QRect(0, 0, width(), height() * 2 / 3).adjusted(16, 16, -16, -16),
+                     Qt::AlignCenter | Qt::TextWordWrap, hint);
 }
 
 } // namespace strativo

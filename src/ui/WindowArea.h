@@ -39,6 +39,14 @@ public:
 
     void SetCaption(int id, const QString& caption);
     QString Caption(int id) const;
+    /// What the tool tip of a window's title bar says.
+    void SetTips(std::function<QString(int id)> tipOf);
+    /// Marks the title bar of the window on which the active one works; noWindow: of none.
+    void SetTarget(int id);
+    /// Restores a window and lays it right below the active one, which stays active.
+    void ShowBelowActive(int id);
+    /// Text drawn where no window lies.
+    void SetHint(const QString& lines);
     /// Shows or hides a window that stays open.
     void SetHidden(int id, bool hidden);
     bool IsHidden(int id) const { return places.IsHidden(id); }
@@ -47,7 +55,7 @@ public:
 
     /// Activates the window: on top, restored, with the focus where it last was.
     void Activate(int id);
-    /// Activates the topmost window, if any.
+    /// Activates the window that was active last of those shown, or else the topmost, if any.
     void ActivateTop();
     /// Activates the next window that is not minimised, or the previous one, going round.
     void ActivateNext(bool backwards);
@@ -57,6 +65,8 @@ public:
     /// Whether the active window was closed and no other has become active since.
     bool ActiveWasClosed() const { return activeClosed; }
 
+    /// See WindowPlaces.
+    void SetFollowsArea(bool follows) { places.SetFollowsArea(follows); }
     void Cascade() { places.Cascade(); }
     void ArrangeIcons() { places.ArrangeIcons(); }
 
@@ -85,6 +95,7 @@ private:
         QString caption;
         ChildWindow* frame = nullptr;
         QPointer<QWidget> lastFocus;
+        unsigned activated = 0; ///< grows with each activation of a window
     };
 
     void Changed();
@@ -105,7 +116,11 @@ private:
     ContentSize contentSize;
     WindowPlaces places;
     std::unordered_map<int, Child> children;
+    std::function<QString(int)> tip;
+    QString hint;
     int active = noWindow;
+    int target = noWindow;
+    unsigned activations = 0;
     bool activeClosed = false;
     bool changed = false;   ///< since the last ShowVisible
     bool lookComes = false; ///< a ShowVisible is on its way through the event loop

@@ -19,8 +19,8 @@ void WindowPlaces::Open(int id, QSize size, WindowTraits traits) {
 }
 
 void WindowPlaces::Open(int id, QSize size, QPoint position, WindowTraits traits) {
-    records.insert_or_assign(id, Record{traits, position, size, {}, {}, false, false});
-    order.push_back(id);
+    records.insert_or_assign(id, Record{traits, position, size, {}, {}, false, false, false});
+    order.insert(traits.inCorner ? order.end() : BelowCorner(), id);
     remadeWindows += traits.remade ? 1 : 0;
     if (traits.inCorner)
         cornerWindows.push_back(id);
@@ -56,8 +56,24 @@ void WindowPlaces::SetArea(QSize size) {
             record.position = Inside(record.position, record.size);
         record.movedIcon.reset();
     }
+    if (followsArea)
+        PlaceAgain();
     TakeIconSlotsAgain();
     Changed();
+}
+
+void WindowPlaces::PlaceAgain() {
+    std::set<int> placed;
+    for (const auto& [id, record] : records)
+        if (IsShown(record) && !record.traits.inCorner && !record.moved)
+            placed.insert(id);
+    cascaded = 0;
+    LookAtTakenPlaces(placed);
+    for (const int id : placed) {
+        Record& record = records.at(id);
+        record.position = PlaceForNew(record.size);
+        AddTaken({record.position, record.size});
+    }
 }
 
 void WindowPlaces::SetHidden(int id, bool hidden) {
@@ -81,11 +97,30 @@ void WindowPlaces::SetMinimised(int id, bool minimised) {
 }
 
 void WindowPlaces::Raise(int id) {
-    if (!Has(id) || order.back() == id)
+    if (!Has(id))
         return;
+    Record& record = records.at(id);
+    const bool isNew = !std::exchange(record.raised, true) && !record.traits.inCorner;
+    const auto place = isNew ? BelowCorner() : order.end();
     const auto found = std::find(order.begin(), order.end(), id);
-    std::rotate(found, found + 1, order.end());
+    if (found + 1 == place)
+        return;
+    std::rotate(found, found + 1, place);
     changed();
+}
+
+std::vector<int> WindowPlaces::Above(int id) const {
+    const auto found = std::find(order.begin(), order.end(), id);
+    return {found == order.end() ? found : found + 1, order.end()};
+}
+
+/// Behind the last window that is not one shown in the corner.
+std::vector<int>::iterator WindowPlaces::BelowCorner() {
+    const auto isOther = [this](int id) {
+        const Record& record = records.at(id);
+        return !record.traits.inCorner || !IsShown(record);
+    };
+    return std::find_if(order.rbegin(), order.rend(), isOther).base();
 }
 
 void WindowPlaces::Move(int id, QPoint position) {
@@ -272,13 +307,13 @@ QPoint WindowPlaces::PlaceForNew(QSize window) {
     return NextOfCascade(window);
 }
 
-void WindowPlaces::LookAtTakenPlaces() {
+void WindowPlaces::LookAtTakenPlaces(const std::set<int>& exceptThose) {
     takenIsKnown = true;
     taken = {};
     takenPlaces.clear();
     sizeWithoutRoom = {};
     for (const auto& [id, record] : records)
-        if (!record.hidden)
+        if (!record.hidden && exceptThose.count(id) == 0)
             AddTaken(Geometry(record));
 }
 

@@ -51,13 +51,19 @@ public:
     /// When the area shrinks, windows are brought inside; the one in the corner stays in the corner
     /// until the user moves it.
     void SetArea(QSize size);
+    /// As long as it holds, a new size of the area gives windows the places that they would have
+    /// been opened in, had it been so from the start.
+    void SetFollowsArea(bool follows) { followsArea = follows; }
     void SetHidden(int id, bool hidden);
     bool IsHidden(int id) const { return records.at(id).hidden; }
     /// A minimised window becomes an icon below all windows, in the lowest free place, avoiding the
     /// window in the corner if there is room.
     void SetMinimised(int id, bool minimised);
     bool IsMinimised(int id) const { return records.at(id).iconSlot.has_value(); }
+    /// On top of the others; a window not raised since it was opened, below the one in the corner.
     void Raise(int id);
+    /// The windows above that one, lowest first.
+    std::vector<int> Above(int id) const;
     /// Moves a window or an icon there, or as near as keeps its title within reach.
     void Move(int id, QPoint position);
     /// Moves a window inside the area: all of it if it fits, otherwise its title.
@@ -87,7 +93,8 @@ private:
         std::optional<int> iconSlot;     ///< place among the icons, while minimised
         std::optional<QPoint> movedIcon; ///< where the icon was dragged to
         bool hidden = false;
-        bool moved = false; ///< by its user
+        bool moved = false;  ///< by its user
+        bool raised = false; ///< since it was opened
     };
     /// Left, top, width and height of a place.
     using Place = std::array<int, 4>;
@@ -105,9 +112,11 @@ private:
     int FreeIconSlotNumber() const;
     void FreeIconSlot(Record& record);
     void TakeIconSlotsAgain();
+    void PlaceAgain();
+    std::vector<int>::iterator BelowCorner();
     QPoint PlaceForNew(QSize window);
     std::optional<QPoint> FreePlace(QSize window);
-    void LookAtTakenPlaces();
+    void LookAtTakenPlaces(const std::set<int>& exceptThose = {});
     void AddTaken(QRect place);
     int CascadeSteps(QSize window) const;
     QPoint CascadePosition(int step, QSize window) const;
@@ -122,6 +131,7 @@ private:
     std::vector<int> cornerWindows;
     std::vector<bool> iconSlots; ///< places among the icons that are taken
     int lowestFreeIcon = 0;      ///< no place below it is free
+    bool followsArea = false;
     int remadeWindows = 0;
     int cascaded = 0; ///< counts the places of the cascade given out
 

@@ -124,6 +124,22 @@ TEST_F(SmallScreen, AWindowThatWasMaximisedIsSoAgainAndHasItsSizeBefore) {
     WaitFor("the size before", [this] { return window->size() == QSize(900, 600); });
 }
 
+TEST_F(SmallScreen, AStartMaximisedPlacesWindowsForTheWholeScreen) {
+    folder.Write("state/strativo/window", "position 150 60\nsize 600 500\nmaximised 1\n");
+    setenv("XDG_STATE_HOME", (folder.Path() / "state").c_str(), 1);
+    OpenWith(2);
+    unsetenv("XDG_STATE_HOME");
+    WaitFor("the whole screen", [this] {
+        return window->isMaximized() && window->width() == window->screen()->geometry().width();
+    });
+    WaitForInput();
+    InGui([this] {
+        const QRect first = FrameOf(*window->Area().Content(1));
+        const QRect second = FrameOf(*window->Area().Content(2));
+        EXPECT_FALSE(first.intersects(second)) << "side by side, as there is room";
+    });
+}
+
 TEST_F(SmallScreen, ConstructionsAreWhollyInsideAndWorkedWith) {
     OpenWith(4);
     for (int number = 1; number <= 4; ++number)

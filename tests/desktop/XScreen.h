@@ -23,6 +23,7 @@ enum class Key : unsigned long {
     pageDown = 0xff56,
     end = 0xff57,
     insert = 0xff63,
+    f1 = 0xffbe,
     f4 = 0xffc1,
     f9 = 0xffc6,
     f10 = 0xffc7,

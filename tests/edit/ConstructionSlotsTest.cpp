@@ -175,6 +175,20 @@ TEST_F(ConstructionSlotsTest, TellEachUseOfASlotFromTheOneBefore) {
     EXPECT_NE(project.constructions[1].window.opening, before);
 }
 
+TEST_F(ConstructionSlotsTest, AreNotGivenUpByAWindowsCloseBox) {
+    Add("A");
+    EXPECT_FALSE(MayCloseWindow(project, 1));
+    EXPECT_EQ(project.said,
+              "This button closes no construction: Remove construction in the File menu does");
+    project.said.clear();
+    project.closingInProgress = true;
+    EXPECT_TRUE(MayCloseWindow(project, 1));
+    project.closingInProgress = false;
+    RemoveConstruction(project, 1);
+    EXPECT_TRUE(MayCloseWindow(project, 1)) << "an empty window";
+    EXPECT_EQ(project.said, "");
+}
+
 TEST(ConstructionTitle, HasABlankBeforeTheNumber) {
     EXPECT_EQ(ConstructionTitle(1), "Construction 1");
     EXPECT_EQ(ConstructionTitle(5000), "Construction 5000");

@@ -118,6 +118,7 @@ TEST_F(LayerDragTest, RefusesAMoveThatDoesNotFitSoThatNoLayerIsLost) {
     Drag(1, 0, false);
     DropLayers(project, 2, 0, prompts);
     EXPECT_EQ(prompts.calls, std::vector<std::string>{"Beep"});
+    EXPECT_EQ(project.said, "Not moved: 16 layers would be more than the 15 of a construction");
     EXPECT_EQ(LayerNames(project, 1), "AB");
     EXPECT_EQ(LayerNames(project, 2), "ABCDEFGHIJKLMN");
     EXPECT_EQ(ClipNames(), "AB");

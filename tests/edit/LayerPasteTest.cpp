@@ -88,6 +88,7 @@ TEST_F(LayerPaste, DropsTheLastEntriesThatDoNotFitWithoutABeep) {
     Click(14);
     PasteLayers(project, prompts);
     EXPECT_EQ(Names(), "ABCDEFGHIJKLMNX");
+    EXPECT_EQ(project.said, "2 layers not inserted: a construction has at most 15");
     EXPECT_EQ(CurrentLayer(), 15);
     EXPECT_EQ(prompts.Count("Beep"), 0);
     EXPECT_TRUE(project.changed);
@@ -99,6 +100,7 @@ TEST_F(LayerPaste, BeforeDropsTheFirstEntriesThatDoNotFitWithoutABeep) {
     Click(2);
     PasteLayersBefore(project, prompts);
     EXPECT_EQ(Names(), "AZBCDEFGHIJKLMN");
+    EXPECT_EQ(project.said, "2 layers not inserted: a construction has at most 15");
     EXPECT_EQ(CurrentLayer(), 2);
     EXPECT_EQ(Marks(), Layers{2});
     EXPECT_EQ(prompts.Count("Beep"), 0);
@@ -109,6 +111,7 @@ TEST_F(LayerPaste, BeepsForAFullConstructionAndChangesNothing) {
     Add("ABCDEFGHIJKLMNO");
     Click(3);
     PasteLayers(project, prompts);
+    EXPECT_EQ(project.said, "1 layer not inserted: a construction has at most 15");
     PasteLayersBefore(project, prompts);
     EXPECT_EQ(prompts.calls, (std::vector<std::string>{"Beep", "Beep"}));
     EXPECT_EQ(Names(), "ABCDEFGHIJKLMNO");

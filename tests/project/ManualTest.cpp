@@ -33,5 +33,16 @@ TEST_F(Manual, IsExpectedInTheInstallationWhereThereIsNone) {
     EXPECT_EQ(ManualPage(""), "../share/doc/strativo/manual/index.html");
 }
 
+TEST_F(Manual, HasAPageAboutEachWindow) {
+    for (const char* window : {"UValue", "UvalsDialog", "WinForm", "Profile", "SectionWindow",
+                               "ConCommentBox", "About_Strativo", "MessageBox", "UValueMDI"}) {
+        const std::string page = ManualPageAbout(window);
+        EXPECT_TRUE(std::filesystem::exists(STRATIVO_SOURCE "/docs/manual/" + page)) << window;
+        EXPECT_EQ(page == "window-main.html", window == std::string("UValueMDI")) << window;
+    }
+    EXPECT_EQ(ManualPageAbout("Profile"), "window-glass-editor.html");
+    EXPECT_EQ(ManualPageAbout("CMDialog"), "window-main.html");
+}
+
 } // namespace
 } // namespace strativo

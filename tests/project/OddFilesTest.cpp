@@ -100,6 +100,7 @@ TEST_F(OddFiles, LoseTheSixteenthAndSeventeenthLayerWithBeeps) {
     Read(bytes);
     EXPECT_EQ(LayerCount(project.constructions[1]), 15);
     EXPECT_EQ(prompts.Count("Beep"), 2);
+    EXPECT_EQ(project.said, "2 layers not inserted: a construction has at most 15");
 }
 
 TEST_F(OddFiles, MayNameALibraryWithTooManyMaterials) {

@@ -42,6 +42,33 @@ TEST_F(SaveFile, AsksForANameOnce) {
     EXPECT_EQ(prompts.filePrompts.size(), 1U);
 }
 
+TEST_F(SaveFile, SaysUnderWhatNameAndWhere) {
+    prompts.SavesFile("wall.con");
+    EXPECT_TRUE(SaveProject(project, prompts));
+    EXPECT_EQ(project.said, "Saved as wall.con");
+    project.said.clear();
+    prompts.SavesFile(folder.Path().string() + "/b\xC3\xA4r.con");
+    EXPECT_TRUE(SaveProjectAs(project, prompts));
+    EXPECT_EQ(project.said, "Saved as b\xC3\xA4r.con in " + folder.Path().string());
+    project.said.clear();
+    prompts.SavesFile("no folder/wall.con");
+    EXPECT_FALSE(SaveProjectAs(project, prompts));
+    EXPECT_EQ(project.said, "");
+}
+
+TEST_F(SaveFile, ByItsKeySaysWhyItDoesNothing) {
+    prompts.SavesFile("wall.con");
+    SaveProjectByKey(project, prompts);
+    EXPECT_EQ(folder.Read("wall.con"), wallBytes);
+    project.said.clear();
+    project.constructions[1].name = "Renamed";
+    SaveProjectByKey(project, prompts);
+    EXPECT_EQ(folder.Read("wall.con"), wallBytes);
+    EXPECT_EQ(project.said, "Nothing counts as changed: Save construction file as... saves all, "
+                            "names, types and absorptions too");
+    EXPECT_THAT(prompts.messages, IsEmpty());
+}
+
 TEST_F(SaveFile, WritesNothingWhenThePromptIsCancelled) {
     prompts.SavesFile("");
     EXPECT_FALSE(SaveProject(project, prompts));

@@ -85,8 +85,8 @@ TEST_F(MainMenu, WindowMenuListsTheWindowsBelowItsItems) {
     EXPECT_EQ(captions[1], "Make all &Icons");
     EXPECT_EQ(captions[2], "&Arrange Icons");
     EXPECT_EQ(captions[3], "-");
-    EXPECT_EQ(captions[4], "&1 Select Material : " + library);
-    EXPECT_EQ(captions[5], "&2 Construction 1");
+    EXPECT_EQ(captions[4], "&1 Construction 1");
+    EXPECT_EQ(captions[5], "&2 Select Material : " + library);
 }
 
 TEST_F(MainMenu, WindowMenuNumbersNineWindowsAndListsThirty) {
@@ -95,21 +95,23 @@ TEST_F(MainMenu, WindowMenuNumbersNineWindowsAndListsThirty) {
         Choose("NewUValue");
     const auto captions = Captions("Winmenu");
     ASSERT_EQ(captions.size(), 4U + 30U + 1U);
-    EXPECT_EQ(captions[12], "&9 Construction 8");
-    EXPECT_EQ(captions[13], "Construction 9");
-    EXPECT_EQ(captions[33], "Construction 29");
-    EXPECT_EQ(captions.back(), "More windows...");
+    EXPECT_EQ(captions[12], "&9 Construction 9");
+    EXPECT_EQ(captions[13], "Construction 10");
+    EXPECT_EQ(captions[32], "Construction 29");
+    EXPECT_EQ(captions[33], "Select Material : " + library);
+    EXPECT_EQ(captions.back(), "&More windows...");
 }
 
 TEST_F(MainMenu, MoreWindowsActivatesTheWindowChosenThere) {
     Start();
     for (int i = 0; i < 40; ++i)
         Choose("NewUValue");
+    TheProject().constructions[17].name = "Flat roof";
     Captions("Winmenu");
     InBox([this](QWidget& box) {
         EXPECT_EQ(box.objectName(), QStringLiteral("MoreWindows"));
         EXPECT_EQ(Focus(), "Filter");
-        Type("ction 17");
+        Type("roof");
         Press(Qt::Key_Return);
     });
     Choose("MoreWindows");
@@ -122,7 +124,7 @@ TEST_F(MainMenu, WindowMenuDoublesTheAmpersandOfACaption) {
     folder.Write("settings/Stratv.ini", "[Files]\nStdMat=" + library + "\n");
     Start();
     Choose("NewUValue");
-    EXPECT_NE(Captions("Winmenu")[4].find("A&&B.lby"), std::string::npos);
+    EXPECT_NE(Captions("Winmenu")[5].find("A&&B.lby"), std::string::npos);
 }
 
 TEST_F(MainMenu, ChosenWindowInTheListBecomesActive) {
@@ -130,12 +132,21 @@ TEST_F(MainMenu, ChosenWindowInTheListBecomesActive) {
     Choose("NewUValue");
     Choose("NewUValue");
     Captions("Winmenu");
-    Menu("Winmenu")->actions().at(5)->trigger();
+    Menu("Winmenu")->actions().at(4)->trigger();
     EXPECT_EQ(Area().Active(), 1);
     EXPECT_EQ(Focus(), "Construction");
     Captions("Winmenu");
-    EXPECT_TRUE(Menu("Winmenu")->actions().at(5)->isChecked());
-    EXPECT_FALSE(Menu("Winmenu")->actions().at(6)->isChecked());
+    EXPECT_TRUE(Menu("Winmenu")->actions().at(4)->isChecked());
+    EXPECT_FALSE(Menu("Winmenu")->actions().at(5)->isChecked());
+}
+
+TEST_F(MainMenu, WindowsNameTheirConstructionInTheStatusTip) {
+    Start();
+    Choose("NewUValue");
+    TheProject().constructions[1].name = "Flat roof, T\xFCr";
+    Captions("Winmenu");
+    EXPECT_EQ(Menu("Winmenu")->actions().at(4)->statusTip(), QStringLiteral("Flat roof, Tür"));
+    EXPECT_EQ(Menu("Winmenu")->actions().at(5)->statusTip(), Area().Caption(UValueMDI::dialogId));
 }
 
 TEST_F(MainMenu, AnItemOfAWindowThatIsGoneDoesNothing) {
@@ -143,8 +154,8 @@ TEST_F(MainMenu, AnItemOfAWindowThatIsGoneDoesNothing) {
     Choose("NewUValue");
     Choose("NewUValue");
     Captions("Winmenu");
-    QAction* item = Menu("Winmenu")->actions().at(5);
-    EXPECT_EQ(item->text(), QStringLiteral("&2 Construction 1"));
+    QAction* item = Menu("Winmenu")->actions().at(4);
+    EXPECT_EQ(item->text(), QStringLiteral("&1 Construction 1"));
     RemoveConstruction(TheProject(), 1);
     program->ShowProject();
     item->trigger();

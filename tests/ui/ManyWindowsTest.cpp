@@ -87,7 +87,7 @@ TEST_F(ManyWindows, AllCanBeIconsAndBackAgain) {
 TEST_F(ManyWindows, TheWindowMenuListsThirtyOfThem) {
     StartWithMany();
     EXPECT_EQ(Captions("Winmenu").size(), 4U + 30U + 1U);
-    EXPECT_EQ(Captions("Winmenu").back(), "More windows...");
+    EXPECT_EQ(Captions("Winmenu").back(), "&More windows...");
 }
 
 TEST_F(ManyWindows, ANewFileClosesThemAllAsIcons) {

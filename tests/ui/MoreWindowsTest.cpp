@@ -3,17 +3,17 @@
 #include "WindowTest.h"
 
 #include <QLineEdit>
-#include <QListView>
 #include <QPushButton>
+#include <QTreeView>
 
 namespace strativo {
 namespace {
 
-QStringList Captions(int count) {
-    QStringList captions;
+std::vector<WindowLine> Walls(int count) {
+    std::vector<WindowLine> lines;
     for (int number = 1; number <= count; ++number)
-        captions << QStringLiteral("Construction %1").arg(number);
-    return captions;
+        lines.push_back({std::to_string(number), "Wall", "Opaque", "0.25"});
+    return lines;
 }
 
 class ListOfWindows : public WindowTest {
@@ -21,7 +21,9 @@ protected:
     /// Chooses among 5,000 windows by these steps.
     int Choose(std::function<void(QDialog&)> steps) {
         InDialog(std::move(steps));
-        return ChooseWindow(Captions(5000), nullptr);
+        std::vector<WindowLine> lines = Walls(5000);
+        lines[59] = {"60", "Flat roof <b>", "Transparent", "1.90"};
+        return ChooseWindow(lines, nullptr);
     }
 
     static void Filter(QDialog& dialog, const char* text) {
@@ -29,7 +31,7 @@ protected:
     }
 
     static int Lines(const QDialog& dialog) {
-        return Find<QListView>(dialog, "Windows")->model()->rowCount();
+        return Find<QTreeView>(dialog, "Windows")->model()->rowCount();
     }
 };
 
@@ -52,9 +54,33 @@ TEST_F(ListOfWindows, GivesTheIndexInTheWholeListWhateverIsFiltered) {
 
 TEST_F(ListOfWindows, FiltersWithoutRegardToLetterCase) {
     Choose([](QDialog& dialog) {
-        Filter(dialog, "construction 499");
-        EXPECT_EQ(Lines(dialog), 11);
+        Filter(dialog, "CONSTRUCTION 499");
+        EXPECT_EQ(Lines(dialog), 15) << "499, 1499 to 4499, 4990 to 4999";
     });
+}
+
+TEST_F(ListOfWindows, ShowsNumberNameTypeAndUValue) {
+    Choose([](QDialog& dialog) {
+        const auto* model = Find<QTreeView>(dialog, "Windows")->model();
+        const char* const headings[] = {"Number", "Name", "Type", "U-value W/m2C"};
+        const char* const texts[] = {"60", "Flat roof <b>", "Transparent", "1.90"};
+        ASSERT_EQ(model->columnCount(), 4);
+        for (int column = 0; column < 4; ++column) {
+            EXPECT_EQ(Bytes(model->headerData(column, Qt::Horizontal).toString()),
+                      headings[column]);
+            EXPECT_EQ(Bytes(model->index(59, column).data().toString()), texts[column]);
+        }
+    });
+}
+
+TEST_F(ListOfWindows, FindsAWindowByAnyOfThem) {
+    for (const char* text : {"flat roof", "TRANSP", "1.90", "roof 1.90"})
+        EXPECT_EQ(Choose([&](QDialog& dialog) {
+                      Filter(dialog, text);
+                      PressKey(&dialog, Qt::Key_Return);
+                  }),
+                  59)
+            << text;
 }
 
 TEST_F(ListOfWindows, TakesTheFilterTextAsItStands) {
@@ -75,7 +101,7 @@ TEST_F(ListOfWindows, ArrowsInTheFilterFieldWalkThroughTheList) {
 
 TEST_F(ListOfWindows, ADoubleClickChooses) {
     const int chosen = Choose([](QDialog& dialog) {
-        auto* list = Find<QListView>(dialog, "Windows");
+        auto* list = Find<QTreeView>(dialog, "Windows");
         const QPoint third = list->visualRect(list->model()->index(2, 0)).center();
         QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, third);
         QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, third);

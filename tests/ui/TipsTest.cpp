@@ -97,5 +97,22 @@ TEST_F(ToolTips, ShowPlainTextAsItStands) {
     EXPECT_EQ(shown.toPlainText(), text);
 }
 
+TEST_F(ToolTips, OfTitleBarsAndIconsNameTheConstruction) {
+    Start();
+    Choose("NewUValue");
+    TheProject().constructions[1].name = "Flat roof <b>";
+    auto* frame = Window(1)->parentWidget();
+    const QLabel* tip = TipOf(frame, {60, 10});
+    ASSERT_NE(tip, nullptr);
+    EXPECT_TRUE(tip->text().contains(QStringLiteral("Flat roof &lt;b&gt;")));
+    EXPECT_FALSE(tip->geometry().intersects(
+        QRect(frame->mapToGlobal(QPoint(0, 0)), QSize(frame->width(), 20))));
+    TheProject().constructions[1].name = "Pitched roof";
+    Area().SetMinimised(1, true);
+    tip = TipOf(frame, {60, 10});
+    ASSERT_NE(tip, nullptr);
+    EXPECT_EQ(tip->text(), QStringLiteral("Pitched roof"));
+}
+
 } // namespace
 } // namespace strativo

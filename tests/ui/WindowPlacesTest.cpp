@@ -140,6 +140,55 @@ TEST_F(Places, NewWindowsKeepClearOfTheOneInTheCorner) {
     EXPECT_EQ(At(4), QPoint(0, 200));
 }
 
+TEST_F(Places, NewWindowsLieBelowTheOneInTheCornerUntilTheyAreRaisedAgain) {
+    places.Open(0, size, {.inCorner = true});
+    places.Raise(0);
+    Open(3);
+    EXPECT_THAT(places.Order(), ElementsAre(1, 2, 3, 0));
+    places.Raise(2);
+    EXPECT_THAT(places.Order(), ElementsAre(1, 3, 2, 0)) << "the first time";
+    EXPECT_THAT(places.Above(3), ElementsAre(2, 0));
+    places.Raise(2);
+    EXPECT_THAT(places.Order(), ElementsAre(1, 3, 0, 2));
+    OpenAt(4, {});
+    places.Raise(4);
+    EXPECT_THAT(places.Order(), ElementsAre(1, 3, 0, 2, 4)) << "the corner is covered already";
+}
+
+TEST_F(Places, NewWindowsLieOnTopWhereNothingIsShownInTheCorner) {
+    places.Open(0, size, {.inCorner = true});
+    places.SetHidden(0, true);
+    Open(1);
+    places.Raise(1);
+    EXPECT_THAT(places.Order(), ElementsAre(0, 1));
+}
+
+TEST_F(Places, FollowTheAreaAsIfTheyHadBeenOpenedInIt) {
+    places.Open(0, size, {.inCorner = true});
+    places.SetFollowsArea(true);
+    Open(8);
+    places.SetArea({900, 700});
+    WindowPlaces later{{20, 48, 25, {100, 30}}, [] {}};
+    later.SetArea({900, 700});
+    later.Open(0, size, {.inCorner = true});
+    for (int id = 1; id <= 8; ++id)
+        later.Open(id, size);
+    for (int id = 0; id <= 8; ++id)
+        EXPECT_EQ(places.Geometry(id), later.Geometry(id)) << id;
+}
+
+TEST_F(Places, StayWhereTheyAreOnceTheyNoLongerFollowTheArea) {
+    places.SetFollowsArea(true);
+    Open(5);
+    places.Move(2, {250, 10});
+    places.SetArea({900, 300});
+    EXPECT_EQ(At(2), QPoint(250, 10)) << "its user moved it";
+    places.SetFollowsArea(false);
+    const QPoint before = At(5);
+    places.SetArea({1900, 1300});
+    EXPECT_EQ(At(5), before);
+}
+
 TEST_F(Places, NewWindowsKeepClearOfIcons) {
     Open(1);
     places.SetMinimised(1, true);
