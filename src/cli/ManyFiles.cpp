@@ -92,7 +92,8 @@ private:
             FileOutput output = DoWork(work, *file);
             const std::lock_guard lock(mutex);
             finished.emplace(number, std::move(output));
-            changed.notify_all();
+            if (number == printed) // later ones wait until it is their turn
+                changed.notify_all();
         }
     }
 
@@ -108,11 +109,12 @@ private:
         }
         const std::optional<std::string> file = NextName();
         const std::lock_guard lock(mutex);
-        if (file)
+        if (file) {
             number = taken++;
-        else
+        } else {
             noMoreNames = true;
-        changed.notify_all();
+            changed.notify_all();
+        }
         return file;
     }
 
