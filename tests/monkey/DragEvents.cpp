@@ -151,8 +151,10 @@ bool FileDrop(Stage& stage) {
     const Payload data(std::make_unique<QMimeData>());
     data->setUrls(urls);
     stage.Say(stage.world.ShortName(urls.front().toLocalFile().toStdString()));
-    if (Finish(stage, *data))
+    if (Finish(stage, *data)) {
         stage.journal.Reach("files dropped");
+        stage.lastFileDrop = stage.journal.Events();
+    }
     return true;
 }
 

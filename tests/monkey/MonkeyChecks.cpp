@@ -52,7 +52,12 @@ void Monkey::Check() {
     if (editLog != nullptr)
         editLog->Note(ContentDigest(project), program->Watch().Keeper().IsUnsaved(project));
     fuzz::RequireInvariants(project);
-    const bool isIdle = depth == 1;
+    // A file dropped right before a box opens is read after that, out of no event: so are its
+    // boxes.
+    constexpr int soon = 10; // events
+    const bool readsDropped = QApplication::activeModalWidget() != nullptr
+                              && stage.journal.Events() - stage.lastFileDrop < soon;
+    const bool isIdle = depth == 1 && !readsDropped;
     if (!isIdle)
         return;
     RequireWindows(*program);

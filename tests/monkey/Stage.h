@@ -28,6 +28,7 @@ struct Stage {
     bool usesHelp = false;      ///< the keyboard belongs to the help viewer
     int eventsElsewhere = 0;    ///< for so many events another program has the keyboard
     bool sessionEnding = false; ///< the program was asked to end, or ended by itself
+    int lastFileDrop = -1000;   ///< the event with which a file was dropped
 
     /// Announces the event before it happens.
     void Say(const std::string& detail) { journal.Event(kind, detail); }
