@@ -225,7 +225,7 @@ private:
         const std::size_t before = mallinfo2().uordblks;
         for (int i = 0; i < edits; ++i)
             editKept();
-        if (history.Steps() != edits)
+        if (history.Length() != edits)
             throw std::runtime_error("an edit was no step");
         Note("historybytes", static_cast<double>(mallinfo2().uordblks - before));
         constexpr double allowed = 2 << 20;

@@ -39,12 +39,12 @@ public:
     void Run() {
         while (!bytes.AtEnd()) {
             // The editor is modal, so that nothing is taken back behind it.
-            if (!profile && history.Steps() > 0 && bytes.Below(16) == 0)
+            if (!profile && history.Length() > 0 && bytes.Below(16) == 0)
                 TakeBack();
             else
                 GoOn();
             RequireInvariants(project);
-            Require(history.Steps() == contentsBefore.size(), "every step is in the history");
+            Require(history.Length() == contentsBefore.size(), "every step is in the history");
         }
         RequireWayBackAndForth();
     }
@@ -73,8 +73,8 @@ private:
     /// Undone to the start it is the start, and redone the end.
     void RequireWayBackAndForth() {
         const std::string end = FormatConstructionFile(project);
-        const std::size_t steps = history.Steps();
-        while (history.Steps() > 0)
+        const std::size_t steps = history.Length();
+        while (history.Length() > 0)
             TakeBack();
         for (std::size_t i = 0; i < steps; ++i)
             Perform([this] { Require(history.Redo(project).has_value(), "a step can be redone"); });

@@ -1,6 +1,7 @@
 #include "edit/GlassCells.h"
 
 #include "edit/ConstructionEntry.h"
+#include "edit/Saying.h"
 #include "text/Format.h"
 #include "text/Numbers.h"
 #include "text/RuntimeError.h"
@@ -90,6 +91,7 @@ bool PasteCells(Project& project, GlassProfile& profile, std::string_view cells,
     }
     project.changed = project.changed || values != profile.Shown();
     profile.Shown() = values;
+    Say(project, "Eleven values pasted. Ctrl+Z takes them back");
     return true;
 }
 

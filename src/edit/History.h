@@ -49,7 +49,7 @@ public:
     std::optional<HistoryMove> Undo(Project& project);
     std::optional<HistoryMove> Redo(Project& project);
 
-    std::size_t Steps() const { return done.size(); }
+    std::size_t Length() const { return done.size(); }
     /// Memory that the steps take, about.
     std::size_t Bytes() const { return bytes; }
 

@@ -43,6 +43,7 @@ public:
     /// Brings the recovery copy up to date when the session ends and cannot wait.
     void KeepWork();
     WorkWatch& Watch() { return *watch; }
+    const History& Steps() const { return history; }
 
     Project& TheProject() { return project; }
     WindowArea& Area() { return *area; }

@@ -28,6 +28,7 @@ constexpr char row[] = "0.05\t0.8\t0.79\t0.78\t0.77\t0.75\t0.71\t0.64\t0.5\t0.28
 
 TEST_F(GlassCells, FillTheShownPropertyAlone) {
     EXPECT_TRUE(Paste(row));
+    EXPECT_EQ(project.said, "Eleven values pasted. Ctrl+Z takes them back");
     EXPECT_EQ(profile.transmission[1], 0.05F);
     EXPECT_EQ(profile.transmission[11], 0);
     EXPECT_EQ(profile.absorption, AngularValues());

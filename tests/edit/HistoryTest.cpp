@@ -136,7 +136,7 @@ TEST_F(HistoryTest, CountsNoStepForWhatWasRefused) {
     EXPECT_FALSE(Do([&] { CopyLayers(project, prompts); }));
     EXPECT_FALSE(Do([&] { StartLayerDrag(project, 1, 0, false); }));
     EXPECT_FALSE(Do([&] { EnterName(project, 1, "Construction 1"); })) << "the name that it has";
-    EXPECT_EQ(history.Steps(), 0);
+    EXPECT_EQ(history.Length(), 0);
 }
 
 TEST_F(HistoryTest, CountsNoStepForADeletionThatOnlySetsTheFlag) {
@@ -370,7 +370,7 @@ TEST_F(HistoryTest, KeepsAHundredStepsWhateverTheyTake) {
     Clean();
     for (int i = 0; i < 130; ++i)
         Enter(std::to_string(i + 1));
-    EXPECT_EQ(history.Steps(), 100);
+    EXPECT_EQ(history.Length(), 100);
     while (Undo()) {
     }
     EXPECT_EQ(Current().layers[1].thickness, 30);
@@ -382,7 +382,7 @@ TEST_F(HistoryTest, KeepsMoreStepsAsLongAsThereIsMemory) {
     Clean();
     for (int i = 0; i < 1000; ++i)
         Enter(std::to_string(i + 1));
-    EXPECT_EQ(history.Steps(), 1000);
+    EXPECT_EQ(history.Length(), 1000);
     EXPECT_LT(history.Bytes(), std::size_t{2} << 20);
     while (Undo()) {
     }
@@ -483,7 +483,7 @@ TEST_P(RandomHistory, UndoneToTheStartGivesTheStartAndRedoneTheEnd) {
     for (int i = 0; i < 300; ++i)
         Act();
     const std::uint64_t end = ContentDigest(project);
-    ASSERT_EQ(history.Steps(), states.size());
+    ASSERT_EQ(history.Length(), states.size());
     ASSERT_GT(states.size(), 50);
     std::vector<std::uint64_t> redone;
     for (auto state = states.rbegin(); state != states.rend(); ++state) {

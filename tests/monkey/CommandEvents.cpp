@@ -11,7 +11,6 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
-#include <QStatusBar>
 
 namespace strativo::monkey {
 
@@ -88,8 +87,9 @@ bool GlassWindow(Stage& stage) {
 
 /// Whether there was a step to take back or to do again.
 bool MovesInHistory(Stage& stage, Qt::Key key) {
+    const std::size_t before = stage.program->Steps().Length();
     stage.hands.Key(key, Qt::ControlModifier);
-    return !stage.program->statusBar()->currentMessage().startsWith(QLatin1String("There is"));
+    return stage.program->Steps().Length() != before;
 }
 
 /// Takes some steps back; does them again, most of the time.
