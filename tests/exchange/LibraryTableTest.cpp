@@ -131,8 +131,7 @@ TEST(LibraryTable, FaultsOfTheHeaderAreToldAlone) {
                             "[missing-column]",
                             "2:4 code: a second column of it, \"code\" [duplicate-column]"));
     EXPECT_THAT(Faults(""), ElementsAre("1:0 the table is empty [missing-column]"));
-    EXPECT_THAT(Faults("\r\n;;\r\n; \r\n"),
-                ElementsAre("1:0 the table is empty [missing-column]"));
+    EXPECT_THAT(Faults("\r\n;;\r\n; \r\n"), ElementsAre("1:0 the table is empty [missing-column]"));
     EXPECT_THAT(Faults("\n" + header),
                 ElementsAre("2:0 the table has no row behind its header [no-materials]"));
 }
