@@ -20,28 +20,29 @@ int FindFreeSlot(const NumberedList<Glass>& types, int& freeHint) {
 
 /// Gives a type to the slot that was found, with all values 0.
 template <class Glass>
-void TakeSlot(NumberedList<Glass>& types, int number, std::string name, OwnedComments& comments) {
+void TakeSlot(NumberedList<Glass>& types, int number, const std::string& name,
+              OwnedComments& comments) {
     if (!types.Has(number))
         types.Append();
     else
         comments.Drop(number);
     types[number] = Glass();
-    types[number].name = std::move(name);
+    types[number].name = name;
 }
 
 } // namespace
 
-void AddGlassType(Project& project, std::string name) {
+void AddGlassType(Project& project, const std::string& name) {
     const int number = FindFreeSlot(project.glassTypes, project.freeGlassHint);
     NoteGlassType(project, number);
-    TakeSlot(project.glassTypes, number, std::move(name), project.comments.glassTypes);
+    TakeSlot(project.glassTypes, number, name, project.comments.glassTypes);
     project.currentGlassType = number;
 }
 
-void AddGlassType2D(Project& project, std::string name) {
+void AddGlassType2D(Project& project, const std::string& name) {
     const int number = FindFreeSlot(project.glassTypes2D, project.freeGlassHint2D);
     NoteGlassType2D(project, number);
-    TakeSlot(project.glassTypes2D, number, std::move(name), project.comments.glassTypes2D);
+    TakeSlot(project.glassTypes2D, number, name, project.comments.glassTypes2D);
     project.currentGlassType2D = number;
 }
 

@@ -11,8 +11,8 @@ namespace strativo {
 
 /// Adds a glass type with all values 0, in the first free slot or at the end, and makes it current.
 /// Names need not be unique: an existing name gives a second type of that name.
-void AddGlassType(Project& project, std::string name);
-void AddGlassType2D(Project& project, std::string name);
+void AddGlassType(Project& project, const std::string& name);
+void AddGlassType2D(Project& project, const std::string& name);
 
 /// Leaves one empty slot of each kind, as in a new project.
 void ResetGlassTypes(Project& project);

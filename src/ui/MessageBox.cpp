@@ -64,8 +64,12 @@ public:
         rows->addLayout(columns, 1);
         if (message.icon != Icon::none)
             columns->addWidget(IconLabel(message.icon), 0, Qt::AlignTop);
-        columns->addWidget(TextView(message), 1);
+        QWidget* text = TextView(message);
+        columns->addWidget(text, 1);
         rows->addWidget(ButtonRow(message));
+        // A box that shows all of its text has nothing to gain from another size.
+        if (qobject_cast<QLabel*>(text) != nullptr)
+            rows->setSizeConstraint(QLayout::SetFixedSize);
     }
 
     Answer Chosen() const { return chosen; }
@@ -89,6 +93,8 @@ private:
         label->setTextInteractionFlags(Qt::TextSelectableByMouse);
         label->setFocusPolicy(Qt::NoFocus);
         label->setContentsMargins(8, 8, 8, 8);
+        constexpr int frameButtons = 100; // pixels, with what stands beside them
+        label->setMinimumWidth(fontMetrics().horizontalAdvance(windowTitle()) + frameButtons);
         const QSize limit = screen()->availableSize() * 2 / 3;
         if (label->sizeHint().boundedTo(limit) == label->sizeHint())
             return label;

@@ -2,6 +2,7 @@
 #include "calc/LayerList.h"
 #include "calc/UValue.h"
 #include "fuzz/Invariants.h"
+#include "text/Numbers.h"
 #include "ui/LayerList.h"
 #include "ui/STRATVMD.h"
 #include "ui/Text.h"
@@ -55,18 +56,32 @@ private:
 
     /// A field that the user is typing into may hold anything, also while a menu or another program
     /// is looked at.
-    void RequireField(const char* name, const std::string& text, const char* promise) {
-        auto* field = Find<QLineEdit>(name);
+    bool IsTypedInto(const QLineEdit* field) {
         const QWidget* focus = window.window()->focusWidget();
-        if (window.isActiveWindow() && focus != field
-            && qobject_cast<const QMenuBar*>(focus) == nullptr)
-            Require(field->text() == ToText(text), promise);
+        return !window.isActiveWindow() || focus == field
+               || qobject_cast<const QMenuBar*>(focus) != nullptr;
+    }
+
+    void RequireField(const char* name, const std::string& text, const char* promise) {
+        const auto* field = Find<QLineEdit>(name);
+        Require(IsTypedInto(field) || field->text() == ToText(text), promise);
+    }
+
+    void RequireThickness() {
+        const double thickness = record.window.shownThickness;
+        const auto* field = Find<QLineEdit>("EditThick");
+        // A negative resistance stays in the field as it was typed.
+        const bool isAsTyped = thickness < 0 && !IsTypedInto(field)
+                               && ToSingle(LeadingNumber(ToBytes(field->text())))
+                                      == static_cast<float>(thickness);
+        if (!isAsTyped)
+            RequireField("EditThick", ThicknessText(thickness),
+                         "the thickness shown is the one remembered");
     }
 
     void RequireTexts() {
         RequireField("NameText", record.name, "the name shown is the one stored");
-        RequireField("EditThick", ThicknessText(record.window.shownThickness),
-                     "the thickness shown is the one remembered");
+        RequireThickness();
         RequireField("AbsorpText", view.absorpText, "the absorption shown is the current layer's");
         Require(Find<QLabel>("IndexText")->text() == QString::number(number),
                 "the number shown is the construction's");

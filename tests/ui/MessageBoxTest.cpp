@@ -44,6 +44,14 @@ TEST_F(MessageBoxes, TheProgramsTitleStandsForNone) {
     Show({"text", "Own"}, [](QDialog& box) { EXPECT_EQ(Bytes(box.windowTitle()), "Own"); });
 }
 
+TEST_F(MessageBoxes, AreAsLargeAsTheirTextAndTitleAndHaveNoButtonsForOtherSizes) {
+    Show({"?", "A title of some length that can be read"}, [](QDialog& box) {
+        EXPECT_EQ(box.minimumSize(), box.maximumSize());
+        EXPECT_GT(box.width(), box.fontMetrics().horizontalAdvance(box.windowTitle()) + 80);
+        EXPECT_FALSE(box.windowFlags() & Qt::WindowMinMaxButtonsHint);
+    });
+}
+
 TEST_F(MessageBoxes, AnswersAreThoseOfTheButtons) {
     EXPECT_EQ(Show({"text", ""}, Button("OK")), Answer::ok);
     EXPECT_EQ(Show(question, Button("Yes")), Answer::yes);
