@@ -71,9 +71,9 @@ private:
         const double thickness = record.window.shownThickness;
         const auto* field = Find<QLineEdit>("EditThick");
         // A negative resistance stays in the field as it was typed.
-        const bool isAsTyped = thickness < 0 && !IsTypedInto(field)
-                               && ToSingle(LeadingNumber(ToBytes(field->text())))
-                                      == static_cast<float>(thickness);
+        const bool isAsTyped =
+            thickness < 0 && !IsTypedInto(field)
+            && ToSingle(LeadingNumber(ToBytes(field->text()))) == static_cast<float>(thickness);
         if (!isAsTyped)
             RequireField("EditThick", ThicknessText(thickness),
                          "the thickness shown is the one remembered");

@@ -50,11 +50,10 @@ void RequireWindowMenu(UValueMDI& program, const QMenu& menu) {
     constexpr int fixedItems = 4;
     constexpr int listed = 30;
     const WindowArea& area = program.Area();
-    const int windows = static_cast<int>(area.Windows().size());
     const bool hidden = area.Has(UValueMDI::dialogId) && area.IsHidden(UValueMDI::dialogId);
+    const int windows = static_cast<int>(area.Windows().size()) + (hidden ? 1 : 0);
     Require(menu.actions().size()
-                == fixedItems + std::min(listed, windows) + (hidden ? 1 : 0)
-                       + (windows > listed ? 1 : 0),
+                == fixedItems + std::min(listed, windows) + (windows > listed ? 1 : 0),
             "the Window menu lists the windows");
     int checked = 0;
     for (const QAction* item : menu.actions())
