@@ -1,5 +1,7 @@
 #include "ui/HistoryKeys.h"
 
+#include "ui/KeyRepeat.h"
+
 #include <QApplication>
 #include <QLineEdit>
 #include <QShortcut>
@@ -12,8 +14,7 @@ void AddHistoryKeys(QWidget* window, const std::function<void()>& undo,
                                  const std::function<void()>& otherwise) {
         auto* shortcut = new QShortcut(QKeySequence(key), window);
         // Held down, the key would take back more than one can follow.
-        shortcut->setAutoRepeat(false);
-        QObject::connect(shortcut, &QShortcut::activated, window, [inField, otherwise] {
+        ActOncePerPress(shortcut, [inField, otherwise] {
             if (auto* field = qobject_cast<QLineEdit*>(QApplication::focusWidget()))
                 (field->*inField)();
             else

@@ -5,6 +5,7 @@
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QPointer>
+#include <QShortcut>
 
 namespace strativo {
 
@@ -22,8 +23,13 @@ public:
         return keys.IsRepeat(press.key(), press.timestamp(), press.isAutoRepeat());
     }
 
+    bool LastRepeats() const { return lastRepeats; }
+
 protected:
     bool eventFilter(QObject*, QEvent* event) override {
+        // Comes before a press, and before the shortcuts look at it.
+        if (event->type() == QEvent::ShortcutOverride)
+            lastRepeats = IsRepeat(*static_cast<QKeyEvent*>(event));
         if (event->type() == QEvent::KeyRelease) {
             const auto& release = *static_cast<QKeyEvent*>(event);
             keys.Released(release.key(), release.timestamp());
@@ -33,6 +39,7 @@ protected:
 
 private:
     HeldKeys keys;
+    bool lastRepeats = false;
 };
 
 KeyWatch& Watch() {
@@ -50,6 +57,13 @@ void WatchKeys() {
 
 bool IsRepeat(const QKeyEvent& press) {
     return Watch().IsRepeat(press);
+}
+
+void ActOncePerPress(QShortcut* shortcut, const std::function<void()>& action) {
+    QObject::connect(shortcut, &QShortcut::activated, shortcut, [action] {
+        if (!Watch().LastRepeats())
+            action();
+    });
 }
 
 } // namespace strativo

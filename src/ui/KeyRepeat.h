@@ -1,6 +1,9 @@
 #pragma once
 
+#include <functional>
+
 class QKeyEvent;
+class QShortcut;
 
 namespace strativo {
 
@@ -9,5 +12,8 @@ void WatchKeys();
 
 /// Whether the press only repeats a key held down, in whatever window it was first pressed.
 bool IsRepeat(const QKeyEvent& press);
+
+/// Lets the shortcut do the action once a press, however long its keys are held.
+void ActOncePerPress(QShortcut* shortcut, const std::function<void()>& action);
 
 } // namespace strativo

@@ -10,6 +10,7 @@
 #include "ui/About_Strativo.h"
 #include "ui/AccessKeys.h"
 #include "ui/HelpKey.h"
+#include "ui/KeyRepeat.h"
 #include "ui/MoreWindows.h"
 #include "ui/ProjectView.h"
 #include "ui/QtPrompts.h"
@@ -143,9 +144,12 @@ void UValueMDI::BuildHelpMenu() {
 
 void UValueMDI::BuildShortcuts() {
     const auto addKey = [this](QKeyCombination key, const std::function<void()>& action) {
-        auto* shortcut = new QShortcut(QKeySequence(key), this);
-        connect(shortcut, &QShortcut::activated, this, [this, action] { Perform(action); });
-        return shortcut;
+        connect(new QShortcut(QKeySequence(key), this), &QShortcut::activated, this,
+                [this, action] { Perform(action); });
+    };
+    const auto addCommand = [this](QKeyCombination key, const std::function<void()>& action) {
+        ActOncePerPress(new QShortcut(QKeySequence(key), this),
+                        [this, action] { Perform(action); });
     };
     const auto next = [this] { area->ActivateNext(false); };
     const auto previous = [this] { area->ActivateNext(true); };
@@ -153,15 +157,13 @@ void UValueMDI::BuildShortcuts() {
     addKey(Qt::CTRL | Qt::Key_F6, next);
     addKey(Qt::CTRL | Qt::SHIFT | Qt::Key_Tab, previous);
     addKey(Qt::CTRL | Qt::SHIFT | Qt::Key_F6, previous);
-    addKey(Qt::CTRL | Qt::Key_F4, [this] { CloseActive(); });
+    addCommand(Qt::CTRL | Qt::Key_F4, [this] { CloseActive(); });
     addKey(Qt::NoModifier | Qt::Key_F10,
            [this] { menuBar()->setActiveAction(menuBar()->actions().front()); });
     addKey(Qt::NoModifier | Qt::Key_F9, [this] { OpenSection(); });
-    for (QShortcut* command :
-         {addKey(Qt::CTRL | Qt::Key_N, [this] { Replace_Click(NewProject); }),
-          addKey(Qt::CTRL | Qt::Key_O, [this] { Replace_Click(OpenProject); }),
-          addKey(Qt::CTRL | Qt::Key_S, [this] { SaveProjectByKey(project, *prompts); })})
-        command->setAutoRepeat(false);
+    addCommand(Qt::CTRL | Qt::Key_N, [this] { Replace_Click(NewProject); });
+    addCommand(Qt::CTRL | Qt::Key_O, [this] { Replace_Click(OpenProject); });
+    addCommand(Qt::CTRL | Qt::Key_S, [this] { SaveProjectByKey(project, *prompts); });
     new HelpKey([this](const QWidget& window) { ShowHelpAbout(window); }, this);
     AddUndoKeys(this);
     new AccessKeys([this] { return area->Content(area->Active()); }, *menuBar(), this);

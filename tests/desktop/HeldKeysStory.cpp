@@ -76,6 +76,19 @@ TEST_F(HeldKeysStory, DelRemovesOneLayerHoweverLongItIsHeld) {
     }
 }
 
+TEST_F(HeldKeysStory, CtrlZTakesOneStepBackHoweverLongItIsHeld) {
+    StartWithTwelveLayers();
+    Click(LayerRow(1, 0));
+    for (int layer = 0; layer < 10; ++layer)
+        Press(Key::del);
+    Hold(Key::ctrl);
+    for (int time = 1; time <= times; ++time) {
+        HoldFor(KeyOf('z'), longEnough);
+        ASSERT_EQ(LayerCount(1), 2 + time);
+    }
+    LetGo(Key::ctrl);
+}
+
 TEST_F(HeldKeysStory, EnterInsertsOneMaterialHoweverLongItIsHeld) {
     Start();
     ChooseMenu("Filemenu", "NewUValue");

@@ -74,18 +74,6 @@ TEST_F(UndoStory, TheMenuOfTheLayerListNamesTheStep) {
     EXPECT_EQ(Layers(1), "[FACE BRICK], [BLOCK], PLASTER");
 }
 
-TEST_F(UndoStory, AHeldKeyTakesOneStepBack) {
-    Open();
-    Click(LayerRow(1, 0));
-    for (int layer = 0; layer < 2; ++layer)
-        Press(Key::del);
-    EXPECT_EQ(Layers(1), "[PLASTER]");
-    Hold(Key::ctrl);
-    HoldFor(KeyOf('z'), std::chrono::milliseconds(1100));
-    LetGo(Key::ctrl);
-    EXPECT_EQ(Layers(1), "[BLOCK], PLASTER");
-}
-
 TEST_F(UndoStory, AFieldKeepsItsOwnSteps) {
     Open();
     Click(LayerRow(1, 0));

@@ -34,6 +34,9 @@ public:
 
 private:
     void Send(QEvent::Type type, quint64 at) {
+        if (type == QEvent::KeyPress
+            && qt_sendShortcutOverrideEvent(QApplication::focusWidget(), at, key, modifiers, text))
+            return;
         QKeyEvent event(type, key, modifiers, text);
         event.setTimestamp(at);
         QApplication::sendEvent(QApplication::focusWidget(), &event);
@@ -80,6 +83,18 @@ TEST_F(HeldKeys, CutTakesOneLayer) {
     StartWithLayers();
     HeldKey(Qt::Key_X, Qt::ControlModifier).Hold();
     EXPECT_EQ(Layers(), 4);
+}
+
+TEST_F(HeldKeys, CtrlZTakesOneStepBack) {
+    StartWithLayers();
+    for (int layer = 0; layer < 3; ++layer)
+        HeldKey(Qt::Key_Delete).Hold();
+    HeldKey(Qt::Key_Z, Qt::ControlModifier).Hold();
+    EXPECT_EQ(Layers(), 3);
+    HeldKey(Qt::Key_Z, Qt::ControlModifier).Hold();
+    EXPECT_EQ(Layers(), 4) << "and another one when it is pressed again";
+    HeldKey(Qt::Key_Y, Qt::ControlModifier).Hold();
+    EXPECT_EQ(Layers(), 3);
 }
 
 TEST_F(HeldKeys, EnterInTheMaterialListInsertsOneLayer) {
