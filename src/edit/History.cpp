@@ -104,8 +104,8 @@ bool History::ChangedContent(const Project& project) const {
     ForEachTable(parts, project, saved,
                  [&](const auto& states, const auto& table, const auto& comments, const auto&) {
                      for (const auto& state : states)
-                         changed =
-                             changed || !SameContent(state, StateOf(table, comments, state.number));
+                         changed = changed
+                                   || !SameContent(state, SlotView(table, comments, state.number));
                  });
     return changed;
 }
@@ -139,7 +139,7 @@ void History::Add(Project& project) {
                  [](const auto& states, const auto& table, const auto& comments, auto& savedSlots) {
                      for (const auto& slot : states) {
                          savedSlots.Keep(slot);
-                         savedSlots.Compare(StateOf(table, comments, slot.number));
+                         savedSlots.Compare(SlotView(table, comments, slot.number));
                      }
                  });
     bytes += BytesOf(step);
@@ -210,11 +210,11 @@ void History::Exchange(Project& project, Step& step) {
                  [](auto& states, auto& table, auto& comments, auto& savedSlots) {
                      for (auto& state : states) {
                          // Untouched since the saving, it is now as it was saved.
-                         savedSlots.Keep(StateOf(table, comments, state.number));
+                         savedSlots.Keep(SlotView(table, comments, state.number));
                          if (table.Has(state.number))
                              std::swap(table[state.number], state.record);
                          comments.Swap(state.number, state.comments);
-                         savedSlots.Compare(StateOf(table, comments, state.number));
+                         savedSlots.Compare(SlotView(table, comments, state.number));
                      }
                  });
     if (step.parts.fileHead)

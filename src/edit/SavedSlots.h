@@ -15,8 +15,24 @@ bool SameContent(const BasicGlassType<Values>& a, const BasicGlassType<Values>& 
     return a.name == b.name && (a.name.empty() || a == b);
 }
 
+/// A slot as it is in its table, with its comments; an empty one where the table has none.
 template <class Record>
-bool SameContent(const SlotState<Record>& a, const SlotState<Record>& b) {
+struct SlotView {
+    SlotView(const NumberedList<Record>& table, const OwnedComments& owned, int slot)
+        : number(slot), record(table.Has(slot) ? table[slot] : Empty()), comments(owned.Of(slot)) {}
+
+    static const Record& Empty() {
+        static const Record empty;
+        return empty;
+    }
+
+    int number;
+    const Record& record;
+    const CommentLines& comments;
+};
+
+template <class Record>
+bool SameContent(const SlotState<Record>& a, const SlotView<Record>& b) {
     return SameContent(a.record, b.record) && a.comments == b.comments;
 }
 
@@ -26,10 +42,14 @@ template <class Record>
 class SavedSlots {
 public:
     /// Before a slot changes; the first time since the saving counts.
-    void Keep(const SlotState<Record>& saved) { changed.try_emplace(saved.number, Slot{saved}); }
+    template <class State>
+    void Keep(const State& saved) {
+        if (changed.count(saved.number) == 0)
+            changed[saved.number].saved = {saved.number, saved.record, saved.comments};
+    }
 
     /// After it changed.
-    void Compare(const SlotState<Record>& now) {
+    void Compare(const SlotView<Record>& now) {
         Slot& slot = changed.at(now.number);
         differing -= slot.differs ? 1 : 0;
         slot.differs = !SameContent(slot.saved, now);
