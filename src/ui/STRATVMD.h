@@ -6,6 +6,7 @@
 #include <QMainWindow>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 class QAction;
@@ -136,7 +137,8 @@ private:
     void TellOfStep();
     void Undo();
     void Redo();
-    void ShowMove(const HistoryMove& move);
+    void ShowMove(const std::optional<HistoryMove>& move, const QString& said,
+                  const QString& saidWithout);
     void PlaceDialog();
     bool OfferKeptWork(const std::string& commandLine);
     void ShowTargetOfMaterials();

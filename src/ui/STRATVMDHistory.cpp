@@ -19,25 +19,21 @@ void UValueMDI::TellOfStep() {
 }
 
 void UValueMDI::Undo() {
-    const auto move = history.Undo(project);
-    if (move)
-        ShowMove(*move);
-    status->Say(move ? tr("Taken back: %1. Ctrl+Y does it again").arg(ToText(move->action))
-                     : tr("There is nothing to take back"));
+    ShowMove(history.Undo(project), tr("Taken back: %1. Ctrl+Y does it again"),
+             tr("There is nothing to take back"));
 }
 
 void UValueMDI::Redo() {
-    const auto move = history.Redo(project);
-    if (move)
-        ShowMove(*move);
-    status->Say(move ? tr("Done again: %1. Ctrl+Z takes it back").arg(ToText(move->action))
-                     : tr("There is nothing to do again"));
+    ShowMove(history.Redo(project), tr("Done again: %1. Ctrl+Z takes it back"),
+             tr("There is nothing to do again"));
 }
 
 /// A construction comes to the front by itself; glass types are seen in their window.
-void UValueMDI::ShowMove(const HistoryMove& move) {
-    if (move.glassTypes)
+void UValueMDI::ShowMove(const std::optional<HistoryMove>& move, const QString& said,
+                         const QString& saidWithout) {
+    if (move && move->glassTypes)
         EditWin_Click();
+    status->Say(move ? said.arg(ToText(move->action)) : saidWithout);
 }
 
 } // namespace strativo

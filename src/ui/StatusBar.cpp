@@ -61,7 +61,6 @@ void StatusBar::ShowProject(const Project& project) {
     const QString finding = ToText(CurrentLayerFinding(project));
     ui.LayerStatus->setText(finding);
     SetPlainToolTip(*ui.LayerStatus, finding);
-    ShowMaterialTarget(project);
     ShowLibraries(project);
 }
 
