@@ -165,7 +165,7 @@ TEST_F(Recovery, AStartWithTheFileItselfAsksFirst) {
     nextPrompts.Answers(Answer::cancel).Answers(Answer::cancel).Answers(Answer::yes);
     Offer("a b.con");
     Offer("link.con");
-    EXPECT_TRUE(Offer("./work/../a b.con").opened);
+    EXPECT_TRUE(Offer("./sub/../a b.con").opened);
     EXPECT_EQ(next.constructions[1].name, name);
 }
 
