@@ -116,8 +116,7 @@ int Materials(const Invocation& call, std::ostream& out, std::ostream& err) {
     else if (call.csv)
         PrintAsCsv(out, session);
     else if (!session.prompts.Ended())
-        for (const std::string& line : MaterialLines(project))
-            PrintLine(out, line);
+        PrintLines(out, MaterialLines(project));
     return session.Status();
 }
 

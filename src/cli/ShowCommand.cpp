@@ -59,8 +59,7 @@ private:
         out << ConstructionTitle(number) << "  " << ShownText(construction.name) << "  ("
             << (transparent ? "Transparent" : "Opaque") << ")\n";
         const LayerListView view = ViewLayerList(construction);
-        for (const std::string& line : view.lines)
-            PrintLine(out << "  ", line);
+        PrintLines(out, view.lines, "  ");
         out << "  Indicative Uvalue W/Cm2  " << view.result << '\n';
     }
 

@@ -6,6 +6,7 @@
 #include <iosfwd>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace strativo {
 
@@ -22,8 +23,9 @@ std::string MessageTitle(const Message& message);
 std::string ShownText(std::string_view bytes);
 std::string ShownPath(std::string_view path);
 
-/// Prints a line of text as ShownText gives it.
-void PrintLine(std::ostream& out, std::string_view bytes);
+/// Prints lines of text as ShownText gives them, each after the indent.
+void PrintLines(std::ostream& out, const std::vector<std::string>& lines,
+                std::string_view indent = {});
 
 /// Prints "strativo-cli: " and the text as one line, without control characters.
 void PrintError(std::ostream& err, const std::string& utf8);

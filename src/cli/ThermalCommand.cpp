@@ -30,8 +30,7 @@ private:
         out << (any ? "\n" : "") << ConstructionTitle(number) << "  "
             << ShownText(construction.name) << "  (" << (transparent ? "Transparent" : "Opaque")
             << ")   outside to inside\n";
-        for (const std::string& line : ThermalLines(construction, choice.conditions, choice.flows))
-            PrintLine(out, line);
+        PrintLines(out, ThermalLines(construction, choice.conditions, choice.flows));
         any = true;
     }
 
