@@ -2,7 +2,6 @@
 #include "calc/LayerList.h"
 #include "calc/UValue.h"
 #include "fuzz/Invariants.h"
-#include "text/Numbers.h"
 #include "ui/LayerList.h"
 #include "ui/STRATVMD.h"
 #include "ui/Text.h"
@@ -70,10 +69,8 @@ private:
     void RequireThickness() {
         const double thickness = record.window.shownThickness;
         const auto* field = Find<QLineEdit>("EditThick");
-        // A negative resistance stays in the field as it was typed.
-        const bool isAsTyped =
-            thickness < 0 && !IsTypedInto(field)
-            && ToSingle(LeadingNumber(ToBytes(field->text()))) == static_cast<float>(thickness);
+        // Over a negative resistance, what was typed last stays in the field.
+        const bool isAsTyped = thickness < 0 && field->isModified();
         if (!isAsTyped)
             RequireField("EditThick", ThicknessText(thickness),
                          "the thickness shown is the one remembered");

@@ -6,6 +6,8 @@
 #include <QWheelEvent>
 #include <QWindow>
 
+#include <thread>
+
 // The toolkit's own entries for tests, which hand events to a window at once.
 QT_BEGIN_NAMESPACE
 Q_GUI_EXPORT void qt_handleKeyEvent(QWindow* window, QEvent::Type type, int key,
@@ -39,6 +41,9 @@ QWindow* WindowWithKeyboard() {
 
 void Hands::KeyDown(Qt::Key key, Qt::KeyboardModifiers modifiers, const QString& text,
                     bool repeated) {
+    // Within the toolkit's millisecond, a press of the key just let go counts as its repeat.
+    if (!repeated && key == keyLetGo)
+        std::this_thread::sleep_until(letGoAt + std::chrono::milliseconds(1));
     if (QWindow* window = WindowWithKeyboard())
         qt_handleKeyEvent(window, QEvent::KeyPress, key, modifiers, text, repeated, 1);
 }
@@ -46,6 +51,8 @@ void Hands::KeyDown(Qt::Key key, Qt::KeyboardModifiers modifiers, const QString&
 void Hands::KeyUp(Qt::Key key, Qt::KeyboardModifiers modifiers, bool repeated) {
     if (QWindow* window = WindowWithKeyboard())
         qt_handleKeyEvent(window, QEvent::KeyRelease, key, modifiers, {}, repeated, 1);
+    keyLetGo = key;
+    letGoAt = std::chrono::steady_clock::now();
 }
 
 void Hands::Key(Qt::Key key, Qt::KeyboardModifiers modifiers, const QString& text) {

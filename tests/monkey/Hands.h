@@ -6,6 +6,8 @@
 #include <QString>
 #include <QWidget>
 
+#include <chrono>
+
 class QMimeData;
 
 namespace strativo::monkey {
@@ -44,6 +46,8 @@ private:
     void Mouse(QWidget* on, QPoint place, QEvent::Type type, Qt::MouseButton button,
                Qt::KeyboardModifiers modifiers);
 
+    Qt::Key keyLetGo = Qt::Key_unknown;
+    std::chrono::steady_clock::time_point letGoAt;
     Qt::MouseButton held = Qt::NoButton;
     int time = 100'000; ///< ms; clicks that are to be two lie far apart
     QPointer<QWidget> dragTarget;
