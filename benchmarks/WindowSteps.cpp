@@ -81,9 +81,10 @@ public:
         MeasureDigits(1000);
         Note("enter", EnterTime(1000));
         MeasureRemoval();
+        OpenTime(0); // right before, so that both sides find the machine alike
+        MeasureEntryAndUndo(10);
         Open(3, "open5000");
-        Note("enter5000", EnterTime(5000));
-        Note("undo5000", UndoTime(5000));
+        MeasureEntryAndUndo(5000);
         MeasureStall();
         if (print)
             std::printf("%s\n", line.c_str());
@@ -133,9 +134,13 @@ private:
     void MeasureFew() {
         OpenTime(0);
         MeasureActivation("again10", 10);
-        Note("enter10", EnterTime(10));
-        Note("undo10", UndoTime(10));
         MeasureHistory(10);
+    }
+
+    void MeasureEntryAndUndo(int number) {
+        const std::string open = std::to_string(number);
+        Note(("enter" + open).c_str(), EnterTime(number));
+        Note(("undo" + open).c_str(), UndoTime(number));
     }
 
     void MeasureFirstActivation() {
