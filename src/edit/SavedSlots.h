@@ -44,8 +44,9 @@ public:
     /// Before a slot changes; the first time since the saving counts.
     template <class State>
     void Keep(const State& saved) {
-        if (changed.count(saved.number) == 0)
-            changed[saved.number].saved = {saved.number, saved.record, saved.comments};
+        const auto [slot, isFirst] = changed.try_emplace(saved.number);
+        if (isFirst)
+            slot->second.saved = {saved.number, saved.record, saved.comments};
     }
 
     /// After it changed.
