@@ -70,7 +70,7 @@ std::string OwnerOf(const std::string& name) {
     return name.substr(0, name.find('.'));
 }
 
-std::string NewOwner() {
+std::string TimeAndProcess() {
     char time[32] = {};
     const std::time_t now = std::time(nullptr);
     std::tm parts{};
@@ -81,6 +81,17 @@ std::string NewOwner() {
 
 std::int64_t ModifiedAt(const struct stat& status) {
     return MakeStamp(status).modified;
+}
+
+/// A lock of a new owner's. Programs in two containers with one home can have the same number in
+/// the same second; null when the folder does not allow a lock.
+std::shared_ptr<CopyLock> TakeNewLock(const std::string& folder) {
+    constexpr int mostNamesakes = 9;
+    const std::string owner = TimeAndProcess();
+    std::shared_ptr<CopyLock> lock = CopyLock::Take(folder, owner);
+    for (int namesake = 1; lock == nullptr && namesake <= mostNamesakes; ++namesake)
+        lock = CopyLock::Take(folder, owner + "-" + std::to_string(namesake));
+    return lock;
 }
 
 /// The new path, or the old one if renaming fails.
@@ -223,7 +234,7 @@ std::string RecoveryStore::NewPath(const std::string& folder) {
     if (!MakePrivateFolder(folder))
         return "";
     if (own == nullptr || ownFolder != folder || !own->IsInItsFolder()) {
-        std::shared_ptr<CopyLock> lock = CopyLock::Take(folder, NewOwner());
+        std::shared_ptr<CopyLock> lock = TakeNewLock(folder);
         if (lock == nullptr)
             return "";
         own = lock;

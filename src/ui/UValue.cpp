@@ -171,8 +171,11 @@ void UValue::EditThick_KeyPress() {
 }
 
 void UValue::EditThick_LostFocus() {
-    if (IsEmpty())
-        return;
+    if (!IsEmpty())
+        RestoreThickness();
+}
+
+void UValue::RestoreThickness() {
     if (ShowThickness(Record(), ThicknessEvent::restore))
         ui.EditThick->setText(ToText(ThicknessText(Record().window.shownThickness)));
 }
@@ -196,6 +199,7 @@ void UValue::AbsorpText_LostFocus() {
 
 void UValue::Construction_Click(int line) {
     program.perform([&] { SelectLine(program.project, number, line, ui.Construction->Marks()); });
+    RestoreThickness(); // also over a number that was entered and is not shown by itself
 }
 
 void UValue::Construction_MouseMove(int line, QPoint position, bool ctrlHeld) {

@@ -83,6 +83,7 @@ private:
     void TypeCombo_Click(int index);
     void EditThick_KeyPress();
     void EditThick_LostFocus();
+    void RestoreThickness();
     void AbsorpText_KeyPress();
     void AbsorpText_LostFocus();
     void Construction_Click(int line);

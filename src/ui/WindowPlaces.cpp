@@ -101,7 +101,7 @@ void WindowPlaces::Raise(int id) {
         return;
     Record& record = records.at(id);
     const bool isNew = !std::exchange(record.raised, true) && !record.traits.inCorner;
-    const auto place = isNew ? BelowCorner() : order.end();
+    const auto place = isNew && !IsTitleBelowCorner(record) ? BelowCorner() : order.end();
     const auto found = std::find(order.begin(), order.end(), id);
     if (found + 1 == place)
         return;
@@ -121,6 +121,16 @@ std::vector<int>::iterator WindowPlaces::BelowCorner() {
         return !record.traits.inCorner || !IsShown(record);
     };
     return std::find_if(order.rbegin(), order.rend(), isOther).base();
+}
+
+/// Whether nothing of a window's title could be seen below a window in the corner.
+bool WindowPlaces::IsTitleBelowCorner(const Record& record) const {
+    const QRect title(record.position, QSize(record.size.width(), measures.title));
+    const QRect inSight = title.intersected(QRect(QPoint(), area));
+    return std::any_of(cornerWindows.begin(), cornerWindows.end(), [&](int id) {
+        const Record& corner = records.at(id);
+        return IsShown(corner) && Geometry(corner).contains(inSight);
+    });
 }
 
 void WindowPlaces::Move(int id, QPoint position) {

@@ -60,7 +60,8 @@ public:
     /// window in the corner if there is room.
     void SetMinimised(int id, bool minimised);
     bool IsMinimised(int id) const { return records.at(id).iconSlot.has_value(); }
-    /// On top of the others; a window not raised since it was opened, below the one in the corner.
+    /// On top of the others; a window not raised since it was opened, below the one in the corner,
+    /// unless that would cover its title.
     void Raise(int id);
     /// The windows above that one, lowest first.
     std::vector<int> Above(int id) const;
@@ -114,6 +115,7 @@ private:
     void TakeIconSlotsAgain();
     void PlaceAgain();
     std::vector<int>::iterator BelowCorner();
+    bool IsTitleBelowCorner(const Record& record) const;
     QPoint PlaceForNew(QSize window);
     std::optional<QPoint> FreePlace(QSize window);
     void LookAtTakenPlaces(const std::set<int>& exceptThose = {});

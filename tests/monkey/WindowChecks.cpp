@@ -64,6 +64,13 @@ void RequireActive(const Project& project, const WindowArea& area) {
             "the current construction is the active one");
 }
 
+const ChildWindow* ActiveFrame(const WindowArea& area) {
+    for (const ChildWindow* frame : area.findChildren<ChildWindow*>())
+        if (!frame->isHidden() && frame->Id() == area.Active())
+            return frame;
+    return nullptr;
+}
+
 /// The frames that can be seen lie upon each other as the toolkit's children do.
 void RequireFrames(const WindowArea& area) {
     const ChildWindow* top = nullptr; // of the windows beside Select Material
@@ -79,10 +86,16 @@ void RequireFrames(const WindowArea& area) {
             continue;
         (frame->Id() == UValueMDI::dialogId ? dialog : top) = frame;
     }
-    // Select Material may lie above the active window, where a Cascade leaves it.
-    const ChildWindow* active = area.Active() == UValueMDI::dialogId ? dialog : top;
-    if (area.Active() != WindowArea::noWindow)
-        Require(active != nullptr && active->Id() == area.Active(), "the active window is on top");
+    if (area.Active() == WindowArea::noWindow)
+        return;
+    const ChildWindow* active = ActiveFrame(area);
+    Require(active != nullptr, "the active window has a frame");
+    // Select Material may lie above the active window, where a Cascade leaves it; frames of which
+    // nothing can be seen lie in no order.
+    const bool isCovered = dialog != nullptr && active != dialog
+                           && dialog->geometry().contains(active->geometry() & area.rect());
+    Require(isCovered || active == (active == dialog ? dialog : top),
+            "the active window is on top");
 }
 
 void RequireFocus(UValueMDI& program) {

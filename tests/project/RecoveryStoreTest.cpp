@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <ctime>
 #include <gmock/gmock.h>
+#include <list>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -18,6 +19,7 @@ using testing::ElementsAre;
 using testing::EndsWith;
 using testing::IsEmpty;
 using testing::SizeIs;
+using testing::UnorderedElementsAre;
 
 namespace fs = std::filesystem;
 
@@ -85,6 +87,16 @@ TEST_F(LeftCopies, OfARunningProgramAreNotFoundByAnother) {
     RecoveryStore store(folders);
     store.Write("work");
     EXPECT_THAT(Found(), IsEmpty());
+}
+
+TEST_F(LeftCopies, OfTwoProgramsWithOneNumberInOneSecondAreBothKept) {
+    // As in two containers that share a home.
+    std::list<RecoveryStore> stores;
+    for (const char* bytes : {"first", "second"})
+        EXPECT_TRUE(stores.emplace_back(folders).Write(bytes));
+    EXPECT_THAT(Found(), IsEmpty()) << "both are running";
+    stores.clear();
+    EXPECT_THAT(Found(), UnorderedElementsAre("first", "second"));
 }
 
 TEST_F(LeftCopies, OfAProgramThatEndedAreFoundWhole) {

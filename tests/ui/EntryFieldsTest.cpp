@@ -414,6 +414,19 @@ TEST_F(EntryFields, ANegativeResistanceIsShownAsItWasEntered) {
     EXPECT_EQ(TextOf(1, "EditThick"), "-5");
 }
 
+TEST_F(EntryFields, ALayerOfThicknessZeroEmptiesTheFieldAfterANegativeResistance) {
+    StartWithTwoLayers();
+    Record().layers.Edit(1).thickness = 0;
+    Record().layers.Edit(2).conductivity = -3;
+    ClickLine(List(1), 1);
+    Enter("EditThick", "-5");
+    ClickLine(List(1), 0);
+    EXPECT_EQ(TextOf(1, "EditThick"), "");
+    EXPECT_EQ(Record().window.shownThickness, 0);
+    Press(Qt::Key_Down);
+    EXPECT_EQ(TextOf(1, "EditThick"), "") << "unchanged over a negative number";
+}
+
 TEST_F(EntryFields, KeepTheStaleThicknessWhenALayerWithoutOneIsPasted) {
     StartWithTwoLayers();
     Press(Qt::Key_V, Qt::ControlModifier);

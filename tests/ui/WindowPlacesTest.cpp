@@ -155,6 +155,22 @@ TEST_F(Places, NewWindowsLieBelowTheOneInTheCornerUntilTheyAreRaisedAgain) {
     EXPECT_THAT(places.Order(), ElementsAre(1, 3, 0, 2, 4)) << "the corner is covered already";
 }
 
+TEST_F(Places, NewWindowsLieOnTopOfTheOneInTheCornerWhereItWouldCoverTheirTitle) {
+    places.Open(0, size, {.inCorner = true});
+    OpenAt(1, places.Geometry(0).topLeft());
+    places.Raise(1);
+    EXPECT_THAT(places.Order(), ElementsAre(0, 1));
+    OpenAt(2, places.Geometry(0).topLeft() - QPoint(1, 0));
+    places.Raise(2);
+    places.SetHidden(1, true);
+    EXPECT_THAT(places.Seen(), ElementsAre(2, 0)) << "the corner is covered already";
+    places.SetHidden(1, false);
+    places.Raise(0);
+    OpenAt(3, places.Geometry(0).topLeft() - QPoint(1, 0));
+    places.Raise(3);
+    EXPECT_EQ(places.Above(3), std::vector<int>{0}) << "its left edge can be seen";
+}
+
 TEST_F(Places, NewWindowsLieOnTopWhereNothingIsShownInTheCorner) {
     places.Open(0, size, {.inCorner = true});
     places.SetHidden(0, true);
