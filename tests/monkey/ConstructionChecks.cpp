@@ -1,6 +1,7 @@
 #include "WindowChecks.h"
 #include "calc/LayerList.h"
 #include "calc/UValue.h"
+#include "edit/ConstructionEntry.h"
 #include "fuzz/Invariants.h"
 #include "ui/LayerList.h"
 #include "ui/STRATVMD.h"
@@ -77,7 +78,8 @@ private:
     }
 
     void RequireTexts() {
-        RequireField("NameText", record.name, "the name shown is the one stored");
+        // A file's name may have characters that nobody can enter.
+        RequireField("NameText", CleanEntry(record.name), "the name shown is the one stored");
         RequireThickness();
         RequireField("AbsorpText", view.absorpText, "the absorption shown is the current layer's");
         Require(Find<QLabel>("IndexText")->text() == QString::number(number),
