@@ -70,8 +70,9 @@ private:
     void RequireThickness() {
         const double thickness = record.window.shownThickness;
         const auto* field = Find<QLineEdit>("EditThick");
-        // Over a negative resistance, what was typed last stays in the field.
-        const bool isAsTyped = thickness < 0 && field->isModified();
+        // What was typed over a negative resistance stays in the field, also when a layer without a
+        // thickness takes its place.
+        const bool isAsTyped = CurrentLayer(record).thickness <= 0 && field->isModified();
         if (!isAsTyped)
             RequireField("EditThick", ThicknessText(thickness),
                          "the thickness shown is the one remembered");
