@@ -11,6 +11,7 @@
 #include <csignal>
 #include <filesystem>
 #include <iostream>
+#include <optional>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
@@ -21,12 +22,15 @@ namespace {
 
 namespace fs = std::filesystem;
 
+constexpr int mostEndedBefore = 20;
+
 /// What became of all kills.
 struct Tally {
     int kills = 0;
     int withWork = 0;                 ///< there were unsaved edits at that moment
     int unreadable = 0;               ///< copies
     int tooMuch = 0;                  ///< kills that cost more than they may
+    int endedBefore = 0;              ///< users whom a check of theirs ended before the kill
     std::vector<std::int64_t> losses; ///< ns between the first edit lost and the kill
 };
 
@@ -89,8 +93,10 @@ void Judge(const KillOptions& options, const std::string& folder, std::int64_t k
                   << (line.isUnsaved ? ", unsaved\n" : "\n");
 }
 
-/// The user works for a while from his first edit on, and is killed.
-std::int64_t LetWorkAndKill(pid_t user, const std::string& folder, std::chrono::milliseconds span) {
+/// The user works for a while from his first edit on, and is killed. Nothing when he ended by
+/// himself.
+std::optional<std::int64_t> LetWorkAndKill(pid_t user, const std::string& folder,
+                                           std::chrono::milliseconds span) {
     const auto patience = std::chrono::steady_clock::now() + std::chrono::seconds(60);
     while (EditLog::Read(LogIn(folder)).empty() && std::chrono::steady_clock::now() < patience)
         std::this_thread::sleep_for(std::chrono::milliseconds(5));
@@ -99,9 +105,8 @@ std::int64_t LetWorkAndKill(pid_t user, const std::string& folder, std::chrono::
     kill(user, SIGKILL);
     int status = 0;
     waitpid(user, &status, 0);
-    if (!WIFSIGNALED(status) || WTERMSIG(status) != SIGKILL)
-        throw std::runtime_error("a user ended by himself");
-    return killed;
+    const bool wasKilled = WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL;
+    return wasKilled ? std::optional(killed) : std::nullopt;
 }
 
 void Print(const KillOptions& options, Tally& tally) {
@@ -116,7 +121,8 @@ void Print(const KillOptions& options, Tally& tally) {
               << options.afterFirst << " ms; unsaved work at " << tally.withWork << " of them\n"
               << "copies unreadable: " << tally.unreadable << "\nmore than " << options.afterFirst
               << " ms of edits lost: " << tally.tooMuch << "\nlost: median " << part(0.5)
-              << " ms, 99 % " << part(0.99) << " ms, at most " << part(1) << " ms\n";
+              << " ms, 99 % " << part(0.99) << " ms, at most " << part(1)
+              << " ms\nusers ended by a check of theirs: " << tally.endedBefore << '\n';
 }
 
 } // namespace
@@ -132,21 +138,24 @@ int KillRandomly(const KillOptions& options,
     const std::string intervals =
         std::to_string(options.afterLast) + "," + std::to_string(options.afterFirst);
     setenv("STRATIVO_KEEP_INTERVALS", intervals.c_str(), 1);
-    for (int number = 0; number < options.kills; ++number) {
+    for (unsigned seed = options.seed; tally.kills < options.kills; ++seed) {
         std::string folder = (fs::temp_directory_path() / "strativo-kill-XXXXXX").string();
         if (mkdtemp(folder.data()) == nullptr)
             throw std::runtime_error("no temporary folder");
         const std::chrono::milliseconds span(dice.Below(3 * options.afterFirst));
         const pid_t child = fork();
         if (child == 0) {
-            user(options.seed + static_cast<unsigned>(number), folder);
+            user(seed, folder);
             _exit(0);
         }
-        Judge(options, folder, LetWorkAndKill(child, folder, span), tally);
+        if (const auto killed = LetWorkAndKill(child, folder, span))
+            Judge(options, folder, *killed, tally);
+        else if (++tally.endedBefore > mostEndedBefore)
+            throw std::runtime_error("too many users ended by themselves");
         fs::remove_all(folder);
     }
     Print(options, tally);
-    return tally.tooMuch + tally.unreadable;
+    return tally.tooMuch + tally.unreadable + tally.endedBefore;
 }
 
 } // namespace strativo::monkey

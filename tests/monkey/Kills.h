@@ -14,7 +14,8 @@ struct KillOptions {
 
 /// Lets random users work, each in a process that is killed at a random time, and looks for what
 /// is left of their work. The user is handed a seed, a folder for his files and the path of his
-/// log. Returns the number of kills that cost too much.
+/// log. A user whom one of his own checks ends is followed by another. Returns the number of kills
+/// that cost too much, of copies that cannot be read and of users who ended by themselves.
 int KillRandomly(const KillOptions& options,
                  const std::function<void(unsigned seed, const std::string& folder)>& user);
 
