@@ -57,22 +57,22 @@ int LatestActiveConstruction(const Project& project) {
     return latest;
 }
 
-void OpenConstructionWindow(Project& project) {
+void CreateUnnamedConstruction(Project& project) {
     const int number = FirstFreeConstructionSlot(project);
     NoteConstruction(project, number);
-    NameAction(project, "new construction" + SignPositionNumber(number));
     Construction& construction = project.constructions[number];
     construction = Construction();
-    construction.name = ConstructionTitle(number);
     construction.window.open = true;
     construction.window.opening = ++project.openings;
     ++project.constructionCount;
     ActivateConstruction(project, number);
 }
 
-void CreateUnnamedConstruction(Project& project) {
-    OpenConstructionWindow(project);
-    project.constructions[project.currentConstruction].name.clear();
+void OpenConstructionWindow(Project& project) {
+    CreateUnnamedConstruction(project);
+    const int number = project.currentConstruction;
+    NameAction(project, "new construction" + SignPositionNumber(number));
+    project.constructions[number].name = ConstructionTitle(number);
 }
 
 void RemoveConstruction(Project& project, int number) {

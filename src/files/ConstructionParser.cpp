@@ -1,15 +1,19 @@
 #include "files/ConstructionParser.h"
 
-#include "calc/LayerList.h"
+#include "edit/ConstructionSlots.h"
 #include "edit/GlassTypes.h"
 #include "files/CommentedLines.h"
 #include "files/GlassTables.h"
+#include "files/PartLine.h"
+#include "files/WorkAhead.h"
 #include "text/Lines.h"
-#include "text/Numbers.h"
 #include "text/RuntimeError.h"
 
-#include <cmath>
+#include <algorithm>
+#include <memory>
 #include <optional>
+#include <utility>
+#include <vector>
 
 namespace strativo {
 
@@ -26,6 +30,10 @@ std::optional<std::string> QuotedValue(std::string_view line) {
     return std::string(QuotedText(line));
 }
 
+bool IsPartLine(std::string_view line) {
+    return (line.starts_with('_') || Contains(line, '_')) && Contains(line, '=');
+}
+
 enum class Section {
     fileHead,
     standardLibrary,
@@ -35,6 +43,39 @@ enum class Section {
     glassType2D,
     none
 };
+
+/// What a line means depends on those before it.
+struct ParserState {
+    Section section = Section::fileHead;
+    bool atEndMark = false;
+    bool constructionOpen = false;
+    bool glassOpen = false;
+    bool glassIs2D = false;
+    /// As the last type line said, whatever construction it was in; nothing as long as none is
+    /// known.
+    std::optional<bool> transparent;
+};
+
+/// What reading a piece of the file ahead has given, up to the first line that is left to the
+/// parser.
+struct Piece {
+    std::size_t end = 0; ///< position in the file
+    int constructions = 0;
+    Project content;
+    ParserState state;
+};
+
+/// Thrown while reading ahead, at a line that means more than a construction.
+struct LeftToTheParser {};
+
+/// The beginnings of the pieces: lines that begin a construction, whatever stands before them.
+std::vector<std::size_t> PieceStarts(std::string_view bytes, std::size_t pieceBytes) {
+    constexpr std::string_view beginning = "\n!CONSTRUCTION";
+    std::vector<std::size_t> starts;
+    for (auto at = bytes.find(beginning); at != npos; at = bytes.find(beginning, at + pieceBytes))
+        starts.push_back(at + 1);
+    return starts;
+}
 
 /// Finds keywords, which start with an exclamation mark. Nearly all lines have at most one mark, so
 /// a line is scanned once and not once per keyword.
@@ -69,10 +110,17 @@ public:
     Parser(const Parser&) = delete;
     Parser& operator=(const Parser&) = delete;
 
-    ParsedFile Run() {
-        while (!atEndMark && !lines.AtEnd()) {
-            if (lines.Next() && Interpret(lines.Line()) && lines.Comment())
-                KeepComment(std::string(*lines.Comment()));
+    ParsedFile Run(std::string_view bytes, ReadingAhead ahead) {
+        state.transparent = false;
+        if (ahead.threads > 0)
+            pieceStarts = PieceStarts(bytes, ahead.pieceBytes);
+        const auto read = [&](std::size_t piece) { return ReadPiece(bytes, piece); };
+        WorkAhead<std::unique_ptr<Piece>> pieces(pieceStarts.size(), read, ahead.threads,
+                                                 pieceStarts.size());
+        while (!state.atEndMark && !lines.AtEnd()) {
+            if (IsAtPiece() && Adopt(*pieces.Take(nextPiece++)))
+                continue;
+            ReadLine();
             ReportProgress();
         }
         parsed.formatBad = lines.FormatBad();
@@ -80,10 +128,103 @@ public:
     }
 
 private:
+    void ReadLine() {
+        if (lines.Next() && Interpret(lines.Line()) && lines.Comment())
+            KeepComment(std::string(*lines.Comment()));
+    }
+
     void ReportProgress() {
         constexpr unsigned linesBetweenReports = 4096;
         if (++lineCount % linesBetweenReports == 0)
             events.progress(lines.Position(), total);
+    }
+
+    std::unique_ptr<Piece> ReadPiece(std::string_view bytes, std::size_t number) const {
+        auto piece = std::make_unique<Piece>();
+        const std::size_t start = pieceStarts[number];
+        const bool isLast = number + 1 == pieceStarts.size();
+        const std::size_t end = isLast ? bytes.size() : pieceStarts[number + 1];
+        ParserEvents none;
+        none.createConstruction = [&] { CreateUnnamedConstruction(piece->content); };
+        none.layerRefused = [] { throw LeftToTheParser(); };
+        Parser(bytes.substr(start, end - start), piece->content, none).ReadConstructions(*piece);
+        piece->end += start;
+        return piece;
+    }
+
+    void ReadConstructions(Piece& piece) {
+        isAhead = true;
+        try {
+            for (NoteProgress(piece); !lines.AtEnd(); NoteProgress(piece))
+                ReadLine();
+        } catch (const LeftToTheParser&) {
+        } catch (const RuntimeError&) {
+            // Whoever reads the line once more throws it again, in its turn.
+        }
+        piece.state = state;
+    }
+
+    void NoteProgress(Piece& piece) const {
+        piece.end = lines.Position();
+        piece.constructions = project.constructionCount;
+    }
+
+    void LeaveToTheParser() const {
+        if (isAhead)
+            throw LeftToTheParser();
+    }
+
+    bool IsAtPiece() {
+        const std::size_t position = lines.Position();
+        while (nextPiece < pieceStarts.size() && pieceStarts[nextPiece] < position)
+            ++nextPiece;
+        return nextPiece < pieceStarts.size() && pieceStarts[nextPiece] == position
+               && !state.glassOpen;
+    }
+
+    /// Does what reading its lines would do. False when none of them was read.
+    bool Adopt(Piece& piece) {
+        if (piece.constructions == 0)
+            return false;
+        MakeRoom(piece.constructions);
+        for (int number = 1; number <= piece.constructions; ++number)
+            AdoptConstruction(piece.content, number);
+        for (std::string& text : piece.content.comments.noSection)
+            project.comments.noSection.push_back(std::move(text));
+        project.userLibraryNeeded = project.userLibraryNeeded || piece.content.userLibraryNeeded;
+        piece.state.glassIs2D = state.glassIs2D;
+        if (!piece.state.transparent)
+            piece.state.transparent = state.transparent;
+        state = piece.state;
+        parsed.formatSeen = true;
+        lines.Following().GoTo(piece.end);
+        events.progress(piece.end, total);
+        return true;
+    }
+
+    /// A table that grows step by step is moved as often, and holds its content twice meanwhile.
+    void MakeRoom(int constructionsInPiece) {
+        if (std::exchange(hasRoom, true))
+            return;
+        constexpr std::size_t usualBytes = 256; // a construction with few layers
+        const std::size_t pieces = pieceStarts.size() - nextPiece + 1;
+        const std::size_t likely = std::min(
+            pieces * static_cast<std::size_t>(constructionsInPiece + 1), total / usualBytes);
+        project.constructions.Reserve(project.constructions.Size() + static_cast<int>(likely));
+    }
+
+    void AdoptConstruction(Project& source, int number) {
+        events.createConstruction();
+        Construction& read = source.constructions[number];
+        Construction& construction = project.constructions[project.currentConstruction];
+        construction.name = std::move(read.name);
+        construction.layers = std::move(read.layers);
+        construction.type = read.type;
+        construction.currentLayer = read.currentLayer;
+        construction.window.shownThickness = read.window.shownThickness;
+        for (const std::string& text : source.comments.constructions.Of(number))
+            project.comments.constructions.Add(project.currentConstruction, text);
+        parsed.lastConstruction = project.currentConstruction;
     }
 
     /// Dispatches on the first keyword found. False for a line whose comment is not kept.
@@ -91,9 +232,8 @@ private:
         const KeywordFinder keywords(line);
         if (keywords.HasAny() && ReadKeyword(keywords, line))
             return true;
-        if (constructionOpen && Contains(line, '_') && Contains(line, '=')) {
-            if (!ParsePartLine(line, transparent, project))
-                events.layerRefused();
+        if (state.constructionOpen && IsPartLine(line)) {
+            ReadPartLine(line);
             return false;
         }
         if (keywords.HasAny() && !Contains(line, '/') && !Contains(line, '}'))
@@ -103,7 +243,7 @@ private:
 
     bool ReadKeyword(const KeywordFinder& keywords, std::string_view line) {
         if (keywords.Has("!EOF"))
-            atEndMark = true;
+            ReadEndMark();
         else if (keywords.Has("!MATERIALS USER FILE"))
             ReadUserLibraryLine(line);
         else if (keywords.Has("!MATERIALS FILE"))
@@ -120,25 +260,39 @@ private:
         return true;
     }
 
+    void ReadEndMark() {
+        LeaveToTheParser();
+        state.atEndMark = true;
+    }
+
     void ReadGlassKeyword(std::string_view line) {
         if (Contains(line, "!WINDOW"))
             ReadWindowLine(line);
-        else if (glassOpen)
-            ReadAnnouncedTable(line, lines.Following(), project, glassIs2D);
+        else if (state.glassOpen)
+            ReadAnnouncedTable(line, lines.Following(), project, state.glassIs2D);
+    }
+
+    void ReadPartLine(std::string_view line) {
+        if (!state.transparent)
+            LeaveToTheParser();
+        if (!ParsePartLine(line, *state.transparent, project))
+            events.layerRefused();
     }
 
     void ReadUserLibraryLine(std::string_view line) {
+        LeaveToTheParser();
         if (auto path = QuotedValue(line))
             project.userLibraryFile = std::move(*path);
         parsed.userLineSeen = true;
-        section = Section::userLibrary;
+        state.section = Section::userLibrary;
     }
 
     void ReadStandardLibraryLine(std::string_view line) {
+        LeaveToTheParser();
         if (auto path = QuotedValue(line))
             project.standardLibraryFile = std::move(*path);
         parsed.standardLineSeen = true;
-        section = Section::standardLibrary;
+        state.section = Section::standardLibrary;
     }
 
     void ReadConstructionLine(std::string_view line) {
@@ -146,46 +300,49 @@ private:
         if (auto name = QuotedValue(line))
             project.constructions[project.currentConstruction].name = std::move(*name);
         parsed.lastConstruction = project.currentConstruction;
-        constructionOpen = true;
-        section = Section::construction;
+        state.constructionOpen = true;
+        state.section = Section::construction;
     }
 
     void ReadTypeLine(std::string_view line) {
-        transparent = Contains(line, "TRANSPARENT");
-        if (transparent && constructionOpen)
+        state.transparent = Contains(line, "TRANSPARENT");
+        if (*state.transparent && state.constructionOpen)
             project.constructions[project.currentConstruction].type = transparentType;
     }
 
     void ReadEndLine() {
-        if (constructionOpen)
-            constructionOpen = false;
-        else if (glassOpen)
-            glassOpen = false;
+        if (state.constructionOpen)
+            state.constructionOpen = false;
+        else if (state.glassOpen)
+            state.glassOpen = false;
         else
             return;
-        section = glassOpen ? GlassSection() : Section::none;
+        state.section = state.glassOpen ? GlassSection() : Section::none;
     }
 
-    Section GlassSection() const { return glassIs2D ? Section::glassType2D : Section::glassType; }
+    Section GlassSection() const {
+        return state.glassIs2D ? Section::glassType2D : Section::glassType;
+    }
 
     void ReadWindowLine(std::string_view line) {
+        LeaveToTheParser();
         const std::string name = QuotedValue(line).value_or("");
         parsed.formatSeen = true;
-        glassIs2D = IsSection2D(line);
-        if (glassIs2D) {
+        state.glassIs2D = IsSection2D(line);
+        if (state.glassIs2D) {
             AddGlassType2D(project, name);
             ++project.glassSectionsRead2D;
         } else {
             AddGlassType(project, name);
             ++project.glassSectionsRead;
         }
-        glassOpen = true;
-        section = GlassSection();
+        state.glassOpen = true;
+        state.section = GlassSection();
     }
 
     void KeepComment(std::string text) {
         Comments& comments = project.comments;
-        switch (section) {
+        switch (state.section) {
         case Section::fileHead:
             comments.fileHead.push_back(std::move(text));
             break;
@@ -216,74 +373,24 @@ private:
     const ParserEvents& events;
     ParsedFile parsed;
     unsigned lineCount = 0;
-    Section section = Section::fileHead;
-    bool atEndMark = false;
-    bool constructionOpen = false;
-    bool glassOpen = false;
-    bool glassIs2D = false;
-    bool transparent = false; ///< as the last type line said, whatever construction it was in
+    ParserState state;
+    std::vector<std::size_t> pieceStarts; ///< of those that are read ahead
+    std::size_t nextPiece = 0;
+    bool hasRoom = false;
+    bool isAhead = false;
 };
-
-/// Where the material number of a part line starts, and which library it refers to.
-PieceReader MaterialNumber(std::string_view line, Layer& layer) {
-    const auto at = line.find('@');
-    layer.library =
-        static_cast<std::int16_t>(at == npos ? standardLibraryNumber : userLibraryNumber);
-    const auto equals = line.find('=');
-    if (at == npos && equals == npos)
-        throw RuntimeError(ErrorNumber::invalidArgument);
-    PieceReader reader(line, (at == npos ? equals : at) + 1);
-    if (at == npos)
-        reader.SkipBlanks();
-    return reader;
-}
-
-double Millimetres(double metres) {
-    const double millimetres = metres * 1000;
-    if (!std::isfinite(millimetres))
-        throw RuntimeError(ErrorNumber::overflow);
-    return millimetres;
-}
-
-Layer ReadPart(std::string_view line, bool transparent) {
-    Layer layer;
-    PieceReader reader = MaterialNumber(line, layer);
-    if (reader.AtLastCharacter())
-        return layer;
-    layer.materialCode = ToInteger(LeadingNumber(reader.PieceBeforeBlank()));
-    if (layer.materialCode < 0)
-        layer.conductivity = layer.materialCode;
-    reader.SkipBlanksAndControls();
-    layer.thickness = Millimetres(LeadingNumber(reader.Piece()));
-    if (transparent) {
-        reader.SkipBlanks();
-        reader.Piece(); // a constant column of the simulation program
-        reader.SkipBlanks();
-        layer.absorption = ToSingle(LeadingNumber(reader.Piece()));
-    }
-    return layer;
-}
 
 } // namespace
 
-ParsedFile ParseConstructionFile(std::string_view bytes, Project& project,
-                                 const ParserEvents& events) {
-    return Parser(bytes, project, events).Run();
+ReadingAhead UsualReadingAhead(std::size_t bytes) {
+    constexpr std::size_t pieceBytes = std::size_t{1} << 17;
+    constexpr std::size_t worthIt = 4 * pieceBytes;
+    return {bytes < worthIt ? 0 : HelpingThreads(), pieceBytes};
 }
 
-bool ParsePartLine(std::string_view line, bool transparent, Project& project) {
-    // Before the numbers, which may be malformed, are read.
-    project.userLibraryNeeded = project.userLibraryNeeded || Contains(line, '@');
-    Layer layer = ReadPart(line, transparent);
-    Construction& construction = project.constructions[project.currentConstruction];
-    const int slot = construction.layers.HighestUsed() + 1;
-    if (slot > maxLayers)
-        return false;
-    layer.name = std::to_string(slot); // placeholder until the layer is linked to its library
-    construction.layers.Edit(slot) = std::move(layer);
-    construction.currentLayer = static_cast<std::int16_t>(slot);
-    RefreshLayerList(construction);
-    return true;
+ParsedFile ParseConstructionFile(std::string_view bytes, Project& project,
+                                 const ParserEvents& events, ReadingAhead ahead) {
+    return Parser(bytes, project, events).Run(bytes, ahead);
 }
 
 } // namespace strativo

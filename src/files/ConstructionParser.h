@@ -29,12 +29,23 @@ struct ParserEvents {
                                                                            std::size_t) {};
 };
 
-/// Parses the bytes of a construction file into the project, line by line, up to the end or a line
-/// with "!EOF". Throws run-time error 5 or 6; what was read before stays in the project.
-ParsedFile ParseConstructionFile(std::string_view bytes, Project& project,
-                                 const ParserEvents& events);
+/// How the constructions of a file are read on several processors.
+struct ReadingAhead {
+    unsigned threads = 0;       ///< beside the caller's
+    std::size_t pieceBytes = 0; ///< least size of what is read at a time
+};
 
-/// Adds one layer to the current construction; false for a 16th one. Throws run-time error 5 or 6.
-bool ParsePartLine(std::string_view line, bool transparent, Project& project);
+/// Files that are read in a moment are not read ahead.
+ReadingAhead UsualReadingAhead(std::size_t bytes);
+
+/// Parses the bytes of a construction file into the project, line by line, up to the end or a line
+/// with "!EOF". Throws run-time error 5 or 6; what was read before stays in the project. Reading
+/// ahead changes nothing but the time that it takes.
+ParsedFile ParseConstructionFile(std::string_view bytes, Project& project,
+                                 const ParserEvents& events, ReadingAhead ahead);
+inline ParsedFile ParseConstructionFile(std::string_view bytes, Project& project,
+                                        const ParserEvents& events) {
+    return ParseConstructionFile(bytes, project, events, UsualReadingAhead(bytes.size()));
+}
 
 } // namespace strativo

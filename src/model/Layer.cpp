@@ -8,7 +8,7 @@ namespace {
 
 /// Most constructions have no more layers than this, so that their slots need not be moved as they
 /// grow.
-constexpr std::size_t usualLayers = 8;
+constexpr std::size_t usualLayers = 6;
 
 void CheckSlot(int slot) {
     if (slot < LayerSlots::first || slot > LayerSlots::last)

@@ -51,6 +51,9 @@ public:
         return Size();
     }
 
+    /// Takes memory for so many slots at once.
+    void Reserve(int size) { items.reserve(static_cast<std::size_t>(size)); }
+
     /// Adds empty slots at the end, or drops the last ones.
     void Resize(int size) { items.resize(static_cast<std::size_t>(size)); }
 

@@ -15,6 +15,7 @@ public:
     /// The next line without its line feed; the last one may end without.
     std::string_view Next();
     std::size_t Position() const { return all.size() - rest.size(); }
+    void GoTo(std::size_t position) { rest = all.substr(position); }
 
 private:
     std::string_view all;

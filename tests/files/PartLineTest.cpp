@@ -1,4 +1,4 @@
-#include "files/ConstructionParser.h"
+#include "files/PartLine.h"
 #include "support/TestProject.h"
 #include "text/RuntimeError.h"
 
