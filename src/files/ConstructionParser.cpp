@@ -192,7 +192,6 @@ private:
         for (std::string& text : piece.content.comments.noSection)
             project.comments.noSection.push_back(std::move(text));
         project.userLibraryNeeded = project.userLibraryNeeded || piece.content.userLibraryNeeded;
-        piece.state.glassIs2D = state.glassIs2D;
         if (!piece.state.transparent)
             piece.state.transparent = state.transparent;
         state = piece.state;

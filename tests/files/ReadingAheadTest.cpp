@@ -158,6 +158,52 @@ INSTANTIATE_TEST_SUITE_P(Folders, ReadingAheadOf,
                          testing::Values("data/examples", "fuzz/corpus/ConstructionFile",
                                          "fuzz/corpus/WriteRead"));
 
+TEST(ReadingAhead, LinesInAnyOrderChangeNothing) {
+    static const std::vector<std::string> vocabulary = {"!CONSTRUCTION 'A'",
+                                                        "!CONSTRUCTION 'B' * of this one",
+                                                        "!CONSTRUCTION",
+                                                        "!CONSTRUCTION '!EOF'",
+                                                        "!TYPE OPAQUE",
+                                                        "!TYPE TRANSPARENT",
+                                                        "!PARTS",
+                                                        "_ 1 = 12 0.1 0",
+                                                        "_ 2 = 12 0.1 0 0.5",
+                                                        "_ 3 = @7 0.2 0 0.25",
+                                                        "_ 4 = 30 0 0 * name",
+                                                        "!END",
+                                                        "!END",
+                                                        "",
+                                                        "* a remark",
+                                                        "!WINDOW = 'G'",
+                                                        "!WINDOW 2D = 'H'",
+                                                        "!TRANSMISSION =",
+                                                        "0.5, 0.4, 0.3",
+                                                        "}",
+                                                        "!MATERIALS FILE = 's.lby'",
+                                                        "!EOF"};
+    int withErrors = 0;
+    int withRefused = 0;
+    for (unsigned seed = 1; seed <= 400; ++seed) {
+        std::mt19937 random(seed);
+        const std::size_t lines = 30 + random() % 300;
+        // Few seeds hold what ends the reading or needs a library's line.
+        const std::size_t words = vocabulary.size() - (seed % 4 == 0 ? 0 : 1 + seed % 8);
+        std::string text = "* head\n";
+        for (std::size_t line = 0; line < lines; ++line) {
+            const bool isPart = random() % 2 == 0;
+            text += vocabulary[isPart ? 7 + random() % 3 : random() % words] + '\n';
+            while (isPart && seed % 5 == 0 && random() % 9 != 0)
+                text += "_ 1 = 12 0.1 0\n";
+        }
+        ExpectTheSame(text, "seed " + std::to_string(seed));
+        const Outcome outcome = Read(text, {});
+        withErrors += outcome.error != 0 ? 1 : 0;
+        withRefused += outcome.events.find('!') != std::string::npos ? 1 : 0;
+    }
+    EXPECT_GT(withErrors, 10);
+    EXPECT_GT(withRefused, 10);
+}
+
 TEST(ReadingAhead, IsForFilesThatTakeTheirTime) {
     EXPECT_EQ(UsualReadingAhead(500'000).threads, 0U);
     EXPECT_GT(UsualReadingAhead(0).pieceBytes, 0U);
