@@ -59,9 +59,13 @@ bool IsRepeat(const QKeyEvent& press) {
     return Watch().IsRepeat(press);
 }
 
+bool LastPressRepeats() {
+    return Watch().LastRepeats();
+}
+
 void ActOncePerPress(QShortcut* shortcut, const std::function<void()>& action) {
     QObject::connect(shortcut, &QShortcut::activated, shortcut, [action] {
-        if (!Watch().LastRepeats())
+        if (!LastPressRepeats())
             action();
     });
 }

@@ -12,7 +12,7 @@
 #include "ui/About_Strativo.h"
 #include "ui/AccessKeys.h"
 #include "ui/ChildWindow.h"
-#include "ui/EnterKey.h"
+#include "ui/ButtonKeys.h"
 #include "ui/HelpViewer.h"
 #include "ui/KeyRepeat.h"
 #include "ui/MainWindowPlace.h"
@@ -61,7 +61,7 @@ UValueMDI::UValueMDI(QWidget* parent)
       area(new WindowArea([this](int id) { return MakeContent(id); },
                           [this](int id) { return ContentSize(id); }, this)) {
     WatchKeys();
-    new EnterKey(this);
+    new ButtonKeys(this);
     new Tips(this);
     constructionSize = UValue::FixedSize(*this);
     setObjectName(QStringLiteral("UValueMDI"));

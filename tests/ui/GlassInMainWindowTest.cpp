@@ -142,6 +142,19 @@ TEST_F(GlassInMainWindow, AddStartsInTheNameOfTheNewType) {
     EXPECT_TRUE(IsEnabled("SaveProject"));
 }
 
+TEST_F(GlassInMainWindow, AnAccessKeyActsBeforeTheNextKey) {
+    Open();
+    bool opened = false;
+    InBox([&](QWidget& editor) {
+        opened = true;
+        Type("NEW");
+        editor.findChild<QPushButton*>(QStringLiteral("OkBut"))->click();
+    });
+    Press(Qt::Key_A, Qt::AltModifier);
+    EXPECT_TRUE(opened);
+    EXPECT_THAT(Listed(), ElementsAre("CLEAR", "NEW"));
+}
+
 TEST_F(GlassInMainWindow, DeleteAsksInABoxWhoseNoLeavesTheEntrySelected) {
     Open();
     ClickLine(List(), 0);
