@@ -55,7 +55,11 @@ LayerListView ViewLayerList(const Construction& construction) {
 }
 
 bool ShowThickness(Construction& construction, ThicknessEvent event) {
-    const double thickness = CurrentLayer(construction).thickness;
+    return ShowThickness(construction, CurrentLayer(construction), event);
+}
+
+bool ShowThickness(Construction& construction, const Layer& current, ThicknessEvent event) {
+    const double thickness = current.thickness;
     const bool isShown = event == ThicknessEvent::entry || thickness > 0
                          || (event == ThicknessEvent::restore && thickness == 0)
                          || construction.currentLayer == 0;

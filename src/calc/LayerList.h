@@ -38,6 +38,8 @@ enum class ThicknessEvent {
 /// layer's thickness, the record stays as it is (false). A negative thickness is shown only by its
 /// entry.
 bool ShowThickness(Construction& construction, ThicknessEvent event);
+/// The same where the current layer is known and need not be looked for.
+bool ShowThickness(Construction& construction, const Layer& current, ThicknessEvent event);
 
 /// Whether the windows of both constructions would show the same.
 bool ShowTheSame(const Construction& a, const Construction& b);

@@ -41,7 +41,8 @@ enum class Section {
     construction,
     glassType,
     glassType2D,
-    none
+    none,
+    unknown ///< what stands before is not known
 };
 
 /// What a line means depends on those before it.
@@ -61,19 +62,24 @@ struct ParserState {
 struct Piece {
     std::size_t end = 0; ///< position in the file
     int constructions = 0;
+    bool formatSeen = false;
     Project content;
     ParserState state;
 };
 
-/// Thrown while reading ahead, at a line that means more than a construction.
+/// Thrown while reading ahead, at a line that means more than constructions and glass types.
 struct LeftToTheParser {};
 
-/// The beginnings of the pieces: lines that begin a construction, whatever stands before them.
+/// The beginnings of the pieces: lines that begin a construction or a glass type.
 std::vector<std::size_t> PieceStarts(std::string_view bytes, std::size_t pieceBytes) {
-    constexpr std::string_view beginning = "\n!CONSTRUCTION";
     std::vector<std::size_t> starts;
-    for (auto at = bytes.find(beginning); at != npos; at = bytes.find(beginning, at + pieceBytes))
-        starts.push_back(at + 1);
+    for (auto at = bytes.find("\n!"); at != npos; at = bytes.find("\n!", at)) {
+        const std::string_view rest = bytes.substr(++at);
+        if (rest.starts_with("!CONSTRUCTION") || rest.starts_with("!WINDOW")) {
+            starts.push_back(at);
+            at += pieceBytes;
+        }
+    }
     return starts;
 }
 
@@ -154,6 +160,7 @@ private:
 
     void ReadConstructions(Piece& piece) {
         isAhead = true;
+        state.section = Section::unknown;
         try {
             for (NoteProgress(piece); !lines.AtEnd(); NoteProgress(piece))
                 ReadLine();
@@ -162,6 +169,7 @@ private:
             // Whoever reads the line once more throws it again, in its turn.
         }
         piece.state = state;
+        piece.formatSeen = parsed.formatSeen;
     }
 
     void NoteProgress(Piece& piece) const {
@@ -179,23 +187,26 @@ private:
         while (nextPiece < pieceStarts.size() && pieceStarts[nextPiece] < position)
             ++nextPiece;
         return nextPiece < pieceStarts.size() && pieceStarts[nextPiece] == position
-               && !state.glassOpen;
+               && !state.constructionOpen && !state.glassOpen;
     }
 
     /// Does what reading its lines would do. False when none of them was read.
     bool Adopt(Piece& piece) {
-        if (piece.constructions == 0)
+        if (piece.end == lines.Position())
             return false;
         MakeRoom(piece.constructions);
         for (int number = 1; number <= piece.constructions; ++number)
             AdoptConstruction(piece.content, number);
+        AdoptGlassTypes(piece.content);
         for (std::string& text : piece.content.comments.noSection)
             project.comments.noSection.push_back(std::move(text));
         project.userLibraryNeeded = project.userLibraryNeeded || piece.content.userLibraryNeeded;
+        parsed.formatSeen = parsed.formatSeen || piece.formatSeen;
+        if (piece.state.section == Section::unknown)
+            piece.state.section = state.section;
         if (!piece.state.transparent)
             piece.state.transparent = state.transparent;
         state = piece.state;
-        parsed.formatSeen = true;
         lines.Following().GoTo(piece.end);
         events.progress(piece.end, total);
         return true;
@@ -224,6 +235,34 @@ private:
         for (const std::string& text : source.comments.constructions.Of(number))
             project.comments.constructions.Add(project.currentConstruction, text);
         parsed.lastConstruction = project.currentConstruction;
+    }
+
+    void AdoptGlassTypes(Project& source) {
+        const Comments& read = source.comments;
+        Comments& own = project.comments;
+        // A piece fills its slots in order, so the current type is the last one.
+        if (source.glassSectionsRead > 0)
+            for (int number = 1; number <= source.currentGlassType; ++number) {
+                AddGlassType(project, "");
+                AdoptGlassType(source.glassTypes[number], read.glassTypes.Of(number),
+                               project.currentGlassType, project.glassTypes, own.glassTypes);
+            }
+        if (source.glassSectionsRead2D > 0)
+            for (int number = 1; number <= source.currentGlassType2D; ++number) {
+                AddGlassType2D(project, "");
+                AdoptGlassType(source.glassTypes2D[number], read.glassTypes2D.Of(number),
+                               project.currentGlassType2D, project.glassTypes2D, own.glassTypes2D);
+            }
+        project.glassSectionsRead += source.glassSectionsRead;
+        project.glassSectionsRead2D += source.glassSectionsRead2D;
+    }
+
+    template <class Glass>
+    static void AdoptGlassType(Glass& read, const CommentLines& texts, int number,
+                               NumberedList<Glass>& types, OwnedComments& comments) {
+        types[number] = std::move(read);
+        for (const std::string& text : texts)
+            comments.Add(number, text);
     }
 
     /// Dispatches on the first keyword found. False for a line whose comment is not kept.
@@ -268,7 +307,14 @@ private:
         if (Contains(line, "!WINDOW"))
             ReadWindowLine(line);
         else if (state.glassOpen)
-            ReadAnnouncedTable(line, lines.Following(), project, state.glassIs2D);
+            ReadTable(line);
+    }
+
+    /// A table goes on over whatever lines follow, also those of the next piece.
+    void ReadTable(std::string_view line) {
+        ReadAnnouncedTable(line, lines.Following(), project, state.glassIs2D);
+        if (lines.AtEnd())
+            LeaveToTheParser();
     }
 
     void ReadPartLine(std::string_view line) {
@@ -324,7 +370,6 @@ private:
     }
 
     void ReadWindowLine(std::string_view line) {
-        LeaveToTheParser();
         const std::string name = QuotedValue(line).value_or("");
         parsed.formatSeen = true;
         state.glassIs2D = IsSection2D(line);
@@ -359,6 +404,9 @@ private:
             break;
         case Section::glassType2D:
             comments.glassTypes2D.Add(project.currentGlassType2D, std::move(text));
+            break;
+        case Section::unknown:
+            LeaveToTheParser();
             break;
         case Section::none:
             comments.noSection.push_back(std::move(text));

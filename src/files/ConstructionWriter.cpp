@@ -1,13 +1,16 @@
 #include "files/ConstructionWriter.h"
 
 #include "calc/CavityTypes.h"
+#include "files/WorkAhead.h"
 #include "text/Numbers.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <functional>
 #include <limits>
 #include <string_view>
+#include <vector>
 
 namespace strativo {
 
@@ -27,19 +30,71 @@ const NumberPattern& PatternOfThickness(const Layer& layer) {
 
 class Writer {
 public:
-    Writer(const Project& source, const ByteSink& sink) : project(source), out(sink) {}
+    Writer(const Project& source, const ByteSink& taker)
+        : project(source), sink(taker), out(taker) {}
 
     void Run() {
         WriteLibraries();
-        for (const int number : ConstructionsInUse(project))
-            WriteConstruction(number);
-        WriteGlassTypes(project.glassTypes, project.comments.glassTypes, "!WINDOW = '");
-        WriteGlassTypes(project.glassTypes2D, project.comments.glassTypes2D, "!WINDOW 2D = '");
+        WritePieces();
         WriteComments(project.comments.noSection);
         out.Flush();
     }
 
 private:
+    /// Writes a part of the file.
+    using Piece = std::function<void(Writer&)>;
+
+    std::vector<Piece> Pieces() const {
+        constexpr int constructions = 128; // so that pieces are of like size, some 60 kB
+        constexpr int glassTypes = 64;
+        constexpr int glassTypes2D = 8;
+        std::vector<Piece> pieces;
+        AddPieces(pieces, project.constructions, constructions, &Writer::WriteConstructions);
+        AddPieces(pieces, project.glassTypes, glassTypes, &Writer::WriteGlassTypes);
+        AddPieces(pieces, project.glassTypes2D, glassTypes2D, &Writer::WriteGlassTypes2D);
+        return pieces;
+    }
+
+    template <class Record>
+    static void AddPieces(std::vector<Piece>& pieces, const NumberedList<Record>& records, int each,
+                          void (Writer::*write)(int first, int last)) {
+        for (int first = 1; first <= records.Size(); first += each) {
+            const int last = std::min(first + each - 1, records.Size());
+            pieces.push_back([=](Writer& writer) { (writer.*write)(first, last); });
+        }
+    }
+
+    void WritePieces() {
+        constexpr std::size_t worthIt = 8;
+        const std::vector<Piece> pieces = Pieces();
+        if (pieces.size() < worthIt || HelpingThreads() == 0) {
+            for (const Piece& piece : pieces)
+                piece(*this);
+        } else {
+            WriteAhead(pieces);
+        }
+    }
+
+    /// Several processors format the pieces, while this one writes them in their order.
+    void WriteAhead(const std::vector<Piece>& pieces) {
+        constexpr std::size_t distance = 16; // few enough to stay in the processor's cache
+        out.Flush();
+        WorkAhead<std::string> texts(
+            pieces.size(), [&](std::size_t number) { return TextOf(pieces[number]); },
+            HelpingThreads(), distance);
+        for (std::size_t number = 0; number < pieces.size(); ++number)
+            sink(texts.Take(number));
+    }
+
+    std::string TextOf(const Piece& piece) const {
+        std::string text;
+        const ByteSink append = [&text](std::string_view bytes) { text += bytes; };
+        Writer writer(project, append);
+        piece(writer);
+        writer.out.Flush();
+        return text;
+    }
+
     void Line(std::string_view a, std::string_view b = "", std::string_view c = "") {
         out.Put(a);
         out.Put(b);
@@ -61,6 +116,21 @@ private:
             WriteComments(project.comments.userLibrary);
         }
         Line("");
+    }
+
+    void WriteConstructions(int first, int last) {
+        for (int number = first; number <= last; ++number)
+            if (InUse(project, number))
+                WriteConstruction(number);
+    }
+
+    void WriteGlassTypes(int first, int last) {
+        WriteGlass(project.glassTypes, first, last, project.comments.glassTypes, "!WINDOW = '");
+    }
+
+    void WriteGlassTypes2D(int first, int last) {
+        WriteGlass(project.glassTypes2D, first, last, project.comments.glassTypes2D,
+                   "!WINDOW 2D = '");
     }
 
     void WriteConstruction(int number) {
@@ -119,10 +189,12 @@ private:
     }
 
     template <class Glass>
-    void WriteGlassTypes(const NumberedList<Glass>& types, const OwnedComments& comments,
-                         std::string_view keyword) {
-        for (const int number : NamedGlassTypes(types)) {
+    void WriteGlass(const NumberedList<Glass>& types, int first, int last,
+                    const OwnedComments& comments, std::string_view keyword) {
+        for (int number = first; number <= last; ++number) {
             const Glass& type = types[number];
+            if (type.name.empty())
+                continue;
             Line(keyword, type.name, "'");
             WriteComments(comments.Of(number));
             Line("!TRANSMISSION =");
@@ -158,6 +230,7 @@ private:
     }
 
     const Project& project;
+    const ByteSink& sink;
     OutputBuffer out;
 };
 

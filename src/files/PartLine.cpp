@@ -65,9 +65,9 @@ bool ParsePartLine(std::string_view line, bool transparent, Project& project) {
     if (slot > maxLayers)
         return false;
     layer.name = std::to_string(slot); // placeholder until the layer is linked to its library
-    construction.layers.Edit(slot) = std::move(layer);
     construction.currentLayer = static_cast<std::int16_t>(slot);
-    RefreshLayerList(construction);
+    ShowThickness(construction, layer, ThicknessEvent::refresh);
+    construction.layers.Edit(slot) = std::move(layer);
     return true;
 }
 

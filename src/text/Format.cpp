@@ -101,16 +101,15 @@ int DigitCount(std::uint32_t value) {
     return count;
 }
 
-/// Formats a number given without its point, which has the pattern's maximum of decimals.
-char* PutScaled(char* place, std::uint32_t scaled, const NumberPattern& pattern) {
-    const auto decimals = static_cast<std::size_t>(pattern.maxDecimals);
-    const auto unit = static_cast<std::uint32_t>(powersOfTen[decimals]);
-    const std::uint32_t whole = scaled / unit;
+/// Formats a number whose decimals are given as a whole number; they have the pattern's maximum of
+/// digits.
+char* PutParts(char* place, std::uint32_t whole, std::uint32_t decimals,
+               const NumberPattern& pattern) {
     char* end = PutDigits(place, whole, std::max(DigitCount(whole), pattern.minWhole));
-    if (decimals == 0)
+    if (pattern.maxDecimals == 0)
         return end;
     *end++ = '.';
-    end = PutDigits(end, scaled % unit, pattern.maxDecimals);
+    end = PutDigits(end, decimals, pattern.maxDecimals);
     for (int shown = pattern.maxDecimals; shown > pattern.minDecimals && end[-1] == '0'; --shown)
         --end;
     return end;
@@ -131,7 +130,15 @@ char* TryScaled(char* place, double magnitude, const NumberPattern& pattern) {
     const double rest = scaled - static_cast<double>(below);
     if (std::abs(rest - 0.5) < clearOfHalf)
         return nullptr;
-    return PutScaled(place, below + (rest > 0.5 ? 1 : 0), pattern);
+    // Without a division, which would take as long as all the digits.
+    const auto unit = static_cast<std::uint32_t>(powersOfTen[places]);
+    auto whole = static_cast<std::uint32_t>(magnitude);
+    std::uint32_t decimals = below + (rest > 0.5 ? 1 : 0) - whole * unit;
+    if (decimals >= unit) {
+        decimals -= unit;
+        ++whole;
+    }
+    return PutParts(place, whole, decimals, pattern);
 }
 
 std::string FormatDecimal(double magnitude, const NumberPattern& pattern) {

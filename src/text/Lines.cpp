@@ -77,7 +77,8 @@ std::string_view QuotedText(std::string_view line) {
 }
 
 void PieceReader::SkipBlanks() {
-    position = std::min(text.find_first_not_of(" \t", position), text.size());
+    while (position < text.size() && (text[position] == ' ' || text[position] == '\t'))
+        ++position;
 }
 
 void PieceReader::SkipBlanksAndControls() {
