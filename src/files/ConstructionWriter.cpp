@@ -45,7 +45,7 @@ private:
     using Piece = std::function<void(Writer&)>;
 
     std::vector<Piece> Pieces() const {
-        constexpr int constructions = 128; // so that pieces are of like size, some 60 kB
+        constexpr int constructions = 100; // so that pieces fit into one buffer, some 50 kB
         constexpr int glassTypes = 64;
         constexpr int glassTypes2D = 8;
         std::vector<Piece> pieces;
@@ -179,7 +179,8 @@ private:
             out.Put(" ");
             name.remove_prefix(end + 1);
         }
-        Line(name);
+        out.Put(name);
+        out.Put("\r\n");
     }
 
     void WriteThickness(const Layer& layer) {

@@ -153,16 +153,20 @@ std::string FormatDecimal(double magnitude, const NumberPattern& pattern) {
     return out;
 }
 
+/// Apart from the usual way, which needs no memory of its own.
+[[gnu::noinline]] char* PutExactly(char* place, double magnitude, const NumberPattern& pattern) {
+    const std::string digits = FormatDecimal(magnitude, pattern);
+    return std::copy(digits.begin(), digits.end(), place);
+}
+
 } // namespace
 
 char* PutNumber(char* place, double value, NumberPattern pattern) {
     if (value < 0)
         *place++ = '-';
     const double magnitude = std::abs(value);
-    if (char* const end = TryScaled(place, magnitude, pattern))
-        return end;
-    const std::string digits = FormatDecimal(magnitude, pattern);
-    return std::copy(digits.begin(), digits.end(), place);
+    char* const end = TryScaled(place, magnitude, pattern);
+    return end != nullptr ? end : PutExactly(place, magnitude, pattern);
 }
 
 std::string FormatNumber(double value, NumberPattern pattern) {
