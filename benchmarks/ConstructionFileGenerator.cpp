@@ -110,7 +110,7 @@ private:
         const int material = Below(materialCount);
         Append(constructions, "_ %d =       %d      %.3f   ", slot, MaterialCode(material),
                Pick(millimetres) / 1000.0);
-        AppendLayerEnd(transparent ? 0.02 + Below(50) / 100.0 : -1, MaterialName(material));
+        AppendLayerEnd(transparent ? 0.02 + Below(14) / 100.0 : -1, MaterialName(material));
     }
 
     void AppendCavity(int slot, bool transparent) {
@@ -180,10 +180,11 @@ std::string MakeConstructionFile(const GeneratedFile& content) {
 
 std::string MakeStandardLibrary(int materials) {
     std::string out;
-    for (int i = 0; i < std::min(materials, materialCount); ++i)
+    for (int i = 0; i < std::min(materials, materialCount); ++i) {
+        const int density = 400 + i * 53 % materialCount * 20;
         Append(out, "%d'%s' %.3f %d %d\r\n", MaterialCode(i), MaterialName(i).c_str(),
-               0.025 + i * 37 % materialCount / 50.0, 20 + i * 53 % materialCount * 25,
-               800 + i * 11 % materialCount * 8);
+               0.02 + 0.0004 * density, density, 800 + i * 11 % materialCount * 8);
+    }
     return out;
 }
 

@@ -2,6 +2,7 @@
 
 #include "files/LayerPlausibility.h"
 #include "files/SaveChecks.h"
+#include "files/WorkAhead.h"
 #include "text/Format.h"
 #include "text/Numbers.h"
 #include "text/Windows1252.h"
@@ -35,65 +36,99 @@ MaterialCodes CodesOf(const MaterialLibrary& library) {
 
 class ConstructionChecks {
 public:
-    ConstructionChecks(const Project& source, std::vector<Finding>& target)
-        : project(source), findings(target), standardCodes(CodesOf(source.standardLibrary)),
-          userCodes(CodesOf(source.userLibrary)) {}
+    explicit ConstructionChecks(const Project& source)
+        : project(source), standardCodes(CodesOf(source.standardLibrary)),
+          userCodes(CodesOf(source.userLibrary)), zeroThickness(ZeroThicknessConstructions(source)),
+          zeroAbsorption(ZeroAbsorptionConstructions(source)) {
+        for (const int number : ConstructionsInUse(source))
+            numbers.push_back(number);
+        LookForNames();
+    }
 
-    void Run() {
-        const std::vector<int> zeroThickness = ZeroThicknessConstructions(project);
-        const std::vector<int> zeroAbsorption = ZeroAbsorptionConstructions(project);
-        for (const int number : ConstructionsInUse(project)) {
-            if (std::binary_search(zeroThickness.begin(), zeroThickness.end(), number))
-                Add("zero-thickness", number, "at least one zero thickness");
-            if (std::binary_search(zeroAbsorption.begin(), zeroAbsorption.end(), number))
-                Add("zero-absorption", number, "a total absorption equal to zero");
-            if (LayerCount(project.constructions[number]) == 0)
-                Add("no-layers", number, "no layers");
-            CheckName(number);
-            for (const BrokenRule& rule : RulesBrokenByConstruction(project.constructions[number]))
-                Add(rule.rule, number, rule.text);
-            CheckLayers(number);
-        }
+    /// Large projects are looked at by several processors.
+    std::vector<Finding> Run() const {
+        constexpr std::size_t each = 512;
+        const std::size_t pieces = (numbers.size() + each - 1) / each;
+        const auto check = [this](std::size_t piece) {
+            return FindingsIn(piece * each, std::min((piece + 1) * each, numbers.size()));
+        };
+        WorkAhead<std::vector<Finding>> work(pieces, check, pieces > 1 ? HelpingThreads() : 0,
+                                             pieces);
+        std::vector<Finding> findings;
+        for (std::size_t piece = 0; piece < pieces; ++piece)
+            for (Finding& finding : work.Take(piece))
+                findings.push_back(std::move(finding));
+        return findings;
     }
 
 private:
-    void Add(const char* rule, int number, const std::string& text, int layer = 0) {
+    /// Notes for each construction the first one of the same name.
+    void LookForNames() {
+        std::unordered_map<std::string, int> numbersByName;
+        for (const int number : numbers)
+            firstOfName.push_back(
+                numbersByName
+                    .emplace(LowerCase(Trimmed(project.constructions[number].name)), number)
+                    .first->second);
+    }
+
+    std::vector<Finding> FindingsIn(std::size_t first, std::size_t end) const {
+        std::vector<Finding> findings;
+        for (std::size_t index = first; index < end; ++index)
+            CheckConstruction(index, findings);
+        return findings;
+    }
+
+    void CheckConstruction(std::size_t index, std::vector<Finding>& findings) const {
+        const int number = numbers[index];
+        const Construction& construction = project.constructions[number];
+        const auto add = [&](const char* rule, const std::string& text, int layer = 0) {
+            findings.push_back(FindingAt(rule, number, text, layer));
+        };
+        if (std::binary_search(zeroThickness.begin(), zeroThickness.end(), number))
+            add("zero-thickness", "at least one zero thickness");
+        if (std::binary_search(zeroAbsorption.begin(), zeroAbsorption.end(), number))
+            add("zero-absorption", "a total absorption equal to zero");
+        if (LayerCount(construction) == 0)
+            add("no-layers", "no layers");
+        if (firstOfName[index] != number)
+            add("duplicate-name",
+                "construction" + SignPositionNumber(firstOfName[index]) + " has this name too");
+        for (const BrokenRule& rule : RulesBrokenByConstruction(construction))
+            add(rule.rule, rule.text);
+        for (const int slot : FilledSlots(construction)) {
+            const Layer& layer = construction.layers[slot];
+            for (const BrokenRule& rule :
+                 RulesBrokenByLayer(layer, construction.type, IsLinked(layer)))
+                add(rule.rule, rule.text, slot);
+        }
+    }
+
+    Finding FindingAt(const char* rule, int number, const std::string& text, int layer) const {
         const std::string& name = project.constructions[number].name;
         std::string place;
         if (layer > 0)
             place = ", layer" + SignPositionNumber(layer);
-        findings.push_back({.rule = rule,
-                            .construction = number,
-                            .layer = layer,
-                            .name = name,
-                            .text = "Construction" + SignPositionNumber(number) + Quoted(name)
-                                    + place + ": " + text});
+        return {.rule = rule,
+                .construction = number,
+                .layer = layer,
+                .name = name,
+                .text = "Construction" + SignPositionNumber(number) + Quoted(name) + place + ": "
+                        + text};
     }
 
-    void CheckName(int number) {
-        const auto [first, isNew] =
-            numbersByName.emplace(LowerCase(Trimmed(project.constructions[number].name)), number);
-        if (!isNew)
-            Add("duplicate-name", number,
-                "construction" + SignPositionNumber(first->second) + " has this name too");
-    }
-
-    void CheckLayers(int number) {
-        const Construction& construction = project.constructions[number];
-        for (const int slot : FilledSlots(construction)) {
-            const Layer& layer = construction.layers[slot];
-            const bool user = layer.library == userLibraryNumber;
-            const bool linked = (user ? userCodes : standardCodes).contains(layer.materialCode);
-            for (const BrokenRule& rule : RulesBrokenByLayer(layer, construction.type, linked))
-                Add(rule.rule, number, rule.text, slot);
-        }
+    bool IsLinked(const Layer& layer) const {
+        const bool user = layer.library == userLibraryNumber;
+        return (user ? userCodes : standardCodes).contains(layer.materialCode);
     }
 
     const Project& project;
-    std::vector<Finding>& findings;
     const MaterialCodes standardCodes;
     const MaterialCodes userCodes;
-    std::unordered_map<std::string, int> numbersByName; ///< first type of each trimmed name
+    const std::vector<int> zeroThickness;
+    const std::vector<int> zeroAbsorption;
+    std::vector<int> numbers;     ///< of the constructions in use
+    std::vector<int> firstOfName; ///< for each of them
 };
 
 struct TablePlace {
@@ -193,8 +228,7 @@ private:
 } // namespace
 
 std::vector<Finding> FindingsOf(const Project& project) {
-    std::vector<Finding> findings;
-    ConstructionChecks(project, findings).Run();
+    std::vector<Finding> findings = ConstructionChecks(project).Run();
     GlassChecks(project.glassTypes, "Glass type", findings).Run();
     GlassChecks(project.glassTypes2D, "Two-dimensional glass type", findings).Run();
     return findings;

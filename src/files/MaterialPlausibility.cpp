@@ -53,16 +53,16 @@ public:
     }
 
 private:
-    void CheckSign(const std::string& quantity, double value) {
+    void CheckSign(const char* quantity, double value) {
         if (value < 0)
-            broken.push_back(
-                {"negative-value", quantity + " " + FormatGeneral(value) + " is negative"});
+            broken.push_back({"negative-value",
+                              std::string(quantity) + " " + FormatGeneral(value) + " is negative"});
     }
 
-    void CheckRange(const char* rule, const std::string& quantity, double value, const char* unit,
+    void CheckRange(const char* rule, const char* quantity, double value, const char* unit,
                     double least, double most) {
         if (value > 0 && !IsBetween(value, least, most))
-            broken.push_back({rule, quantity + " " + FormatGeneral(value) + " " + unit
+            broken.push_back({rule, std::string(quantity) + " " + FormatGeneral(value) + " " + unit
                                         + " is not between " + FormatGeneral(least) + " and "
                                         + FormatGeneral(most)});
     }

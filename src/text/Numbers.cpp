@@ -101,6 +101,24 @@ double AnyNumber(std::string_view digits) {
     return 0;
 }
 
+/// The decimal of up to six digits that rounds to the float, if there is one. There is no second
+/// one, since floats lie closer together than such decimals: it is the shortest.
+std::optional<double> SixDigits(float value) {
+    constexpr double least = 1e-3;
+    constexpr double beyond = 1e6;
+    const double magnitude = std::abs(static_cast<double>(value));
+    if (!(magnitude >= least && magnitude < beyond))
+        return std::nullopt;
+    std::size_t decimals = 6;
+    for (double bound = 1; magnitude >= bound; bound *= 10)
+        --decimals;
+    const double decimal =
+        std::nearbyint(magnitude * powersOfTen[decimals]) / powersOfTen[decimals];
+    if (static_cast<double>(static_cast<float>(decimal)) != magnitude)
+        return std::nullopt;
+    return std::copysign(decimal, value);
+}
+
 double WithSignOf(std::string_view number, double magnitude) {
     return number.starts_with('-') ? -magnitude : magnitude;
 }
@@ -141,6 +159,8 @@ float ToSingle(double value) {
 }
 
 double AsDecimal(float value) {
+    if (const std::optional<double> decimal = SixDigits(value))
+        return *decimal;
     std::array<char, 32> text{};
     // Without an exponent, large numbers would be written with more digits than they need.
     const auto end =

@@ -1,5 +1,6 @@
 #include "text/Numbers.h"
 
+#include <charconv>
 #include <cmath>
 #include <cstdint>
 #include <cstring>
@@ -23,6 +24,30 @@ TEST(AsDecimal, IsTheShortestDecimalOfALargeFloatToo) {
     EXPECT_EQ(AsDecimal(123456789.0F), 123456790.0);
     EXPECT_EQ(AsDecimal(-87654321.0F), -87654320.0);
     EXPECT_EQ(AsDecimal(1e20F), 1e20);
+}
+
+double ByDigits(float value) {
+    char text[32];
+    const auto end = std::to_chars(text, text + sizeof text, value, std::chars_format::scientific);
+    double decimal = 0;
+    std::from_chars(text, end.ptr, decimal);
+    return decimal;
+}
+
+TEST(AsDecimal, IsThatOfTheDigitsForFewAndForManyOfThem) {
+    for (const double unit : {1e-6, 1e-3, 0.01, 1.0, 7.0, 1000.0})
+        for (int count = 0; count < 30000; ++count) {
+            const auto value = static_cast<float>(count * unit);
+            for (const float near : {value, std::nextafter(value, 1e30F), -value}) {
+                ASSERT_EQ(AsDecimal(near), ByDigits(near)) << count << " * " << unit;
+            }
+        }
+    std::mt19937 random(2);
+    std::uniform_real_distribution<float> exponents(-4, 7);
+    for (int i = 0; i < 300000; ++i) {
+        const float value = std::pow(10.0F, exponents(random));
+        ASSERT_EQ(AsDecimal(value), ByDigits(value)) << value;
+    }
 }
 
 TEST(AsDecimal, ReadsBackToTheSameFloat) {
