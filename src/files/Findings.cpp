@@ -8,6 +8,9 @@
 #include "text/Windows1252.h"
 
 #include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <limits>
 #include <unordered_map>
 #include <unordered_set>
 
@@ -24,22 +27,31 @@ std::string_view Trimmed(std::string_view text) {
     return text.substr(0, text.find_last_not_of(' ') + 1);
 }
 
-using MaterialCodes = std::unordered_set<double>;
+/// The codes of a library's materials that layers can have. Looked up for every layer.
+class MaterialCodes {
+public:
+    explicit MaterialCodes(const MaterialLibrary& library)
+        : isThere(std::numeric_limits<std::int16_t>::max() + 1) {
+        const int count = MaterialCount(library);
+        for (int slot = 1; slot <= count; ++slot) {
+            const double code = library[slot].code;
+            if (code >= 0 && code < static_cast<double>(isThere.size()) && code == std::floor(code))
+                isThere[static_cast<std::size_t>(code)] = true;
+        }
+    }
 
-MaterialCodes CodesOf(const MaterialLibrary& library) {
-    MaterialCodes codes;
-    const int count = MaterialCount(library);
-    for (int slot = 1; slot <= count; ++slot)
-        codes.insert(library[slot].code);
-    return codes;
-}
+    bool Has(std::int16_t code) const {
+        return code >= 0 && isThere[static_cast<std::size_t>(code)];
+    }
+
+private:
+    std::vector<bool> isThere;
+};
 
 class ConstructionChecks {
 public:
     explicit ConstructionChecks(const Project& source)
-        : project(source), standardCodes(CodesOf(source.standardLibrary)),
-          userCodes(CodesOf(source.userLibrary)), zeroThickness(ZeroThicknessConstructions(source)),
-          zeroAbsorption(ZeroAbsorptionConstructions(source)) {
+        : project(source), standardCodes(source.standardLibrary), userCodes(source.userLibrary) {
         for (const int number : ConstructionsInUse(source))
             numbers.push_back(number);
         LookForNames();
@@ -64,7 +76,7 @@ public:
 private:
     /// Notes for each construction the first one of the same name.
     void LookForNames() {
-        std::unordered_map<std::string, int> numbersByName;
+        std::unordered_map<std::string, int> numbersByName(numbers.size());
         for (const int number : numbers)
             firstOfName.push_back(
                 numbersByName
@@ -85,9 +97,9 @@ private:
         const auto add = [&](const char* rule, const std::string& text, int layer = 0) {
             findings.push_back(FindingAt(rule, number, text, layer));
         };
-        if (std::binary_search(zeroThickness.begin(), zeroThickness.end(), number))
+        if (HasZeroThickness(construction))
             add("zero-thickness", "at least one zero thickness");
-        if (std::binary_search(zeroAbsorption.begin(), zeroAbsorption.end(), number))
+        if (HasZeroAbsorption(construction))
             add("zero-absorption", "a total absorption equal to zero");
         if (LayerCount(construction) == 0)
             add("no-layers", "no layers");
@@ -119,14 +131,12 @@ private:
 
     bool IsLinked(const Layer& layer) const {
         const bool user = layer.library == userLibraryNumber;
-        return (user ? userCodes : standardCodes).contains(layer.materialCode);
+        return (user ? userCodes : standardCodes).Has(layer.materialCode);
     }
 
     const Project& project;
     const MaterialCodes standardCodes;
     const MaterialCodes userCodes;
-    const std::vector<int> zeroThickness;
-    const std::vector<int> zeroAbsorption;
     std::vector<int> numbers;     ///< of the constructions in use
     std::vector<int> firstOfName; ///< for each of them
 };
@@ -244,8 +254,8 @@ std::string CurrentLayerFinding(const Project& project) {
     const Layer& layer = construction.layers[slot];
     const MaterialLibrary& library = Library(project, layer.library);
     std::string text;
-    for (const BrokenRule& rule : RulesBrokenByLayer(layer, construction.type,
-                                                     CodesOf(library).contains(layer.materialCode)))
+    for (const BrokenRule& rule : RulesBrokenByLayer(
+             layer, construction.type, MaterialCodes(library).Has(layer.materialCode)))
         text += (text.empty() ? "Layer" + SignPositionNumber(slot) + ": " : "; ") + rule.text;
     return text;
 }
