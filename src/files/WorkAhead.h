@@ -13,12 +13,9 @@
 
 namespace strativo {
 
-/// Threads beside the present one that are worth starting for work that takes milliseconds.
-inline unsigned HelpingThreads() {
-    constexpr unsigned most = 3;
-    const unsigned processors = std::thread::hardware_concurrency();
-    return processors > most ? most : processors > 0 ? processors - 1 : 0;
-}
+/// Threads beside the present one that are worth starting for work that takes milliseconds: as many
+/// as the program has processors, within reason.
+unsigned HelpingThreads();
 
 /// Does numbered tasks on several processors, for one thread that takes their results in ascending
 /// order and may leave some out. The tasks run at the same time as each other and as that thread,

@@ -29,6 +29,8 @@ TUNABLES = ":".join([
 
 def count(program, step):
     """Instructions of the step. Paths and the environment are kept out of the program's memory."""
+    # On one processor, since several share the work in another way each time.
+    os.sched_setaffinity(0, {min(os.sched_getaffinity(0))})
     command = ["valgrind", "--tool=callgrind", "--callgrind-out-file=/dev/null",
                "--collect-atstart=no", "./" + os.path.basename(program), step]
     environment = {"PATH": os.environ["PATH"], "LC_ALL": "C", "GLIBC_TUNABLES": TUNABLES}
