@@ -7,37 +7,46 @@
 #include "cli/ThermalCsv.h"
 #include "cli/ThermalJson.h"
 #include "edit/ConstructionSlots.h"
+#include "files/WorkAhead.h"
 
+#include <algorithm>
 #include <ostream>
 #include <sstream>
+#include <utility>
+#include <vector>
 
 namespace strativo {
 
 namespace {
 
-class ThermalShow {
-public:
-    ThermalShow(std::ostream& stream, const ThermalChoice& asked) : out(stream), choice(asked) {}
+void ShowConstruction(std::ostream& out, const Construction& construction, int number,
+                      const ThermalChoice& choice) {
+    const bool transparent = construction.type == transparentType;
+    out << ConstructionTitle(number) << "  " << ShownText(construction.name) << "  ("
+        << (transparent ? "Transparent" : "Opaque") << ")   outside to inside\n";
+    PrintLines(out, ThermalLines(construction, choice.conditions, choice.flows));
+}
 
-    void ShowProject(const Project& project) {
-        for (const int number : ConstructionsInUse(project))
-            ShowConstruction(project.constructions[number], number);
-    }
-
-private:
-    void ShowConstruction(const Construction& construction, int number) {
-        const bool transparent = construction.type == transparentType;
-        out << (any ? "\n" : "") << ConstructionTitle(number) << "  "
-            << ShownText(construction.name) << "  (" << (transparent ? "Transparent" : "Opaque")
-            << ")   outside to inside\n";
-        PrintLines(out, ThermalLines(construction, choice.conditions, choice.flows));
-        any = true;
-    }
-
-    std::ostream& out;
-    const ThermalChoice& choice;
-    bool any = false;
-};
+/// Large projects are calculated by several processors.
+void ShowProject(std::ostream& out, const Project& project, const ThermalChoice& choice) {
+    constexpr std::size_t each = 64;
+    constexpr std::size_t distance = 64;
+    std::vector<int> numbers;
+    for (const int number : ConstructionsInUse(project))
+        numbers.push_back(number);
+    const std::size_t pieces = (numbers.size() + each - 1) / each;
+    const auto show = [&](std::size_t piece) {
+        std::ostringstream text;
+        for (std::size_t i = piece * each; i < std::min((piece + 1) * each, numbers.size()); ++i) {
+            text << (i > 0 ? "\n" : "");
+            ShowConstruction(text, project.constructions[numbers[i]], numbers[i], choice);
+        }
+        return std::move(text).str();
+    };
+    WorkAhead<std::string> texts(pieces, show, pieces > 1 ? HelpingThreads() : 0, distance);
+    for (std::size_t piece = 0; piece < pieces; ++piece)
+        out << texts.Take(piece);
+}
 
 void WriteConditions(JsonWriter& writer, const ThermalConditions& conditions) {
     writer.Member("period", secondsPerDay / secondsPerHour);
@@ -97,7 +106,7 @@ int Thermal(const Invocation& call, std::ostream& out, std::ostream& err) {
         else if (call.csv)
             WriteThermalCsvRows(fileOut, session.project, session.file, choice);
         else if (!session.prompts.Ended())
-            ThermalShow(fileOut, choice).ShowProject(session.project);
+            ShowProject(fileOut, session.project, choice);
         return session.Status();
     };
     return RunOnFiles(call, FrameOf(call), show, out, err);
