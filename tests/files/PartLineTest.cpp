@@ -1,4 +1,5 @@
 #include "files/PartLine.h"
+
 #include "support/TestProject.h"
 #include "text/RuntimeError.h"
 
