@@ -1,6 +1,5 @@
 #include "files/FileAccess.h"
 
-#include <algorithm>
 #include <cerrno>
 #include <cstdint>
 #include <cstring>
@@ -68,17 +67,16 @@ void UseLargePages(char* bytes, std::size_t size) {
 }
 
 std::string ReadToEnd(int descriptor, std::size_t expectedSize) {
-    // A string clears what it grows by, so it grows by what stays in the processor's cache until
-    // it is read into; and its memory is there from the start, because moving it copies it.
-    constexpr std::size_t longestStep = std::size_t{1} << 18;
-    const std::size_t step = std::min(longestStep, expectedSize + 1);
+    // One byte more than the size shows whether the file grew since it was asked for. The buffer
+    // has it from the start, because growing a string copies it.
     std::string bytes;
-    bytes.reserve(expectedSize + step);
-    UseLargePages(bytes.data(), bytes.capacity());
+    bytes.reserve(expectedSize + 1);
+    UseLargePages(bytes.data(), expectedSize + 1);
+    bytes.resize(expectedSize + 1);
     std::size_t length = 0;
     for (;;) {
         if (length == bytes.size())
-            bytes.resize(length + step);
+            bytes.resize(2 * length);
         const ssize_t count = read(descriptor, bytes.data() + length, bytes.size() - length);
         if (count < 0 && errno == EINTR)
             continue;
