@@ -40,8 +40,9 @@ private:
     World world;
     Stage stage;
     std::unique_ptr<UValueMDI> program;
-    int depth = 0;   ///< events that wait for a box to be answered
-    int waiting = 0; ///< looks since the last event
+    int depth = 0;             ///< events that wait for a box to be answered
+    int waiting = 0;           ///< looks since the last event
+    bool readsDropped = false; ///< what is open belongs to the reading of a dropped file
 };
 
 } // namespace strativo::monkey

@@ -53,10 +53,10 @@ void Monkey::Check() {
         editLog->Note(ContentDigest(project), program->Watch().Keeper().IsUnsaved(project));
     fuzz::RequireInvariants(project);
     // A file dropped right before a box opens is read after that, out of no event: so are its
-    // boxes.
+    // boxes, however many events they take.
     constexpr int soon = 10; // events
-    const bool readsDropped = QApplication::activeModalWidget() != nullptr
-                              && stage.journal.Events() - stage.lastFileDrop < soon;
+    readsDropped = QApplication::activeModalWidget() != nullptr
+                   && (readsDropped || stage.journal.Events() - stage.lastFileDrop < soon);
     const bool isIdle = depth == 1 && !readsDropped;
     if (!isIdle)
         return;
