@@ -174,6 +174,7 @@ TEST(ReadingAhead, LinesInAnyOrderChangeNothing) {
                                                         "!END",
                                                         "",
                                                         "* a remark",
+                                                        "!WINDOW = 'G/H' * is none",
                                                         "!WINDOW = 'G'",
                                                         "!WINDOW 2D = 'H'",
                                                         "!TRANSMISSION =",
