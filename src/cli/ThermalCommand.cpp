@@ -43,7 +43,7 @@ void ShowProject(std::ostream& out, const Project& project, const ThermalChoice&
         }
         return std::move(text).str();
     };
-    WorkAhead<std::string> texts(pieces, show, pieces > 1 ? HelpingThreads() : 0, distance);
+    WorkAhead<std::string> texts(pieces, show, HelpingThreads(), distance);
     for (std::size_t piece = 0; piece < pieces; ++piece)
         out << texts.Take(piece);
 }

@@ -31,7 +31,7 @@ std::optional<std::string> QuotedValue(std::string_view line) {
 }
 
 bool IsPartLine(std::string_view line) {
-    return (line.starts_with('_') || Contains(line, '_')) && Contains(line, '=');
+    return Contains(line, '_') && Contains(line, '=');
 }
 
 enum class Section {
@@ -109,18 +109,18 @@ private:
 
 class Parser {
 public:
-    Parser(std::string_view bytes, Project& target, const ParserEvents& parserEvents)
-        : total(bytes.size()), lines(bytes), project(target), events(parserEvents) {}
+    Parser(std::string_view fileBytes, Project& target, const ParserEvents& parserEvents)
+        : bytes(fileBytes), lines(fileBytes), project(target), events(parserEvents) {}
 
-    ~Parser() { events.progress(total, total); }
+    ~Parser() { events.progress(bytes.size(), bytes.size()); }
     Parser(const Parser&) = delete;
     Parser& operator=(const Parser&) = delete;
 
-    ParsedFile Run(std::string_view bytes, ReadingAhead ahead) {
+    ParsedFile Run(ReadingAhead ahead) {
         state.transparent = false;
         if (ahead.threads > 0)
             pieceStarts = PieceStarts(bytes, ahead.pieceBytes);
-        const auto read = [&](std::size_t piece) { return ReadPiece(bytes, piece); };
+        const auto read = [this](std::size_t piece) { return ReadPiece(piece); };
         WorkAhead<std::unique_ptr<Piece>> pieces(pieceStarts.size(), read, ahead.threads,
                                                  pieceStarts.size());
         while (!state.atEndMark && !lines.AtEnd()) {
@@ -142,10 +142,10 @@ private:
     void ReportProgress() {
         constexpr unsigned linesBetweenReports = 4096;
         if (++lineCount % linesBetweenReports == 0)
-            events.progress(lines.Position(), total);
+            events.progress(lines.Position(), bytes.size());
     }
 
-    std::unique_ptr<Piece> ReadPiece(std::string_view bytes, std::size_t number) const {
+    std::unique_ptr<Piece> ReadPiece(std::size_t number) const {
         auto piece = std::make_unique<Piece>();
         const std::size_t start = pieceStarts[number];
         const bool isLast = number + 1 == pieceStarts.size();
@@ -208,7 +208,7 @@ private:
             piece.state.transparent = state.transparent;
         state = piece.state;
         lines.Following().GoTo(piece.end);
-        events.progress(piece.end, total);
+        events.progress(piece.end, bytes.size());
         return true;
     }
 
@@ -219,7 +219,7 @@ private:
         constexpr std::size_t usualBytes = 256; // a construction with few layers
         const std::size_t pieces = pieceStarts.size() - nextPiece + 1;
         const std::size_t likely = std::min(
-            pieces * static_cast<std::size_t>(constructionsInPiece + 1), total / usualBytes);
+            pieces * static_cast<std::size_t>(constructionsInPiece + 1), bytes.size() / usualBytes);
         project.constructions.Reserve(project.constructions.Size() + static_cast<int>(likely));
     }
 
@@ -414,7 +414,7 @@ private:
         }
     }
 
-    std::size_t total;
+    std::string_view bytes;
     CommentedLines lines;
     Project& project;
     const ParserEvents& events;
@@ -437,7 +437,7 @@ ReadingAhead UsualReadingAhead(std::size_t bytes) {
 
 ParsedFile ParseConstructionFile(std::string_view bytes, Project& project,
                                  const ParserEvents& events, ReadingAhead ahead) {
-    return Parser(bytes, project, events).Run(bytes, ahead);
+    return Parser(bytes, project, events).Run(ahead);
 }
 
 } // namespace strativo

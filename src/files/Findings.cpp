@@ -64,8 +64,7 @@ public:
         const auto check = [this](std::size_t piece) {
             return FindingsIn(piece * each, std::min((piece + 1) * each, numbers.size()));
         };
-        WorkAhead<std::vector<Finding>> work(pieces, check, pieces > 1 ? HelpingThreads() : 0,
-                                             pieces);
+        WorkAhead<std::vector<Finding>> work(pieces, check, HelpingThreads(), pieces);
         std::vector<Finding> findings;
         for (std::size_t piece = 0; piece < pieces; ++piece)
             for (Finding& finding : work.Take(piece))

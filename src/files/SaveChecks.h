@@ -6,11 +6,12 @@
 
 namespace strativo {
 
-/// Constructions with a layer in the first slot and any layer of thickness 0.
+/// Whether it has a layer in the first slot and any layer of thickness 0; and those that have.
 bool HasZeroThickness(const Construction& construction);
 std::vector<int> ZeroThicknessConstructions(const Project& project);
 
-/// Transparent constructions with a layer in the first slot and absorptions that add up to 0.
+/// Whether it is transparent with a layer in the first slot and absorptions that add up to 0; and
+/// those that are.
 bool HasZeroAbsorption(const Construction& construction);
 std::vector<int> ZeroAbsorptionConstructions(const Project& project);
 

@@ -25,11 +25,12 @@ class WorkAhead {
 public:
     using Task = std::function<Result(std::size_t number)>;
 
-    /// `distance`: how far the tasks may run ahead of the results taken.
+    /// `distance`: how far the tasks may run ahead of the results taken. There are no more helpers
+    /// than tasks that they can take off this thread.
     WorkAhead(std::size_t count, Task work, unsigned helpers, std::size_t distance)
         : task(std::move(work)), results(count), reach(distance) {
         try {
-            for (unsigned i = 0; i < helpers; ++i)
+            for (std::size_t i = 0; i < helpers && i + 1 < count; ++i)
                 threads.emplace_back([this] { Help(); });
         } catch (const std::system_error&) {
             // Without a thread this one does the work.

@@ -94,8 +94,7 @@ void RequireFrames(const WindowArea& area) {
     // nothing can be seen lie in no order.
     const bool isCovered = dialog != nullptr && active != dialog
                            && dialog->geometry().contains(active->geometry() & area.rect());
-    Require(isCovered || active == (active == dialog ? dialog : top),
-            "the active window is on top");
+    Require(isCovered || active == dialog || active == top, "the active window is on top");
 }
 
 void RequireFocus(UValueMDI& program) {
