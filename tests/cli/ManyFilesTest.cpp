@@ -164,6 +164,7 @@ public:
             dup2(open("out", O_WRONLY | O_CREAT, 0600), STDOUT_FILENO);
             dup2(open("err", O_WRONLY | O_CREAT, 0600), STDERR_FILENO);
             alarm(60);
+            signal(SIGINT, SIG_DFL); // a script's background job would pass on that it is ignored
             execv(STRATIVO_CLI, const_cast<char* const*>(arguments.data()));
             _exit(127);
         }
