@@ -1,8 +1,6 @@
 #include "ui/EndRequests.h"
 
-#include <array>
 #include <cerrno>
-#include <csignal>
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -13,22 +11,11 @@ namespace {
 // Global, because a signal handler receives nothing but the signal's number.
 int writeEnd = -1;
 
-constexpr std::array<int, 3> endSignals = {SIGTERM, SIGHUP, SIGINT};
-
 void HandleEndRequest(int) {
     const int systemError = errno;
     const char anything = 0;
     [[maybe_unused]] const ssize_t count = write(writeEnd, &anything, 1);
     errno = systemError;
-}
-
-void Install(void (*handler)(int)) {
-    struct sigaction action {};
-    action.sa_handler = handler;
-    action.sa_flags = SA_RESTART;
-    sigemptyset(&action.sa_mask);
-    for (const int number : endSignals)
-        sigaction(number, &action, nullptr);
 }
 
 } // namespace
@@ -39,13 +26,22 @@ EndRequests::EndRequests() {
         return; // without a pipe the signals end the program in the usual way
     readEnd = ends[0];
     writeEnd = ends[1];
-    Install(HandleEndRequest);
+    struct sigaction handling {};
+    handling.sa_handler = HandleEndRequest;
+    handling.sa_flags = SA_RESTART;
+    sigemptyset(&handling.sa_mask);
+    for (Signal& signal : endSignals) {
+        sigaction(signal.number, nullptr, &signal.before);
+        if (signal.before.sa_handler != SIG_IGN)
+            sigaction(signal.number, &handling, nullptr);
+    }
 }
 
 EndRequests::~EndRequests() {
     if (readEnd < 0)
         return;
-    Install(SIG_DFL);
+    for (const Signal& signal : endSignals)
+        sigaction(signal.number, &signal.before, nullptr);
     close(readEnd);
     close(writeEnd);
 }

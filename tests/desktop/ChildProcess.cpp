@@ -23,6 +23,9 @@ ChildProcess::ChildProcess(const std::vector<std::string>& command) {
     if (id > 0)
         return;
     prctl(PR_SET_PDEATHSIG, SIGKILL);
+    // A script's background job would pass on that they are ignored.
+    for (const int number : {SIGINT, SIGQUIT, SIGHUP})
+        signal(number, SIG_DFL);
     if (getppid() == parent)
         execvp(arguments.front(), arguments.data());
     _exit(127);
