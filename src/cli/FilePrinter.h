@@ -15,6 +15,9 @@ struct FileOutput {
     int status = 0;
 };
 
+/// Does the work; an exception is reported to err and fails the file.
+int StatusOf(const FileWork& work, const std::string& file, std::ostream& out, std::ostream& err);
+
 /// Prints the outputs of files one after the other and, on a terminal, how many have been done.
 class FilePrinter {
 public:
@@ -23,6 +26,9 @@ public:
 
     /// False when standard output accepts no more.
     bool Print(const FileOutput& output);
+    /// Does the work for a file and prints its output as it comes: that of a large file takes no
+    /// memory. False when standard output accepts no more.
+    bool PrintAsItComes(const FileWork& work, const std::string& file);
     /// Shows the progress line if it is time for it.
     void ShowProgress();
     void End();
@@ -30,6 +36,8 @@ public:
     int Status() const { return status; }
 
 private:
+    bool Done(int fileStatus);
+    void BeginOutput();
     void ClearProgress();
 
     const OutputFrame& frame;

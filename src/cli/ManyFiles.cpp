@@ -21,12 +21,7 @@ FileOutput DoWork(const FileWork& work, const std::string& file) {
     FileOutput output;
     std::ostringstream out;
     std::ostringstream err;
-    try {
-        output.status = work(file, out, err);
-    } catch (const std::exception& error) {
-        PrintError(err, PathToUtf8(file) + ": " + error.what());
-        output.status = exitFailure;
-    }
+    output.status = StatusOf(work, file, out, err);
     output.out = std::move(out).str();
     output.err = std::move(err).str();
     return output;
@@ -148,7 +143,7 @@ void RunInTurn(FileNames& names, const FileWork& work, FilePrinter& printer) {
         const std::optional<std::string> file = names.Next();
         if (!file)
             return;
-        goesOn = printer.Print(DoWork(work, *file));
+        goesOn = printer.PrintAsItComes(work, *file);
         printer.ShowProgress();
     }
 }
