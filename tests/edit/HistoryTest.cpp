@@ -192,6 +192,17 @@ TEST_F(HistoryTest, BringsARemovedConstructionBackAsItWas) {
     EXPECT_THAT(project.comments.constructions.Of(removed), IsEmpty());
 }
 
+TEST_F(HistoryTest, ShowsAConstructionThatComesBackBesideTheCurrentOne) {
+    const int removed = Add("AB");
+    const int current = Add("CD");
+    Clean();
+    ASSERT_EQ(project.currentConstruction, current);
+    Do([&] { RemoveConstruction(project, removed); });
+    ASSERT_EQ(project.currentConstruction, current);
+    EXPECT_EQ(Undo()->construction, removed);
+    EXPECT_EQ(Redo()->construction, current);
+}
+
 TEST_F(HistoryTest, TakesANewConstructionAwayAndBringsItBack) {
     Add("AB");
     Clean();

@@ -65,6 +65,14 @@ TEST(LibraryTable, DecimalCommasGoWithSemicolonsAndTabsOnly) {
                             "2:5 specific heat: \"8'0\" is not a number [bad-number]"));
 }
 
+TEST(LibraryTable, ZeroHasNoSign) {
+    EXPECT_EQ(Made(header + "1,A,2,-0,-0.0\n"), "1'A' 2 0 0\r\n");
+}
+
+TEST(LibraryTable, TheHeaderChoosesTheSeparatorAndNotAnEmptyLineBeforeIt) {
+    EXPECT_EQ(Made(" \t \n" + header + "1,A,2,3,4\n"), "1'A' 2 3 4\r\n");
+}
+
 TEST(LibraryTable, ASemicolonInsideQuotesSeparatesNothing) {
     EXPECT_EQ(Made("code,name,conductivity,density,specificheat,\"a;b\"\n1,A,2,3,4,5\n"),
               "1'A' 2 3 4\r\n");

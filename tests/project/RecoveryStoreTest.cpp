@@ -143,6 +143,26 @@ TEST_F(LeftCopies, OfSavedWorkLeaveNothingBehind) {
     EXPECT_THAT(NamesIn(folders[0]), IsEmpty());
 }
 
+TEST_F(LeftCopies, OfSavedWorkLeaveTheCopiesOfOthersAlone) {
+    RecoveryStore other(folders);
+    other.Write("other's work");
+    const std::vector<std::string> ofOther = NamesIn(folders[0]);
+    {
+        RecoveryStore store(folders);
+        store.Write("work");
+        store.Remove();
+    }
+    EXPECT_EQ(NamesIn(folders[0]), ofOther);
+}
+
+TEST_F(LeftCopies, OfWorkThatWasNotSavedKeepTheirLock) {
+    {
+        RecoveryStore store(folders);
+        store.Write("work");
+    }
+    EXPECT_THAT(NamesIn(folders[0]), UnorderedElementsAre(EndsWith(".copy"), EndsWith(".lock")));
+}
+
 TEST_F(LeftCopies, ALockWithoutACopyGoesWhenItIsNoticed) {
     LeaveCopy("work");
     for (const LeftCopy& copy : FindLeftCopies(folders))
@@ -252,9 +272,9 @@ TEST_F(LeftCopies, RefusedOnesAreKeptThirtyDays) {
     EXPECT_THAT(Found(), IsEmpty());
     constexpr std::int64_t day = 24 * 60 * 60;
     const std::int64_t now = std::time(nullptr);
-    RemoveOldCopies(folders, now + 29 * day);
+    RemoveOldCopies(folders, now + 30 * day - 60);
     ASSERT_THAT(NamesIn(folders[0]), ElementsAre(EndsWith(".refused")));
-    RemoveOldCopies(folders, now + 31 * day);
+    RemoveOldCopies(folders, now + 30 * day + 60);
     EXPECT_THAT(NamesIn(folders[0]), IsEmpty());
 }
 
@@ -281,9 +301,10 @@ TEST_F(LeftCopies, WhatAKilledProgramHalfWroteGoesAfterADay) {
     const std::string half = folders[0] + "/.strativo-abcdef";
     work.Write("state/strativo/recovery/.strativo-abcdef", "ha");
     const std::int64_t now = std::time(nullptr);
-    RemoveOldCopies(folders, now + 60);
+    constexpr std::int64_t day = 24 * 60 * 60;
+    RemoveOldCopies(folders, now + day - 60);
     EXPECT_TRUE(fs::exists(half));
-    RemoveOldCopies(folders, now + 2LL * 24 * 60 * 60);
+    RemoveOldCopies(folders, now + day + 60);
     EXPECT_FALSE(fs::exists(half));
     EXPECT_THAT(Found(), ElementsAre("work"));
 }
