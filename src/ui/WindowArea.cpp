@@ -369,9 +369,6 @@ void WindowArea::paintEvent(QPaintEvent*) {
     painter.fillRect(rect(), ground);
     if (hint.isEmpty())
         return;
-    QFont large = font();
-    large.setPointSizeF(large.pointSizeF() * 1.25);
-    painter.setFont(large);
     painter.setPen(Readable(palette().color(QPalette::Light), ground));
     // Select Material lies at the bottom.
     painter.drawText(QRect(0, 0, width(), height() * 2 / 3).adjusted(16, 16, -16, -16),
