@@ -53,8 +53,6 @@ public:
     /// given up.
     void TakeOver(const LeftCopy& copy, const SnapshotHead& head, const Project& project);
 
-    /// Whether a copy of the project exists, up to date or not, and no other is being written.
-    bool HasCopy() const { return !IsWriting() && store.HasCopy(); }
     /// What has come up since the last call.
     KeepNotice TakeNotice();
     const std::vector<std::string>& Folders() const { return store.Folders(); }

@@ -48,6 +48,18 @@ TEST_F(GlassProfileTest, KeepsTheSelectedColumnWhenOpenedAgain) {
     EXPECT_EQ(ColumnText(project, profile), "Transmission at 50 degrees");
 }
 
+TEST_F(GlassProfileTest, ListsTheValuesThatTheGraphCannotShow) {
+    EXPECT_EQ(OutsideText(profile), "");
+    AngularValues& values = project.glassTypes[1].transmission;
+    values[1] = 1.25F;
+    values[2] = 1;
+    values[3] = 0;
+    values[11] = -0.5F;
+    profile = OpenProfile(project);
+    EXPECT_EQ(OutsideText(profile),
+              "Outside 0 to 1, drawn at the edge: 1.25 diffuse, -0.5 at 90 degrees");
+}
+
 struct KeyRow {
     const char* name;
     ProfileKey key;
