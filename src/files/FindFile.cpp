@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <optional>
+#include <string_view>
 #include <vector>
 
 namespace strativo {
@@ -38,13 +39,15 @@ std::string Join(const std::string& folder, const std::string& name) {
 /// The folder's entry whose name differs at most in letter case; of several, the first in name
 /// order.
 std::optional<std::string> EntryIgnoringCase(const std::string& folder, const std::string& name) {
+    const std::string wanted = LowerCase(name);
     std::vector<std::string> found;
     std::error_code error;
     for (fs::directory_iterator entry(Join(folder, "."), error), end; entry != end;
          entry.increment(error)) {
-        const std::string entryName = entry->path().filename().string();
-        if (LowerCase(entryName) == LowerCase(name))
-            found.push_back(entryName);
+        const std::string_view path = entry->path().native();
+        const std::string_view entryName = path.substr(path.rfind('/') + 1);
+        if (entryName.size() == wanted.size() && LowerCase(std::string(entryName)) == wanted)
+            found.emplace_back(entryName);
     }
     if (found.empty())
         return std::nullopt;
