@@ -30,6 +30,9 @@ INSTANTIATE_TEST_SUITE_P(
                     KindCase{"GYPSUM BOARD 900", 0.25F, MaterialKind::plaster},
                     KindCase{"OSB 620", 0.13F, MaterialKind::wood},
                     KindCase{"UNKNOWN SHEET", 50, MaterialKind::metal},
+                    KindCase{"UNKNOWN ALLOY", 12.5F, MaterialKind::metal},
+                    KindCase{"UNKNOWN STONE", 11.5F, MaterialKind::masonry},
+                    KindCase{"UNKNOWN SHEET", 11.5F, MaterialKind::other},
                     KindCase{"CARPET", 0.06F, MaterialKind::insulation},
                     KindCase{"SOIL", 1.5F, MaterialKind::other}));
 

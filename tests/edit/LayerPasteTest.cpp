@@ -80,6 +80,7 @@ TEST_F(LayerPaste, SkipsEmptyEntriesInBetween) {
     Add("A");
     PasteLayers(project, prompts);
     EXPECT_EQ(Names(), "AXZ");
+    EXPECT_EQ(project.said, "");
 }
 
 TEST_F(LayerPaste, DropsTheLastEntriesThatDoNotFitWithoutABeep) {

@@ -233,6 +233,11 @@ TEST_F(Plausibility, AUValueThatNoConstructionHas) {
                                     "negative-value: thickness -25 is negative"));
 }
 
+TEST_F(Plausibility, AUValueThatAVeryGoodConstructionHas) {
+    AddWall().conductivity = 0.0052F; // 100 mm: 0.0515 W/m2K
+    EXPECT_THAT(Told(), IsEmpty());
+}
+
 TEST_F(Plausibility, AThinLayerOfHighConductivity) {
     Layer& layer = AddWall();
     layer.conductivity = 160;

@@ -46,6 +46,7 @@ TEST_F(ThicknessInFile, OfTheLastLayerIsSaidToo) {
     Record().currentLayer = 2;
     EXPECT_EQ(Said("100.3"), "100.3 mm will be 100 mm in the construction file");
     EXPECT_EQ(Said("1.2"), "1.2 mm will be 1 mm in the construction file");
+    EXPECT_EQ(Said("7.005"), "7.005 mm will be 7 mm in the construction file");
 }
 
 TEST_F(ThicknessInFile, WholeMillimetresAreNotWorthAWord) {
