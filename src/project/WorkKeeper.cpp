@@ -5,6 +5,9 @@
 #include <algorithm>
 #include <ctime>
 #include <filesystem>
+#include <memory>
+#include <new>
+#include <system_error>
 #include <utility>
 
 namespace strativo {
@@ -22,13 +25,21 @@ bool HasWork(const Project& project) {
            || std::any_of(project.glassTypes2D.begin(), project.glassTypes2D.end(), isNamed);
 }
 
-std::string Absolute(const std::string& path) {
+} // namespace
+
+WorkKeeper::WorkKeeper(std::vector<std::string> folders, KeepIntervals intervals)
+    : store(std::move(folders)), schedule(intervals) {
+    // Taken once: the folder may be gone by the time of a copy.
     std::error_code error;
-    return path.empty() ? "" : std::filesystem::absolute(path, error).string();
+    startFolder = std::filesystem::current_path(error);
+}
+
+std::string WorkKeeper::Absolute(const std::string& path) const {
+    return path.empty() ? "" : (startFolder / path).string();
 }
 
 /// The path where the library was found, or its name as given if it was not.
-std::string LibraryPath(const Project& project, const std::string& name) {
+std::string WorkKeeper::LibraryPath(const Project& project, const std::string& name) const {
     if (name.empty() || name == singleBlank)
         return "";
     try {
@@ -37,8 +48,6 @@ std::string LibraryPath(const Project& project, const std::string& name) {
         return name;
     }
 }
-
-} // namespace
 
 std::string TextOf(KeepNotice notice) {
     switch (notice) {
@@ -170,11 +179,19 @@ SnapshotHead WorkKeeper::HeadOf(const Project& project) const {
 void WorkKeeper::StartCopy(const Project& project) {
     schedule.Settled();
     written = seen;
-    auto write = [this, bytes = WriteUnsealedSnapshot(project, HeadOf(project))]() mutable {
-        SealSnapshot(bytes);
-        return store.Write(bytes);
+    const auto bytes = std::make_shared<std::string>();
+    const auto write = [this, bytes] {
+        SealSnapshot(*bytes);
+        return store.Write(*bytes);
     };
-    writing = std::async(std::launch::async, std::move(write));
+    try {
+        *bytes = WriteUnsealedSnapshot(project, HeadOf(project));
+        writing = std::async(std::launch::async, write);
+    } catch (const std::system_error&) {
+        NoteOutcome(write()); // no thread can be started, so the user waits for it
+    } catch (const std::bad_alloc&) {
+        NoteOutcome(false);
+    }
 }
 
 bool WorkKeeper::IsWriting() const {
@@ -183,9 +200,12 @@ bool WorkKeeper::IsWriting() const {
 }
 
 void WorkKeeper::FinishCopy() {
-    if (!writing.valid())
-        return;
-    const bool failed = !writing.get();
+    if (writing.valid())
+        NoteOutcome(writing.get());
+}
+
+void WorkKeeper::NoteOutcome(bool succeeded) {
+    const bool failed = !succeeded;
     if (failed && !isFailing)
         notice = KeepNotice::notKept;
     isFailing = failed;

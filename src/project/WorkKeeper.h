@@ -4,6 +4,7 @@
 #include "project/CopySchedule.h"
 #include "project/RecoveryStore.h"
 
+#include <filesystem>
 #include <future>
 #include <optional>
 #include <string>
@@ -26,8 +27,7 @@ std::string TextOf(KeepNotice notice);
 /// own thread only makes the bytes; another one writes them.
 class WorkKeeper {
 public:
-    WorkKeeper(std::vector<std::string> folders, KeepIntervals intervals)
-        : store(std::move(folders)), schedule(intervals) {}
+    WorkKeeper(std::vector<std::string> folders, KeepIntervals intervals);
 
     /// To be called soon after every action: notices edits, and writes or removes the copy. Returns
     /// the time after which it should be called again, or nothing when the next action will do.
@@ -63,9 +63,13 @@ private:
     void StartIfDue(const Project& project);
     void StartCopy(const Project& project);
     void FinishCopy();
+    void NoteOutcome(bool succeeded);
     bool IsWriting() const;
     SnapshotHead HeadOf(const Project& project) const;
+    std::string Absolute(const std::string& path) const;
+    std::string LibraryPath(const Project& project, const std::string& name) const;
 
+    std::filesystem::path startFolder; ///< to which the project's paths may be relative
     RecoveryStore store;
     CopySchedule schedule;
     std::uint64_t saved = 0;   ///< digest of the content in the file

@@ -4,6 +4,7 @@
 #include "project/FileCommands.h"
 #include "project/NewProject.h"
 #include "project/ReadConstructionFile.h"
+#include "support/NoThreads.h"
 #include "support/TestProject.h"
 
 #include <gmock/gmock.h>
@@ -235,6 +236,37 @@ TEST_F(KeptWork, WhereNoFolderTakesACopyThatIsToldOnceAndTriedAgain) {
     LookUntilWritten(8000);
     LookUntilWritten(10000);
     EXPECT_THAT(Copies(), ElementsAre("x"));
+}
+
+TEST_F(KeptWork, IsKeptWhereNoThreadCanBeStarted) {
+    const NoThreads noThreads;
+    Rename("x");
+    Look(0);
+    Look(2000);
+    EXPECT_EQ(keeper->TakeNotice(), KeepNotice::onlySaveAs);
+    EXPECT_THAT(Copies(), ElementsAre("x"));
+    Rename("y");
+    keeper->KeepNow(project);
+    EXPECT_THAT(Copies(), ElementsAre("y"));
+}
+
+TEST_F(KeptWork, IsOfTheSameFileWhenTheWorkingFolderIsGone) {
+    const std::filesystem::path folder = work.Path() / "deleted";
+    std::filesystem::create_directory(folder);
+    std::filesystem::current_path(folder);
+    keeper = std::make_unique<WorkKeeper>(folders, KeepIntervals());
+    Look(0);
+    project.constructionFile = "a b.con";
+    Rename("x");
+    std::filesystem::remove(folder);
+    keeper->KeepNow(project);
+    std::filesystem::current_path(work.Path());
+    keeper.reset();
+    const std::vector<LeftCopy> left = FindLeftCopies(folders);
+    ASSERT_THAT(left, SizeIs(1));
+    Project read;
+    EXPECT_EQ(ReadSnapshot(ReadFileBytes(left[0].path), read).originalPath,
+              (folder / "a b.con").string());
 }
 
 TEST_F(KeptWork, ACopyTakenOverStaysUntilTheWorkIsSaved) {
