@@ -28,7 +28,8 @@ FileNames::FileNames(const Invocation& call, IsStopped isStopped)
         return;
     descriptor = call.filesFrom == standardStream
                      ? dup(STDIN_FILENO)
-                     : open(call.filesFrom.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY);
+                     : open(call.filesFrom.c_str(), // waits for nobody to write to a FIFO
+                            O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK);
     if (descriptor < 0)
         ThrowAbout(call.filesFrom);
 }
@@ -75,7 +76,7 @@ bool FileNames::ReadMore() {
         if (poll(&waiting, 1, milliseconds) <= 0)
             continue;
         const ssize_t count = read(descriptor, piece.data(), piece.size());
-        if (count < 0 && errno == EINTR)
+        if (count < 0 && (errno == EINTR || errno == EAGAIN))
             continue;
         if (count < 0)
             ThrowAbout(invocation.filesFrom);

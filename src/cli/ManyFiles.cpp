@@ -10,7 +10,9 @@
 #include <condition_variable>
 #include <map>
 #include <mutex>
+#include <optional>
 #include <sstream>
+#include <system_error>
 #include <thread>
 
 namespace strativo {
@@ -32,8 +34,13 @@ class WorkGroup {
 public:
     WorkGroup(FileNames& source, const FileWork& fileWork, int jobs)
         : names(source), work(fileWork), most(4 * static_cast<std::size_t>(jobs)) {
-        for (int job = 0; job < jobs; ++job)
-            threads.emplace_back([this] { Work(); });
+        threads.reserve(static_cast<std::size_t>(jobs));
+        try {
+            for (int job = 0; job < jobs; ++job)
+                threads.emplace_back([this] { Work(); });
+        } catch (const std::system_error&) {
+            // As many as there are do the work.
+        }
     }
 
     ~WorkGroup() {
@@ -43,6 +50,9 @@ public:
     }
     WorkGroup(const WorkGroup&) = delete;
     WorkGroup& operator=(const WorkGroup&) = delete;
+
+    /// False where the system starts no threads.
+    bool CanWork() const { return !threads.empty(); }
 
     /// Prints the outputs until the last file, a failure to print, or an interruption.
     void Print(FilePrinter& printer) {
@@ -158,10 +168,13 @@ int RunOnFiles(const Invocation& call, const OutputFrame& frame, const FileWork&
                                  ? std::min<std::size_t>(JobsOf(call), call.operands.size())
                                  : JobsOf(call);
     FilePrinter printer(frame, call.jsonLines, out, err);
-    if (jobs <= 1)
-        RunInTurn(names, work, printer);
+    std::optional<WorkGroup> group;
+    if (jobs > 1)
+        group.emplace(names, work, static_cast<int>(jobs));
+    if (group && group->CanWork())
+        group->Print(printer);
     else
-        WorkGroup(names, work, static_cast<int>(jobs)).Print(printer);
+        RunInTurn(names, work, printer);
     printer.End();
     return IsInterrupted() ? exitInterrupted : printer.Status();
 }

@@ -1,10 +1,12 @@
 #include "cli/CommandRun.h"
+#include "support/NoThreads.h"
 
 #include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
 #include <gmock/gmock.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
@@ -66,6 +68,15 @@ TEST_F(ManyFiles, GiveTheSameBytesForEveryNumberOfJobs) {
             EXPECT_EQ(result.status, expected.status);
         }
     }
+}
+
+TEST_F(ManyFiles, AreShownWhereNoThreadCanBeStarted) {
+    const RunResult expected = RunTool(Call({"show", "--jobs", "1"}));
+    const NoThreads noThreads;
+    const RunResult result = RunTool(Call({"show", "--jobs", "4"}));
+    EXPECT_EQ(result.out, expected.out);
+    EXPECT_EQ(result.err, expected.err);
+    EXPECT_EQ(result.status, expected.status);
 }
 
 TEST_F(ManyFiles, AreALineEachWithJsonl) {
@@ -206,6 +217,23 @@ TEST_F(ManyFiles, AreShownAsTheirNamesComeUntilAnInterruption) {
         EXPECT_EQ(program.Wait(), 130);
         EXPECT_EQ(folder.Read("out"), expected);
     }
+}
+
+TEST_F(ManyFiles, AreWaitedForAtAFifoUntilAnInterruption) {
+    ASSERT_EQ(mkfifo("names", 0600), 0);
+    const RunningProgram program({"strativo-cli", "show", "--files-from", "names", nullptr});
+    std::this_thread::sleep_for(std::chrono::milliseconds(300));
+    program.Interrupt();
+    EXPECT_EQ(program.Wait(), 130);
+}
+
+TEST_F(ManyFiles, AreReadFromAFifoWhenTheirNamesCome) {
+    ASSERT_EQ(mkfifo("names", 0600), 0);
+    const RunningProgram program({"strativo-cli", "show", "--files-from", "names", nullptr});
+    std::this_thread::sleep_for(std::chrono::milliseconds(300));
+    folder.Write("names", "1.con\n2.con\n");
+    EXPECT_EQ(program.Wait(), 0);
+    EXPECT_EQ(folder.Read("out"), RunTool({"show", "1.con", "2.con"}).out);
 }
 
 TEST_F(ManyFiles, AreOneDocumentAlsoWhenInterrupted) {
