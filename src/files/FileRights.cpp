@@ -16,6 +16,8 @@ namespace strativo {
 
 namespace {
 
+constexpr mode_t permissionBits = 0777;
+
 using Acl = std::unique_ptr<std::remove_pointer_t<acl_t>, int (*)(void*)>;
 
 /// Empty if the file system has no such lists.
@@ -51,6 +53,35 @@ void TakeAwayExecution(const Acl& acl) {
     });
 }
 
+bool IsRefusal(int systemError) {
+    return systemError == EPERM || systemError == EACCES || systemError == ENOTSUP
+           || systemError == ENOSYS;
+}
+
+/// A file system that knows no permissions leaves the file private, or as its mount says.
+void SetPermissions(int file, mode_t permissions) {
+    struct stat status {};
+    if (fstat(file, &status) == 0 && (status.st_mode & permissionBits) == permissions)
+        return;
+    CheckCall(fchmod(file, permissions) == 0 || IsRefusal(errno));
+}
+
+/// Some file systems show permissions as a list and take none. Permissions do as well then, unless
+/// the new file has a list of its own by its folder's default.
+void SetAcl(int file, const Acl& acl) {
+    if (acl_set_fd(file, acl.get()) == 0)
+        return;
+    const int systemError = errno;
+    mode_t permissions = 0;
+    mode_t ofNewFile = 0;
+    const Acl present(acl_get_fd(file), acl_free);
+    if (IsRefusal(systemError) && present && acl_equiv_mode(present.get(), &ofNewFile) == 0
+        && acl_equiv_mode(acl.get(), &permissions) == 0)
+        return SetPermissions(file, permissions);
+    errno = systemError;
+    CheckCall(false);
+}
+
 /// Only a privileged user can keep the owner; the group is kept wherever possible.
 bool KeepsGroup(int file, const struct stat& status) {
     constexpr uid_t anyOwner = static_cast<uid_t>(-1);
@@ -82,12 +113,11 @@ void CarryAttributes(const std::string& oldFile, const std::string& newFile) {
 }
 
 void CarryRights(const std::string& oldFile, const struct stat& oldStatus, int newFile) {
-    constexpr mode_t permissionBits = 0777;
     const bool groupKept = KeepsGroup(newFile, oldStatus);
     const Acl acl = ReadAcl(oldFile, ACL_TYPE_ACCESS);
     if (!acl) {
         const mode_t mode = oldStatus.st_mode & permissionBits;
-        CheckCall(fchmod(newFile, groupKept ? mode : mode & ~S_IRWXG) == 0);
+        SetPermissions(newFile, groupKept ? mode : mode & ~S_IRWXG);
         return;
     }
     // With a list, the permission bits of the group are only the list's mask, so the list itself
@@ -97,7 +127,7 @@ void CarryRights(const std::string& oldFile, const struct stat& oldStatus, int n
             if (tag == ACL_GROUP_OBJ)
                 acl_clear_perms(permissions);
         });
-    CheckCall(acl_set_fd(newFile, acl.get()) == 0);
+    SetAcl(newFile, acl);
 }
 
 void GiveUsualRights(const std::string& folder, int newFile) {
@@ -105,7 +135,7 @@ void GiveUsualRights(const std::string& folder, int newFile) {
     if (!acl || acl_entries(acl.get()) == 0) {
         const mode_t mask = umask(0);
         umask(mask);
-        CheckCall(fchmod(newFile, 0666 & ~mask) == 0);
+        SetPermissions(newFile, 0666 & ~mask);
         return;
     }
     TakeAwayExecution(acl);

@@ -51,7 +51,7 @@ void RefuseForeignLinks(const std::string& path) {
 std::string FollowLinks(std::string path) {
     constexpr int maxLinks = 40;
     std::array<char, 4096> target{};
-    for (int links = 0; links < maxLinks; ++links) {
+    for (int links = 0; links <= maxLinks; ++links) {
         RefuseForeignLinks(path);
         const ssize_t length = readlink(path.c_str(), target.data(), target.size());
         if (length < 0) {

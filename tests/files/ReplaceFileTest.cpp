@@ -121,6 +121,19 @@ TEST(ReplaceFile, FollowsALinkInTheWorkingDirectory) {
     EXPECT_EQ(folder.Read("not there yet.con"), "new");
 }
 
+TEST(ReplaceFile, FollowsAsManyLinksAsReading) {
+    constexpr int most = 40;
+    const TemporaryFolder folder;
+    folder.Write("0", "old");
+    for (int link = 1; link <= most; ++link)
+        fs::create_symlink(std::to_string(link - 1), std::to_string(link));
+    const std::string last = std::to_string(most);
+    EXPECT_EQ(folder.Read(last), "old");
+    EXPECT_EQ(Failure(last, "new"), "");
+    EXPECT_EQ(folder.Read("0"), "new");
+    EXPECT_TRUE(fs::is_symlink(last));
+}
+
 TEST(ReplaceFile, RefusesARingOfLinks) {
     const TemporaryFolder folder;
     fs::create_symlink("b", "a");

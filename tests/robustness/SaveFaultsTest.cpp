@@ -68,16 +68,19 @@ bool IsTemporary(const LoggedCall& call) {
 
 /// Failures that do not make a save fail. The first look at the file only asks whether it is still
 /// the one that was read; without a group the file gets the user's own; attributes that the user
-/// may not set are left out; and leftovers of older saves can be removed later.
+/// may not set are left out; permissions do where lists are refused, and the file stays private
+/// where those are refused too; and leftovers of older saves can be removed later.
 bool MayFail(const FaultyRun& run) {
     const LoggedCall* failed = FirstFailed(run);
     if (failed == nullptr)
         return false;
     const std::set<std::string> ofLeftovers = {"fdopendir", "readdir", "fstatat", "unlinkat",
                                                "closedir"};
+    const bool isRefused = failed->effect == Errno(EPERM).effect;
+    const bool isAboutRights = failed->name == "acl_set_fd" || failed->name == "fchmod";
     return failed == &run.calls.front() || failed->name == "fchown"
            || ofLeftovers.count(failed->name) == 1
-           || (IsAboutAttributes(failed->name) && failed->effect == Errno(EPERM).effect)
+           || (isRefused && (isAboutRights || IsAboutAttributes(failed->name)))
            || (failed->name == "close" && !IsTemporary(*failed));
 }
 
@@ -177,6 +180,12 @@ protected:
 
     int CountOfAll() const { return static_cast<int>(calls.size()) - CountOf("made"); }
 
+    static mode_t PermissionsOf(const char* file) {
+        struct stat status {};
+        EXPECT_EQ(stat(file, &status), 0);
+        return status.st_mode & 07777U;
+    }
+
     const std::string oldBytes;
     TemporaryFolder folder;
     std::vector<LoggedCall> calls;
@@ -201,11 +210,29 @@ TEST_F(SaveFaults, WithoutAccessControlListsThePermissionsAreKept) {
     EXPECT_TRUE(run.Hit(noAcls));
     EXPECT_EQ(run.Value("saved"), "1");
     EXPECT_EQ(run.Count("fchmod"), 1);
-    struct stat status {};
-    ASSERT_EQ(stat("house.con", &status), 0);
-    EXPECT_EQ(status.st_mode & 07777U, 0640U);
+    EXPECT_EQ(PermissionsOf("house.con"), 0640U);
     Restore();
     SaveWith("acl_get_file:1:" + noAcls + ";fchmod:1:" + Errno(EIO).effect, Errno(EIO));
+}
+
+TEST_F(SaveFaults, WhereListsAreShownButNotTakenThePermissionsAreKept) {
+    for (const int error : {ENOTSUP, EPERM, EACCES}) {
+        Restore();
+        const FaultyRun run =
+            RunWithFaults("save", "house.con", "acl_set_fd:1:" + Errno(error).effect);
+        ExpectSaved(run);
+        EXPECT_EQ(PermissionsOf("house.con"), 0640U) << std::strerror(error);
+    }
+}
+
+TEST_F(SaveFaults, WherePermissionsAreRefusedTheFileIsPrivate) {
+    for (const char* lists : {"acl_get_file", "acl_set_fd"}) {
+        Restore();
+        const std::string faults = lists + (":1:" + noAcls) + ";fchmod:1:" + Errno(EPERM).effect;
+        const FaultyRun run = RunWithFaults("save", "house.con", faults);
+        ExpectSaved(run);
+        EXPECT_EQ(PermissionsOf("house.con"), 0600U);
+    }
 }
 
 TEST_F(SaveFaults, WhatAKilledSaveLeftIsNoneOfSaving) {
