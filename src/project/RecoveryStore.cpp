@@ -1,9 +1,9 @@
 #include "project/RecoveryStore.h"
 
 #include "files/FileAccess.h"
+#include "project/UserFolders.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <ctime>
 #include <fcntl.h>
 #include <filesystem>
@@ -22,11 +22,6 @@ constexpr std::string_view lockEnd = ".lock";
 constexpr std::string_view refusedEnd = ".refused";
 constexpr std::string_view damagedEnd = ".damaged";
 constexpr std::string_view halfWrittenStart = ".strativo-";
-
-std::string Environment(const char* name) {
-    const char* value = std::getenv(name);
-    return value != nullptr ? value : "";
-}
 
 /// The status of the path itself, without following links; false when there is nothing or it is out
 /// of reach.
@@ -51,6 +46,17 @@ bool IsOwnFolder(const std::string& path) {
         && ((status.st_mode & ACCESSPERMS) == ownRights || fchmod(descriptor, ownRights) == 0);
     close(descriptor);
     return isOwn;
+}
+
+/// Makes a folder of the user's own where there is none. An administrator makes none among the
+/// folders of another user, who could not use it.
+void MakeFolder(const std::string& path) {
+    struct stat above {};
+    const bool isForeign = geteuid() == 0
+                           && stat(path.substr(0, path.rfind('/') + 1).c_str(), &above) == 0
+                           && above.st_uid != 0;
+    if (!isForeign && mkdir(path.c_str(), S_IRWXU) == 0)
+        chmod(path.c_str(), S_IRWXU); // whatever the mask took away
 }
 
 /// The file names in a folder that belongs to this user; none when there is no such folder.
@@ -123,19 +129,14 @@ void AddLeftCopies(const std::string& folder, std::vector<LeftCopy>& found) {
 
 } // namespace
 
-std::string StateFolder() {
-    std::string state = Environment("XDG_STATE_HOME");
-    if (!state.starts_with('/'))
-        state = Environment("HOME") + "/.local/state";
-    return state + "/strativo";
-}
-
 std::vector<std::string> RecoveryFolders() {
-    std::vector<std::string> folders = {StateFolder() + "/recovery"};
-    if (const std::string runtime = Environment("XDG_RUNTIME_DIR"); runtime.starts_with('/'))
+    std::vector<std::string> folders;
+    if (const std::string state = StateFolder(); !state.empty())
+        folders.push_back(state + "/recovery");
+    if (const std::string runtime = FolderFromEnvironment("XDG_RUNTIME_DIR"); !runtime.empty())
         folders.push_back(runtime + "/strativo-recovery");
-    std::string temporary = Environment("TMPDIR");
-    if (!temporary.starts_with('/'))
+    std::string temporary = FolderFromEnvironment("TMPDIR");
+    if (temporary.empty())
         temporary = "/tmp";
     folders.push_back(temporary + "/strativo-recovery-" + std::to_string(geteuid()));
     return folders;
@@ -144,8 +145,8 @@ std::vector<std::string> RecoveryFolders() {
 bool MakePrivateFolder(const std::string& path) {
     for (auto slash = path.find('/', 1); slash != std::string::npos;
          slash = path.find('/', slash + 1))
-        mkdir(path.substr(0, slash).c_str(), S_IRWXU);
-    mkdir(path.c_str(), S_IRWXU);
+        MakeFolder(path.substr(0, slash));
+    MakeFolder(path);
     return IsOwnFolder(path) && access(path.c_str(), W_OK) == 0;
 }
 

@@ -8,10 +8,6 @@
 
 namespace strativo {
 
-/// The program's folder for what it remembers: $XDG_STATE_HOME/strativo, else
-/// ~/.local/state/strativo.
-std::string StateFolder();
-
 /// The folders for copies of unsaved work, the preferred one first: below the user's state folder,
 /// the runtime folder, and the folder for temporary files.
 std::vector<std::string> RecoveryFolders();

@@ -1,8 +1,7 @@
 #include "project/Settings.h"
 
 #include "files/FileAccess.h"
-
-#include <cstdlib>
+#include "project/UserFolders.h"
 
 #define SI_NO_CONVERSION
 #define SI_IMPLEMENTATION
@@ -14,11 +13,6 @@ namespace {
 
 constexpr char fileName[] = "Stratv.ini";
 constexpr char section[] = "Files";
-
-std::string Environment(const char* name) {
-    const char* value = std::getenv(name);
-    return value != nullptr ? value : "";
-}
 
 /// The bytes of a settings file; empty when it is missing or cannot be read, for instance because
 /// it is a folder or a FIFO.
@@ -33,10 +27,11 @@ std::string BytesIfReadable(const std::string& path) {
 } // namespace
 
 std::vector<std::string> SettingsFiles() {
-    std::string folder = Environment("XDG_CONFIG_HOME");
-    if (folder.empty())
-        folder = Environment("HOME") + "/.config";
-    return {folder + "/" + fileName, std::string("/etc/xdg/") + fileName};
+    std::vector<std::string> files;
+    for (const std::string& folder : {ConfigFolder(), std::string("/etc/xdg")})
+        if (!folder.empty())
+            files.push_back(folder + "/" + fileName);
+    return files;
 }
 
 Settings ReadSettings(const std::vector<std::string>& files) {

@@ -65,7 +65,7 @@ std::optional<WindowState> ReadWindowState(const std::string& folder) {
 
 void KeepWindowState(const WindowState& state, const std::string& folder) noexcept {
     try {
-        if (ReadWindowState(folder) == state || !MakePrivateFolder(folder))
+        if (folder.empty() || ReadWindowState(folder) == state || !MakePrivateFolder(folder))
             return;
         FileStamp stamp;
         ReplaceFile(

@@ -1,6 +1,6 @@
 #include "ui/MainWindowPlace.h"
 
-#include "project/RecoveryStore.h"
+#include "project/UserFolders.h"
 #include "project/WindowState.h"
 
 #include <QGuiApplication>

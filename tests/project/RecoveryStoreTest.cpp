@@ -76,6 +76,27 @@ TEST_F(LeftCopies, AreForTheirUserOnly) {
         EXPECT_EQ(RightsOf(folders[0] + "/" + name), 0600U) << name;
 }
 
+TEST_F(LeftCopies, LieInUsableFoldersWhateverTheMaskForNewFiles) {
+    for (const mode_t mask : {0777U, 0177U}) {
+        fs::remove_all(work.Path() / "state");
+        const mode_t before = umask(mask);
+        EXPECT_TRUE(RecoveryStore(folders).Write("work"));
+        umask(before);
+        for (const char* folder : {"state", "state/strativo", "state/strativo/recovery"})
+            EXPECT_EQ(RightsOf((work.Path() / folder).string()), 0700U) << folder;
+    }
+}
+
+TEST_F(LeftCopies, OfAnAdministratorMakeNoFoldersInAnothersHome) {
+    if (geteuid() != 0)
+        GTEST_SKIP() << "only an administrator can make the foreign folder";
+    const fs::path home = work.Path() / "home";
+    fs::create_directory(home);
+    ASSERT_EQ(chown(home.c_str(), 1234, 2345), 0);
+    EXPECT_FALSE(MakePrivateFolder((home / ".local/state/strativo").string()));
+    EXPECT_TRUE(fs::is_empty(home));
+}
+
 TEST_F(LeftCopies, AFolderThatOthersCouldLookIntoIsClosedToThem) {
     fs::create_directories(folders[0]);
     chmod(folders[0].c_str(), 0755);

@@ -94,8 +94,8 @@ TEST_F(SettingsFolders, AreInTheHomeFolderWhereNoOtherIsSet) {
     EXPECT_EQ(SettingsFiles().front(), "/home/me/.config/Stratv.ini");
     unsetenv("XDG_CONFIG_HOME");
     EXPECT_EQ(SettingsFiles().front(), "/home/me/.config/Stratv.ini");
-    unsetenv("HOME");
-    EXPECT_EQ(SettingsFiles().front(), "/.config/Stratv.ini");
+    setenv("XDG_CONFIG_HOME", "relative", 1);
+    EXPECT_EQ(SettingsFiles().front(), "/home/me/.config/Stratv.ini");
 }
 
 } // namespace
