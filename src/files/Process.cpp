@@ -10,6 +10,9 @@ namespace strativo {
 
 void PrepareProcess() {
     std::signal(SIGXFSZ, SIG_IGN);
+    sigset_t none{};
+    sigemptyset(&none);
+    sigprocmask(SIG_SETMASK, &none, nullptr);
     for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
         const bool isClosed = fcntl(descriptor, F_GETFD) < 0 && errno == EBADF;
         // Opening takes the lowest free number, which is this one: those before it are in use by

@@ -21,11 +21,28 @@ void Print(const QString& line) {
     std::fputs((line + QLatin1Char('\n')).toLocal8Bit().constData(), stderr);
 }
 
-void Keep(QtMsgType type, const QMessageLogContext& context, const QString& message) {
-    if (type == QtFatalMsg) {
+void PrintWaiting() {
+    for (const QString& line : qAsConst(Waiting()))
+        Print(line);
+    Waiting().clear();
+}
+
+/// Qt's own lines are many and of little use, unless the user chose the way to the screen.
+[[noreturn]] void EndWithoutWindow() {
+    constexpr char chosen[] = "QT_QPA_PLATFORM";
+    if (qEnvironmentVariableIsEmpty(chosen)) {
         Print(QStringLiteral("strativo: there is no display to open a window on"));
-        std::_Exit(EXIT_FAILURE);
+    } else {
+        PrintWaiting();
+        Print(QStringLiteral("strativo: no window can be opened with %1=%2")
+                  .arg(QLatin1String(chosen), qEnvironmentVariable(chosen)));
     }
+    std::_Exit(EXIT_FAILURE);
+}
+
+void Keep(QtMsgType type, const QMessageLogContext& context, const QString& message) {
+    if (type == QtFatalMsg)
+        EndWithoutWindow();
     Waiting().append(qFormatLogMessage(type, context, message));
 }
 
@@ -37,9 +54,7 @@ StartMessages::StartMessages() {
 
 StartMessages::~StartMessages() {
     qInstallMessageHandler(nullptr);
-    for (const QString& line : qAsConst(Waiting()))
-        Print(line);
-    Waiting().clear();
+    PrintWaiting();
 }
 
 } // namespace strativo

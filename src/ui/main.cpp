@@ -9,6 +9,7 @@
 #include <QIcon>
 #include <QSocketNotifier>
 
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
@@ -34,6 +35,7 @@ int PrintToTerminal(const std::string& text) {
 
 int main(int argc, char** argv) {
     strativo::PrepareProcess();
+    std::signal(SIGPIPE, SIG_IGN); // work does not end with the reader of what is printed
     const std::string answer = strativo::HelpOrVersion({argv + 1, argv + argc});
     if (!answer.empty())
         return PrintToTerminal(answer);

@@ -95,8 +95,8 @@ TEST_P(CrashStory, TakesNothingOfWhatWasDoneASecondAgo) {
 
 INSTANTIATE_TEST_SUITE_P(Signals, CrashStory,
                          testing::Values(SIGQUIT, SIGILL, SIGTRAP, SIGABRT, SIGBUS, SIGFPE, SIGKILL,
-                                         SIGUSR1, SIGSEGV, SIGUSR2, SIGPIPE, SIGALRM, SIGSTKFLT,
-                                         SIGXCPU, SIGXFSZ, SIGVTALRM, SIGPROF));
+                                         SIGUSR1, SIGSEGV, SIGUSR2, SIGALRM, SIGSTKFLT, SIGXCPU,
+                                         SIGXFSZ, SIGVTALRM, SIGPROF));
 
 class SpoiltHeapStory : public RecoveryStory, public testing::WithParamInterface<char> {};
 

@@ -1,6 +1,7 @@
 #include "files/Process.h"
 
 #include <cerrno>
+#include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
 #include <gtest/gtest.h>
@@ -40,6 +41,23 @@ int StatusBeyondTheLimit() {
     const int file = mkstemp(path);
     unlink(path);
     return write(file, "x", 1) < 0 && errno == EFBIG ? 0 : 1;
+}
+
+/// 0 if no signal is blocked.
+int StatusWithAllBlocked() {
+    sigset_t signals{};
+    sigfillset(&signals);
+    sigprocmask(SIG_SETMASK, &signals, nullptr);
+    PrepareProcess();
+    sigprocmask(SIG_SETMASK, nullptr, &signals);
+    for (int signal = 1; signal < NSIG; ++signal)
+        if (sigismember(&signals, signal) == 1)
+            return signal;
+    return 0;
+}
+
+TEST(PrepareProcess, LetsSignalsThroughThatWereBlocked) {
+    EXPECT_EXIT(std::_Exit(StatusWithAllBlocked()), testing::ExitedWithCode(0), "");
 }
 
 TEST(PrepareProcess, MakesAFileThatMayNotGrowAnErrorOfTheWrite) {

@@ -1,23 +1,40 @@
 #include <QProcess>
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 namespace strativo {
 namespace {
 
-TEST(WithoutADisplay, TheProgramSaysSoInOneLineAndEndsWithStatusOne) {
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "WAYLAND_SOCKET", "QT_QPA_PLATFORM"})
-        environment.remove(QLatin1String(name));
+/// What the program prints where it cannot open a window.
+std::string ErrorsOf(const QProcessEnvironment& environment) {
     QProcess program;
     program.setProcessEnvironment(environment);
     program.start(QStringLiteral(STRATIVO), {});
-    ASSERT_TRUE(program.waitForFinished(60000)) << program.errorString().toStdString();
+    EXPECT_TRUE(program.waitForFinished(60000)) << program.errorString().toStdString();
     EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
     EXPECT_EQ(program.exitCode(), 1);
     EXPECT_EQ(program.readAllStandardOutput().toStdString(), "");
-    EXPECT_EQ(program.readAllStandardError().toStdString(),
-              "strativo: there is no display to open a window on\n");
+    return program.readAllStandardError().toStdString();
+}
+
+QProcessEnvironment WithoutDisplay() {
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "WAYLAND_SOCKET", "QT_QPA_PLATFORM"})
+        environment.remove(QLatin1String(name));
+    return environment;
+}
+
+TEST(WithoutADisplay, TheProgramSaysSoInOneLineAndEndsWithStatusOne) {
+    EXPECT_EQ(ErrorsOf(WithoutDisplay()), "strativo: there is no display to open a window on\n");
+}
+
+TEST(WithoutADisplay, AWayToTheScreenThatThereIsNotIsNamed) {
+    QProcessEnvironment environment = WithoutDisplay();
+    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("nonsense"));
+    EXPECT_THAT(ErrorsOf(environment),
+                testing::AllOf(testing::HasSubstr("Could not find the Qt platform plugin"),
+                               testing::EndsWith("strativo: no window can be opened with "
+                                                 "QT_QPA_PLATFORM=nonsense\n")));
 }
 
 } // namespace
