@@ -58,10 +58,14 @@ public:
     NormalPointer& operator=(const NormalPointer&) = delete;
 };
 
-/// The box in front if there is one, which gets the keys back when the next one goes.
+/// The window that asks, which gets the keys back when the box goes: a box in front, or a window
+/// that belongs to the main one.
 QWidget* Front(QWidget& mainWindow) {
     QWidget* modal = QApplication::activeModalWidget();
-    return modal != nullptr && modal->isVisible() ? modal : &mainWindow;
+    if (modal != nullptr && modal->isVisible())
+        return modal;
+    QWidget* active = QApplication::activeWindow();
+    return active != nullptr && active->parentWidget() == &mainWindow ? active : &mainWindow;
 }
 
 } // namespace

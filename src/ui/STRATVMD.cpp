@@ -127,6 +127,7 @@ void UValueMDI::Perform(const std::function<void()>& action) {
     if (performing == 0) {
         watch->ActionBegins();
         history.ActionBegins(project);
+        status->ActionBegins(project);
     }
     if (started)
         area->SetFollowsArea(false);
@@ -146,6 +147,7 @@ void UValueMDI::Perform(const std::function<void()>& action) {
     if (performing > 0)
         return;
     status->EndProgress();
+    status->ActionEnded(project, isStep);
     if (isStep && project.before.removes)
         TellOfStep();
     watch->ActionEnded();
@@ -256,6 +258,7 @@ void UValueMDI::OpenSection() {
     if (section == nullptr) {
         section = new SectionWindow(program, this);
         AddUndoKeys(section);
+        AddFileKeys(section);
     }
     section->Open();
 }

@@ -134,6 +134,9 @@ private:
     void ShowLayerMenu(QPoint position);
     void BuildLayerMenu();
     void AddUndoKeys(QWidget* window);
+    /// A key that does the action once a press while that window has the keys.
+    void AddCommandKey(QWidget* window, QKeyCombination key, const std::function<void()>& action);
+    void AddFileKeys(QWidget* window);
     void TellOfStep();
     void Undo();
     void Redo();

@@ -147,26 +147,31 @@ void UValueMDI::BuildShortcuts() {
         connect(new QShortcut(QKeySequence(key), this), &QShortcut::activated, this,
                 [this, action] { Perform(action); });
     };
-    const auto addCommand = [this](QKeyCombination key, const std::function<void()>& action) {
-        ActOncePerPress(new QShortcut(QKeySequence(key), this),
-                        [this, action] { Perform(action); });
-    };
     const auto next = [this] { area->ActivateNext(false); };
     const auto previous = [this] { area->ActivateNext(true); };
     addKey(Qt::CTRL | Qt::Key_Tab, next);
     addKey(Qt::CTRL | Qt::Key_F6, next);
     addKey(Qt::CTRL | Qt::SHIFT | Qt::Key_Tab, previous);
     addKey(Qt::CTRL | Qt::SHIFT | Qt::Key_F6, previous);
-    addCommand(Qt::CTRL | Qt::Key_F4, [this] { CloseActive(); });
+    AddCommandKey(this, Qt::CTRL | Qt::Key_F4, [this] { CloseActive(); });
     addKey(Qt::NoModifier | Qt::Key_F10,
            [this] { menuBar()->setActiveAction(menuBar()->actions().front()); });
     addKey(Qt::NoModifier | Qt::Key_F9, [this] { OpenSection(); });
-    addCommand(Qt::CTRL | Qt::Key_N, [this] { Replace_Click(NewProject); });
-    addCommand(Qt::CTRL | Qt::Key_O, [this] { Replace_Click(OpenProject); });
-    addCommand(Qt::CTRL | Qt::Key_S, [this] { SaveProjectByKey(project, *prompts); });
+    AddFileKeys(this);
     new HelpKey([this](const QWidget& window) { ShowHelpAbout(window); }, this);
     AddUndoKeys(this);
     new AccessKeys([this] { return area->Content(area->Active()); }, *menuBar(), this);
+}
+
+void UValueMDI::AddCommandKey(QWidget* window, QKeyCombination key,
+                              const std::function<void()>& action) {
+    ActOncePerPress(new QShortcut(QKeySequence(key), window), [this, action] { Perform(action); });
+}
+
+void UValueMDI::AddFileKeys(QWidget* window) {
+    AddCommandKey(window, Qt::CTRL | Qt::Key_N, [this] { Replace_Click(NewProject); });
+    AddCommandKey(window, Qt::CTRL | Qt::Key_O, [this] { Replace_Click(OpenProject); });
+    AddCommandKey(window, Qt::CTRL | Qt::Key_S, [this] { SaveProjectByKey(project, *prompts); });
 }
 
 void UValueMDI::BuildLayerMenu() {

@@ -8,6 +8,7 @@
 #include "text/Format.h"
 #include "ui/Appearance.h"
 #include "ui/DrawingView.h"
+#include "ui/KeyRepeat.h"
 #include "ui/Printing.h"
 #include "ui/Text.h"
 
@@ -21,6 +22,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScreen>
+#include <QShortcut>
 
 namespace strativo {
 
@@ -174,6 +176,8 @@ void SectionWindow::ConnectSignals() {
         connect(field, &QLineEdit::textChanged, this, &SectionWindow::ReadConditions);
     connect(ui.Print, &QPushButton::clicked, this, [this] { Print(); });
     connect(ui.Save, &QPushButton::clicked, this, &SectionWindow::Save);
+    // The lists would take the key for a search if they were asked first.
+    ActOncePerPress(new QShortcut(QKeySequence::Print, this), [this] { ui.Print->click(); });
 }
 
 HeatFlow SectionWindow::Flow() const {
@@ -275,8 +279,6 @@ void SectionWindow::PaintPage(QPainter& painter, const QRectF& page) const {
 void SectionWindow::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Escape)
         close();
-    else if (event->matches(QKeySequence::Print) && ui.Print->isEnabled())
-        Print();
     else
         QWidget::keyPressEvent(event);
 }

@@ -73,9 +73,26 @@ void StatusBar::ShowMaterialTarget(const Project& project) {
 void StatusBar::Say(const QString& text) {
     const bool tipIsShown = !currentMessage().isEmpty() && currentMessage() != said;
     said = Elided(text);
+    saidByAction = true;
     telling.start();
     if (!tipIsShown)
         showMessage(said);
+}
+
+StatusBar::FileState StatusBar::FileStateOf(const Project& project) {
+    return {project.contentsReplaced, project.contentsSaved, project.changed};
+}
+
+void StatusBar::ActionBegins(const Project& project) {
+    before = FileStateOf(project);
+    saidByAction = false;
+}
+
+void StatusBar::ActionEnded(const Project& project, bool changedContent) {
+    if (saidByAction || (!changedContent && before == FileStateOf(project)))
+        return;
+    telling.stop();
+    EndSaying();
 }
 
 /// A menu or a search takes its own words away, and all others with them.

@@ -163,6 +163,57 @@ TEST_F(Section, SavesItsDrawingAsSvg) {
     EXPECT_THAT(svg, HasSubstr("</svg>"));
 }
 
+TEST_F(Section, AsksInFrontOfItself) {
+    Open();
+    TakeKeyboard(*Shown());
+    const QWidget* asking = nullptr;
+    InBox([&](QWidget& box) {
+        asking = box.parentWidget();
+        dynamic_cast<QDialog&>(box).reject();
+    });
+    QTest::mouseClick(In<QPushButton>("Save"), Qt::LeftButton);
+    EXPECT_EQ(asking, Shown());
+    TakeKeyboard(*program);
+    InBox([&](QWidget& box) {
+        asking = box.parentWidget();
+        dynamic_cast<QDialog&>(box).reject();
+    });
+    Press(Qt::Key_O, Qt::ControlModifier);
+    EXPECT_EQ(asking, program.get());
+}
+
+TEST_F(Section, SavesTheProjectByKey) {
+    Open();
+    SetThickness(1, 105);
+    const std::string file = (folder.Path() / "wall.con").string();
+    TakeKeyboard(*Shown());
+    ChooseFile(file);
+    QTest::keyClick(Shown(), Qt::Key_S, Qt::ControlModifier);
+    EXPECT_THAT(folder.Read("wall.con"), HasSubstr("FACE BRICK"));
+    EXPECT_EQ(TheProject().constructionFile, file);
+    TakeKeyboard(*Shown());
+    QTest::keyClick(Shown(), Qt::Key_N, Qt::ControlModifier);
+    EXPECT_EQ(TheProject().constructionCount, 0);
+    ChooseFile(file);
+    QTest::keyClick(Shown(), Qt::Key_O, Qt::ControlModifier);
+    EXPECT_EQ(TheProject().constructionCount, 1);
+}
+
+TEST_F(Section, IsPrintedByKeyWhateverHasTheFocus) {
+    Open();
+    for (const char* focus : {"Flow", "Inside", "Figures"}) {
+        TakeKeyboard(*Shown());
+        In<QWidget>(focus)->setFocus();
+        bool asked = false;
+        InBox([&](QWidget& box) {
+            asked = true;
+            dynamic_cast<QDialog&>(box).reject();
+        });
+        QTest::keyClick(In<QWidget>(focus), Qt::Key_P, Qt::ControlModifier);
+        EXPECT_TRUE(asked) << focus;
+    }
+}
+
 TEST_F(Section, PrintsAPage) {
     Open();
     SetThickness(1, 105);

@@ -97,6 +97,29 @@ TEST_F(Undo, BelongsToAFieldThatHasTheFocus) {
     EXPECT_EQ(TheProject().constructions[1].name, "Construction 1");
 }
 
+TEST_F(Undo, IsNotOfferedAnyMoreForWhatLiesBelowALaterStep) {
+    Open();
+    Press(Qt::Key_Delete);
+    EXPECT_EQ(Said(), "Deletion of 1 layer. Ctrl+Z takes it back");
+    ClickLine(List(1), 1);
+    EXPECT_EQ(Said(), "Deletion of 1 layer. Ctrl+Z takes it back") << "nothing has changed";
+    Insert("PLASTER");
+    EXPECT_EQ(Said(), "");
+    Back();
+    EXPECT_THAT(Said(), HasSubstr("Ctrl+Y does it again"));
+    Insert("PLASTER");
+    EXPECT_EQ(Said(), "") << "there is nothing to do again";
+}
+
+TEST_F(Undo, IsNotOfferedAnyMoreInAnotherProject) {
+    Open();
+    Press(Qt::Key_Delete);
+    Answer("Yes");
+    Press(Qt::Key_N, Qt::ControlModifier);
+    EXPECT_EQ(TheProject().constructionCount, 0);
+    EXPECT_EQ(Said(), "");
+}
+
 TEST_F(Undo, BringsARemovedConstructionBackToItsPlace) {
     Open();
     MoveWindow(1, {137, 83});
