@@ -62,4 +62,26 @@ TEST_F(SectionStory, TheKeyF9ShowsTheSectionWhichFollowsTheWork) {
         << "the section does not go with what the main window does";
 }
 
+TEST_F(SectionStory, HasTheKeysAgainWhenItsPromptGoes) {
+    Open();
+    Click(LayerRow(1, 0));
+    Press(Key::f9);
+    WaitForSection("Construction 1  First", "    1 FACE BRICK");
+    const std::string layers = Layers(1);
+    const auto hasTheKeys = [&] {
+        WaitFor("the section to have the keys", [this] { return Section()->isActiveWindow(); });
+    };
+    hasTheKeys();
+    Press({Key::alt, KeyOf('v')});
+    CancelPrompt("Save section");
+    hasTheKeys();
+    Press({Key::alt, KeyOf('v')});
+    ChooseFile("Save section", PathOf("wall.svg"));
+    hasTheKeys();
+    EXPECT_NE(Read("wall.svg").find("<svg "), std::string::npos);
+    Press(Key::escape);
+    WaitFor("the section to close", [this] { return !IsOpen() && window->isActiveWindow(); });
+    EXPECT_EQ(Layers(1), layers);
+}
+
 } // namespace strativo

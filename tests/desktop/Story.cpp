@@ -232,8 +232,9 @@ void Story::WaitForBox(const std::string& title) {
 void Story::WaitForEndOf(const QPointer<QDialog>& front) {
     WaitFor("the box to go", [&] {
         const QDialog* next = BoxInFront();
-        return next != nullptr ? next != front && IsReadyForInput(next)
-                               : !window->isVisible() || IsReadyForInput(window);
+        if (next != nullptr)
+            return next != front && IsReadyForInput(next);
+        return !window->isVisible() || IsReadyForInput(QApplication::activeWindow());
     });
 }
 
