@@ -14,6 +14,7 @@
 #include "ui/ButtonKeys.h"
 #include "ui/ChildWindow.h"
 #include "ui/HelpViewer.h"
+#include "ui/KeysForBox.h"
 #include "ui/KeyRepeat.h"
 #include "ui/MainWindowPlace.h"
 #include "ui/ProjectView.h"
@@ -62,6 +63,7 @@ UValueMDI::UValueMDI(QWidget* parent)
                           [this](int id) { return ContentSize(id); }, this)) {
     WatchKeys();
     new ButtonKeys(this);
+    new KeysForBox(this);
     new Tips(this);
     constructionSize = UValue::FixedSize(*this);
     setObjectName(QStringLiteral("UValueMDI"));

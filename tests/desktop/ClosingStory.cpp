@@ -33,6 +33,20 @@ TEST_F(ClosingStory, CancelKeepsTheProgramOpen) {
     ExpectClosed();
 }
 
+TEST_F(ClosingStory, AClickBesideTheQuestionLeavesItTheKeys) {
+    ChangeAndClose();
+    WaitForBox(title);
+    for (const QPoint place : {TitleOf(2), LayerRow(2, 4)}) {
+        Click(place);
+        WaitForBox(title);
+    }
+    Press(Key::escape);
+    WaitFor("the question to go", [this] { return window->isActiveWindow(); });
+    EXPECT_TRUE(IsRunning());
+    EXPECT_EQ(Layers(1), "[BLOCK], PLASTER");
+    EXPECT_EQ(Read("pair.con"), before);
+}
+
 TEST_F(ClosingStory, YesSavesAndCloses) {
     ChangeAndClose();
     Answer(title, "Save changes to " + PathOf("pair.con") + " ?", "Yes");
