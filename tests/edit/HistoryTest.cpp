@@ -360,12 +360,13 @@ TEST_F(GlassHistory, CountsNoStepForATypeThatWasNotAdded) {
 
 TEST_F(GlassHistory, TakesAnImportBackWithItsComments) {
     TemporaryFolder folder;
-    folder.Write("from.con", "* head\n!WINDOW = 'BLUE' * of blue\n!TRANS\n0.5\n!END\n"
+    folder.Write("from.con", "glass * head\n!WINDOW = 'BLUE' * of blue\n!TRANS\n0.5\n!END\n"
                              "!WINDOW 2D = 'TWO' * of two\n");
     const std::uint64_t before = ContentDigest(project);
     prompts.OpensFile("from.con");
     EXPECT_TRUE(Do([&] { ImportGlassDefinitions(project, prompts); }));
     EXPECT_EQ(history.NextUndo(), "import of 2 glass types");
+    EXPECT_THAT(project.comments.fileHead, ElementsAre(" head"));
     const std::uint64_t after = ContentDigest(project);
     EXPECT_NE(after, before);
     Undo();

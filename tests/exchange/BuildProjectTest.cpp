@@ -243,6 +243,16 @@ TEST(BuildProject, FaultsComeInDocumentOrder) {
                             "/standardLibraryFile missing-key"));
 }
 
+TEST(BuildProject, AKeyUpToTwoLettersAwayIsSuggested) {
+    for (const char* key : {"thckess", "thiicknesss", "hicknesss", "THICKMESS"})
+        EXPECT_THAT(Texts(WithLayer(R"("materialCode": 1, "thickness": 1, ")" + std::string(key)
+                                    + R"(": 2)")),
+                    ElementsAre("the key \"" + std::string(key)
+                                + "\" is not known; is \"thickness\" meant?"));
+    EXPECT_THAT(Texts(WithLayer(R"("materialCode": 1, "thickness": 1, "thickn": 2)")),
+                ElementsAre("the key \"thickn\" is not known"));
+}
+
 TEST(BuildProject, TextsSayWhatWasExpectedAndWhatStoodThere) {
     EXPECT_THAT(Texts(WithLayer(R"("materialCode": 1, "thickness": "12,5", "nmae": "")")),
                 ElementsAre("expected a number (millimetres), got the string \"12,5\"",

@@ -99,6 +99,13 @@ TEST_F(EpModelOf, MaterialsWithoutHeatStorageAreResistances) {
     }
 }
 
+TEST_F(EpModelOf, TheLeastSpecificHeatIsStored) {
+    Layer foil = Brick(100);
+    foil.specificHeat = 100;
+    Add("Wall", {foil});
+    EXPECT_EQ(Make().materials.at(0).kind, EpMaterialKind::massive);
+}
+
 TEST_F(EpModelOf, CavitiesAreAirGapsOfTheirResistance) {
     const std::vector<std::pair<int, double>> resistances = {{-1, 0.11}, {-5, 0.11}, {-11, 0.11},
                                                              {-2, 0.18}, {-6, 0.18}, {-3, 0.16}};

@@ -95,6 +95,12 @@ TEST_F(Findings, UnlinkedMaterialsAreLookedForInTheirOwnLibrary) {
                                      "material 1 is not in the user library"));
 }
 
+TEST_F(Findings, TheLargestMaterialNumberCanBeLinked) {
+    project.standardLibrary[1].code = 32767;
+    AddWall().materialCode = 32767;
+    EXPECT_THAT(Rules(), IsEmpty());
+}
+
 TEST_F(Findings, MaterialsBehindTheEndMarkerAreNotInTheLibrary) {
     project.standardLibrary[3] = {7, "STALE", 1, 1, 1};
     AddWall().materialCode = 7;
