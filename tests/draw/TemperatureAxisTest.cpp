@@ -26,6 +26,12 @@ INSTANTIATE_TEST_SUITE_P(All, TemperatureAxes,
                                          AxisCase{20, 17, 17, 1, 3}, AxisCase{20, 20, 20, 0.2, 1},
                                          AxisCase{1000, 0, 0, 200, 5}));
 
+TEST(TemperatureAxes, HaveMarksAtTheirSteps) {
+    const TemperatureAxis axis = TemperatureAxisFor({20.6, 20});
+    for (const int number : {0, 1, 2, 3})
+        EXPECT_EQ(axis.Mark(number), std::round((20 + 0.2 * number) * 10) / 10);
+}
+
 TEST(TemperatureAxes, OfAnyTemperaturesHaveFewSteps) {
     for (const double inside : {lowestTemperature, -3.3, 0.0, 1e-9, 22.2, highestTemperature})
         for (const double outside : {lowestTemperature, -17.0, 0.05, 22.2, highestTemperature}) {

@@ -48,6 +48,17 @@ TEST_F(GlassProfileTest, KeepsTheSelectedColumnWhenOpenedAgain) {
     EXPECT_EQ(ColumnText(project, profile), "Transmission at 50 degrees");
 }
 
+TEST_F(GlassProfileTest, KeepsAValueOutsideTheGraphWhenAnotherIsSelected) {
+    project.glassTypes[1].transmission[2] = 1.25F;
+    profile = OpenProfile(project);
+    for (const ProfileKey key :
+         {ProfileKey::left, ProfileKey::right, ProfileKey::home, ProfileKey::end}) {
+        Column() = 2;
+        Press(key);
+        EXPECT_EQ(Value(2), 1.25F);
+    }
+}
+
 TEST_F(GlassProfileTest, ListsTheValuesThatTheGraphCannotShow) {
     EXPECT_EQ(OutsideText(profile), "");
     AngularValues& values = project.glassTypes[1].transmission;

@@ -214,8 +214,8 @@ TEST_F(LinkOfAnotherUser, IsNoReasonToRefuseOnesOwn) {
     EXPECT_EQ(folder.Read("mine/a.con"), "new");
 }
 
-void Age(const std::string& path, int hours) {
-    const timespec then{std::time(nullptr) - hours * 3600, 0};
+void Age(const std::string& path, int minutes) {
+    const timespec then{std::time(nullptr) - minutes * 60, 0};
     const timespec times[] = {then, then};
     ASSERT_EQ(utimensat(AT_FDCWD, path.c_str(), times, AT_SYMLINK_NOFOLLOW), 0);
 }
@@ -228,7 +228,7 @@ TEST(Leftovers, OfAKilledSaveGoWithTheNextOneAfterADay) {
     fs::create_directory(".strativo-folder");
     fs::create_symlink("a.con", ".strativo-linked");
     for (const std::string& name : folder.Entries())
-        Age(name, name == ".strativo-yOung6" ? 23 : 25);
+        Age(name, name == ".strativo-yOung6" ? 24 * 60 - 5 : 24 * 60 + 5);
     EXPECT_EQ(Failure("a.con"), "");
     std::vector<std::string> left = folder.Entries();
     const std::vector<std::string> expected = {".strativo-folder",  ".strativo-linked",
@@ -244,7 +244,7 @@ TEST(Leftovers, OfAnotherUserStay) {
     const TemporaryFolder folder;
     folder.Write(".strativo-aB3dE6", "left");
     ASSERT_EQ(chown(".strativo-aB3dE6", 1234, 1234), 0);
-    Age(".strativo-aB3dE6", 48);
+    Age(".strativo-aB3dE6", 48 * 60);
     EXPECT_EQ(Failure("a.con"), "");
     EXPECT_TRUE(fs::exists(".strativo-aB3dE6"));
 }
