@@ -30,7 +30,9 @@ void PrintWaiting() {
 /// Qt's own lines are many and of little use, unless the user chose the way to the screen.
 [[noreturn]] void EndWithoutWindow() {
     constexpr char chosen[] = "QT_QPA_PLATFORM";
-    if (qEnvironmentVariableIsEmpty(chosen)) {
+    const bool hasDisplay =
+        !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+    if (!hasDisplay || qEnvironmentVariableIsEmpty(chosen)) {
         Print(QStringLiteral("strativo: there is no display to open a window on"));
     } else {
         PrintWaiting();

@@ -30,6 +30,7 @@ TEST(WithoutADisplay, TheProgramSaysSoInOneLineAndEndsWithStatusOne) {
 
 TEST(WithoutADisplay, AWayToTheScreenThatThereIsNotIsNamed) {
     QProcessEnvironment environment = WithoutDisplay();
+    environment.insert(QStringLiteral("DISPLAY"), QStringLiteral(":99"));
     environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("nonsense"));
     EXPECT_THAT(ErrorsOf(environment),
                 testing::AllOf(testing::HasSubstr("Could not find the Qt platform plugin"),
