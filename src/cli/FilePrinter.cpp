@@ -95,7 +95,7 @@ bool FilePrinter::PrintAsItComes(const FileWork& work, const std::string& file) 
     PassingOn toErr(err, [this] { ClearProgress(); });
     std::ostream fileOut(&toOut);
     std::ostream fileErr(&toErr);
-    fileErr << std::unitbuf; // before the output that it comes before
+    fileErr << std::unitbuf; // a message comes before the output that follows it
     const int fileStatus = StatusOf(work, file, fileOut, fileErr);
     fileOut.flush();
     err.flush();

@@ -186,11 +186,13 @@ void WorkKeeper::StartCopy(const Project& project) {
     };
     try {
         *bytes = WriteUnsealedSnapshot(project, HeadOf(project));
+    } catch (const std::bad_alloc&) {
+        return NoteOutcome(false);
+    }
+    try {
         writing = std::async(std::launch::async, write);
     } catch (const std::system_error&) {
         NoteOutcome(write()); // no thread can be started, so the user waits for it
-    } catch (const std::bad_alloc&) {
-        NoteOutcome(false);
     }
 }
 

@@ -64,8 +64,10 @@ QWidget* Front(QWidget& mainWindow) {
     QWidget* modal = QApplication::activeModalWidget();
     if (modal != nullptr && modal->isVisible())
         return modal;
-    QWidget* active = QApplication::activeWindow();
-    return active != nullptr && active->parentWidget() == &mainWindow ? active : &mainWindow;
+    QWidget* active = QApplication::activeWindow(); // may be a box that has just gone
+    const bool belongs =
+        active != nullptr && active->isVisible() && active->parentWidget() == &mainWindow;
+    return belongs ? active : &mainWindow;
 }
 
 } // namespace

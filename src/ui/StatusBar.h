@@ -62,7 +62,7 @@ private:
     Ui ui{};
     QString said; ///< while it is being told
     QTimer telling{this};
-    FileState before; ///< the action
+    FileState before; ///< at the begin of the action
     bool saidByAction = false;
     QElapsedTimer reading;    ///< runs while a file is read
     bool busyPointer = false; ///< shown when reading takes long

@@ -1,8 +1,8 @@
 #include "project/Settings.h"
 
+#include "support/EnvironmentVariable.h"
 #include "support/TestProject.h"
 
-#include <cstdlib>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -58,44 +58,18 @@ TEST(Settings, LookPastWhatIsNoReadableFile) {
     EXPECT_EQ(ReadSettings({"folder", "fifo", "empty.ini", "noise.ini", "good.ini"}).help, "found");
 }
 
-/// Restores two environment variables at the end.
-class SettingsFolders : public testing::Test {
-protected:
-    ~SettingsFolders() override {
-        Restore("XDG_CONFIG_HOME", configHome);
-        Restore("HOME", home);
-    }
-
-private:
-    static std::pair<bool, std::string> Value(const char* name) {
-        const char* value = std::getenv(name);
-        return {value != nullptr, value != nullptr ? value : ""};
-    }
-    static void Restore(const char* name, const std::pair<bool, std::string>& value) {
-        if (value.first)
-            setenv(name, value.second.c_str(), 1);
-        else
-            unsetenv(name);
-    }
-
-    std::pair<bool, std::string> configHome = Value("XDG_CONFIG_HOME");
-    std::pair<bool, std::string> home = Value("HOME");
-};
-
-TEST_F(SettingsFolders, AreTheUsersAndTheSystems) {
-    setenv("XDG_CONFIG_HOME", "/elsewhere/settings", 1);
+TEST(SettingsFolders, AreTheUsersAndTheSystems) {
+    const EnvironmentVariable config("XDG_CONFIG_HOME", "/elsewhere/settings");
     EXPECT_THAT(SettingsFiles(),
                 ElementsAre("/elsewhere/settings/Stratv.ini", "/etc/xdg/Stratv.ini"));
 }
 
-TEST_F(SettingsFolders, AreInTheHomeFolderWhereNoOtherIsSet) {
-    setenv("HOME", "/home/me", 1);
-    setenv("XDG_CONFIG_HOME", "", 1);
-    EXPECT_EQ(SettingsFiles().front(), "/home/me/.config/Stratv.ini");
-    unsetenv("XDG_CONFIG_HOME");
-    EXPECT_EQ(SettingsFiles().front(), "/home/me/.config/Stratv.ini");
-    setenv("XDG_CONFIG_HOME", "relative", 1);
-    EXPECT_EQ(SettingsFiles().front(), "/home/me/.config/Stratv.ini");
+TEST(SettingsFolders, AreInTheHomeFolderWhereNoOtherIsSet) {
+    const EnvironmentVariable home("HOME", "/home/me");
+    for (const char* value : {static_cast<const char*>(nullptr), "", "relative"}) {
+        const EnvironmentVariable config("XDG_CONFIG_HOME", value);
+        EXPECT_EQ(SettingsFiles().front(), "/home/me/.config/Stratv.ini");
+    }
 }
 
 } // namespace
