@@ -124,7 +124,8 @@ void ChildWindow::ShowColours() {
     colours.setColor(QPalette::WindowText, Readable(text, bar));
     title->setPalette(colours);
     ShowButtonPictures();
-    update();
+    // The content, slow to paint, looks the same in an active window.
+    update(QRegion(rect()) - rect().adjusted(border, border + titleHeight, -border, -border));
 }
 
 void ChildWindow::changeEvent(QEvent* event) {

@@ -7,7 +7,7 @@
 #include <QPainter>
 
 #include <algorithm>
-#include <set>
+#include <iterator>
 #include <utility>
 
 namespace strativo {
@@ -144,8 +144,6 @@ void WindowArea::ShowMinimised(int id) {
         child.frame->SetContent(makeContent(id));
     child.frame->SetMinimised(minimised);
     child.frame->setGeometry(places.Geometry(id));
-    if (minimised)
-        child.frame->lower();
 }
 
 void WindowArea::Raise(int id) {
@@ -156,11 +154,13 @@ void WindowArea::Raise(int id) {
     }
     ChildWindow* frame = children.at(id).frame;
     frame->setGeometry(places.Geometry(id));
-    frame->raise();
+    const std::vector<int> topmostFirst = WindowsWithFrames();
+    const auto found = std::find(topmostFirst.begin(), topmostFirst.end(), id);
+    if (found == topmostFirst.begin())
+        frame->raise();
+    else
+        frame->stackUnder(children.at(*(found - 1)).frame);
     frame->show();
-    for (const int above : places.Above(id))
-        if (QWidget* other = children.at(above).frame; other != nullptr)
-            other->raise();
 }
 
 void WindowArea::SetActive(int id) {
@@ -293,42 +293,50 @@ void WindowArea::ShowVisible() {
     if (!changed)
         return;
     changed = false;
-    PlaceFrames();
     const bool othersWait = ActiveComesFirst();
     const std::vector<int> seen = places.Seen();
-    QWidget* above = nullptr;
     for (const int id : seen) {
-        Child& child = children.at(id);
-        if (child.frame == nullptr && othersWait) {
+        const bool isMissing = children.at(id).frame == nullptr;
+        if (isMissing && othersWait)
             changed = true;
-            continue;
-        }
-        if (child.frame == nullptr)
+        else if (isMissing)
             MakeFrame(id);
-        if (above == nullptr)
-            child.frame->raise();
-        else
-            child.frame->stackUnder(above);
-        child.frame->show();
-        above = child.frame;
     }
-    LetGo(seen);
+    const std::vector<int> existing = WindowsWithFrames();
+    PlaceFrames(existing);
+    for (const int id : seen)
+        if (ChildWindow* frame = children.at(id).frame; frame != nullptr)
+            frame->show();
+    LetGo(existing, {seen.begin(), seen.end()});
 }
 
-void WindowArea::PlaceFrames() {
-    for (const auto& [id, child] : children)
-        if (child.frame != nullptr)
-            child.frame->setGeometry(places.Geometry(id));
+std::vector<int> WindowArea::WindowsWithFrames() const {
+    std::vector<int> windows;
+    std::copy_if(places.Order().rbegin(), places.Order().rend(), std::back_inserter(windows),
+                 [this](int id) { return children.at(id).frame != nullptr; });
+    return windows;
+}
+
+void WindowArea::PlaceFrames(const std::vector<int>& topmostFirst) {
+    QWidget* above = nullptr;
+    for (const int id : topmostFirst) {
+        ChildWindow* frame = children.at(id).frame;
+        frame->setGeometry(places.Geometry(id));
+        // Qt paints a frame again even when it is put where it lies already.
+        if (above != nullptr
+            && QObject::children().indexOf(frame) > QObject::children().indexOf(above))
+            frame->stackUnder(above);
+        above = frame;
+    }
 }
 
 /// Releases the frames that have gone unseen for longest.
-void WindowArea::LetGo(const std::vector<int>& seen) {
-    const std::set<int> kept(seen.begin(), seen.end());
+void WindowArea::LetGo(const std::vector<int>& topmostFirst, const std::set<int>& seen) {
     int unseen = 0;
-    for (auto id = places.Order().rbegin(); id != places.Order().rend(); ++id) {
-        Child& child = children.at(*id);
-        const bool stays = kept.count(*id) != 0 || !places.MayLetGo(*id) || *id == active;
-        if (child.frame == nullptr || stays || ++unseen <= keptUnseenFrames)
+    for (const int id : topmostFirst) {
+        Child& child = children.at(id);
+        const bool stays = seen.count(id) != 0 || !places.MayLetGo(id) || id == active;
+        if (stays || ++unseen <= keptUnseenFrames)
             continue;
         child.frame->hide();
         child.frame->deleteLater();

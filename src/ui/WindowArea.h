@@ -6,6 +6,7 @@
 #include <QWidget>
 
 #include <functional>
+#include <set>
 #include <unordered_map>
 #include <vector>
 
@@ -106,9 +107,10 @@ private:
     void ConnectFrame(int id, ChildWindow* frame);
     void ShowMinimised(int id);
     void ToggleMinimised(int id);
-    void PlaceFrames();
+    std::vector<int> WindowsWithFrames() const;
+    void PlaceFrames(const std::vector<int>& topmostFirst);
     void SetActive(int id);
-    void LetGo(const std::vector<int>& seen);
+    void LetGo(const std::vector<int>& topmostFirst, const std::set<int>& seen);
     bool ActiveComesFirst() const;
     void FollowFocus(QWidget* now);
 

@@ -109,11 +109,6 @@ void WindowPlaces::Raise(int id) {
     changed();
 }
 
-std::vector<int> WindowPlaces::Above(int id) const {
-    const auto found = std::find(order.begin(), order.end(), id);
-    return {found == order.end() ? found : found + 1, order.end()};
-}
-
 /// Behind the last window that is not one shown in the corner.
 std::vector<int>::iterator WindowPlaces::BelowCorner() {
     const auto isOther = [this](int id) {

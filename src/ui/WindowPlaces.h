@@ -63,8 +63,6 @@ public:
     /// On top of the others; a window not raised since it was opened, below the one in the corner,
     /// unless that would cover its title.
     void Raise(int id);
-    /// The windows above that one, lowest first.
-    std::vector<int> Above(int id) const;
     /// Moves a window or an icon there, or as near as keeps its title within reach.
     void Move(int id, QPoint position);
     /// Moves a window inside the area: all of it if it fits, otherwise its title.

@@ -3,8 +3,44 @@
 #include "ui/UValue.h"
 #include "ui/WindowArea.h"
 
+#include <set>
+
 namespace strativo {
 namespace {
+
+/// The controls in windows' contents that are painted while it exists, as "number name".
+class PaintedControls : public QObject {
+public:
+    PaintedControls() { qApp->installEventFilter(this); }
+
+    /// Those of other windows than that one.
+    std::vector<std::string> NotOf(int number) const {
+        const std::string own = std::to_string(number) + ' ';
+        std::vector<std::string> others;
+        std::copy_if(controls.begin(), controls.end(), std::back_inserter(others),
+                     [&own](const std::string& control) { return !control.starts_with(own); });
+        return others;
+    }
+
+protected:
+    bool eventFilter(QObject* object, QEvent* event) override {
+        if (event->type() == QEvent::Paint)
+            Note(*object);
+        return false;
+    }
+
+private:
+    void Note(const QObject& painted) {
+        for (const QObject* part = &painted; part != nullptr; part = part->parent()) {
+            const auto* frame = qobject_cast<const ChildWindow*>(part->parent());
+            if (frame != nullptr && part == frame->Content())
+                controls.insert(std::to_string(frame->Id()) + ' '
+                                + painted.objectName().toStdString());
+        }
+    }
+
+    std::set<std::string> controls;
+};
 
 /// A file of 5,000 constructions: "Wall N" with a layer of N millimetres.
 class ManyWindows : public MainWindowTest {
@@ -58,6 +94,21 @@ TEST_F(ManyWindows, AnyOfThemCanBeActivated) {
     for (const int number : {1, 2500, many}) {
         Area().Activate(number);
         ExpectShown(number);
+    }
+}
+
+TEST_F(ManyWindows, ActivatingOnePaintsItAndTheListThatLosesTheFocus) {
+    StartWithMany();
+    std::string last = std::to_string(many);
+    for (const int number : {4000, 4001, 4000}) {
+        QTest::qWait(50); // what came before has been painted
+        const PaintedControls painted;
+        Area().Activate(number);
+        QTest::qWait(50);
+        EXPECT_THAT(painted.NotOf(number),
+                    testing::IsSubsetOf({last + " Construction", last + " qt_scrollarea_viewport",
+                                         last + " UValue", std::string("0 UvalsDialog")}));
+        last = std::to_string(number);
     }
 }
 
