@@ -82,8 +82,13 @@ private:
     }
 
     void WriteOverview() {
-        out << "<h2>Overview</h2>\n<table class=\"overview\">\n<thead><tr><th>No.</th>"
-               "<th class=\"text\">Construction</th><th class=\"text\">Type</th>"
+        out << "<h2>Overview</h2>\n";
+        if (project.constructionCount == 0) {
+            out << "<p>The file has no constructions.</p>\n";
+            return;
+        }
+        out << "<table class=\"overview\">\n<thead><tr><th>No.</th>"
+               "<th class=\"text\">Construction</th><th class=\"word\">Type</th>"
                "<th>Thickness<br><span class=\"unit\">mm</span></th>"
                "<th>R of the layers<br><span class=\"unit\">m&sup2;K/W</span></th>"
                "<th>U-value<br><span class=\"unit\">W/m&sup2;K</span></th>"
@@ -105,7 +110,7 @@ private:
                 SteadyStateOf(layers, films, details.conditions.air).transmittance, "0.000");
         }
         out << "<tr><td>" << number << "</td><td class=\"text\"><a href=\"#construction-" << number
-            << "\">" << ReportText(construction.name) << "</a></td><td class=\"text\">"
+            << "\">" << ReportText(construction.name) << "</a></td><td class=\"word\">"
             << (construction.type == transparentType ? "transparent" : "opaque") << "</td><td>"
             << FormatNumber(KnownThickness(construction), "0.0")
             << (HasUnknownWidth(construction) ? " + cavity" : "") << "</td><td>" << resistance
@@ -181,12 +186,12 @@ private:
         if (findings.empty())
             return;
         out << "<section id=\"findings\">\n<h2>Findings</h2>\n";
-        out << "<table>\n<thead><tr><th class=\"text\">Severity</th><th class=\"text\">Rule</th>"
+        out << "<table>\n<thead><tr><th class=\"word\">Severity</th><th class=\"word\">Rule</th>"
                "<th class=\"text\">Finding</th></tr></thead>\n<tbody>\n";
         for (const Finding& finding : findings)
-            out << "<tr><td class=\"text\">"
+            out << "<tr><td class=\"word\">"
                 << (SeverityOf(finding) == Severity::error ? "error" : "warning")
-                << "</td><td class=\"text\">" << finding.rule << "</td><td class=\"text\">"
+                << "</td><td class=\"word\">" << finding.rule << "</td><td class=\"text\">"
                 << ReportText(finding.text) << "</td></tr>\n";
         out << "</tbody>\n</table>\n</section>\n";
     }

@@ -24,6 +24,8 @@ constexpr char rules[] =
     " vertical-align: baseline; }\n"
     "thead th { background: #eef2f6; border-bottom: .3mm solid #889; vertical-align: bottom; }\n"
     "tbody th { font-weight: normal; } .text { text-align: left; overflow-wrap: anywhere; }\n"
+    ".word { text-align: left; white-space: nowrap; }"
+    " .overview thead th { white-space: nowrap; }\n"
     ".unit { font-weight: normal; color: #555; white-space: nowrap; }\n"
     "tfoot td { font-weight: bold; border-bottom: 0; }\n"
     ".chosen td, .chosen th { font-weight: bold; }\n"

@@ -89,6 +89,22 @@ TEST_F(ReportPdf, OfTheHouseHasEachConstructionOnOnePage) {
     EXPECT_THAT(glass[0], HasSubstr("0.696"));
 }
 
+TEST_F(ReportPdf, KeepsWordsWholeBesideLongNames) {
+    std::vector<std::string> lines = {standardLine};
+    for (const char* type : {"!TYPE OPAQUE", "!TYPE TRANSPARENT"})
+        lines.insert(lines.end(), {"!CONSTRUCTION '" + std::string(120, 'A') + "'", type, "!PARTS",
+                                   brickPart, "!END"});
+    folder.Write("std.lby", "12'FACE BRICK' 0.84 1700 800\r\n");
+    folder.Write("long.con", Lines(lines));
+    const std::vector<std::string> pages = Print(RunTool({"report", "long.con"}).out);
+    ASSERT_GT(pages.size(), 1U);
+    for (const char* word : {"Type", "opaque", "transparent", "U-value", "Indicative U"})
+        EXPECT_THAT(pages[0], HasSubstr(word));
+    const auto findings = PagesWith(pages, "Severity");
+    ASSERT_EQ(findings.size(), 1U);
+    EXPECT_THAT(findings[0], HasSubstr("warning"));
+}
+
 TEST_F(ReportPdf, TearsAConstructionOnlyWhereItIsLongerThanAPage) {
     std::vector<std::string> lines = {standardLine, "!CONSTRUCTION 'Short'", "!PARTS", brickPart,
                                       "!END",       "!CONSTRUCTION 'Long'"};

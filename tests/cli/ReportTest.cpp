@@ -118,10 +118,17 @@ TEST_F(ReportCommand, StartsWithAnOverviewOfTheConstructions) {
     const RunResult result = RunTool({"report", "wall.con"});
     // R 0.105 / 0.84; U 1 / (0.04 + 0.125 + 0.13)
     EXPECT_THAT(result.out, HasSubstr("<tr><td>1</td><td class=\"text\"><a "
-                                      "href=\"#construction-1\">Wall</a></td><td class=\"text\">"
+                                      "href=\"#construction-1\">Wall</a></td><td class=\"word\">"
                                       "opaque</td><td>105.0</td><td>0.125</td><td>3.390</td>"
                                       "<td>3.28</td></tr>"));
     EXPECT_LT(result.out.find(">Overview<"), result.out.find("<h2><span class=\"kind\">Opaque"));
+}
+
+TEST_F(ReportCommand, SaysThatAFileHasNoConstructions) {
+    folder.Write("empty.con", Lines({standardLine}));
+    const RunResult result = RunTool({"report", "empty.con"});
+    EXPECT_THAT(result.out, HasSubstr("<p>The file has no constructions.</p>"));
+    EXPECT_THAT(result.out, Not(HasSubstr("<th class=\"text\">Construction</th>")));
 }
 
 TEST_F(ReportCommand, SaysWhichSurfaceResistanceIsWhich) {
