@@ -38,9 +38,10 @@ constexpr char usage[] =
     "Drives the windows and prints for each round after the first how long steps take until\n"
     "everything is painted (microseconds).\n";
 
+/// Does what a running event loop would do, also delete what is to be deleted.
 void Settle() {
-    while (QAbstractEventDispatcher::instance()->processEvents(QEventLoop::AllEvents)) {
-    }
+    while (QAbstractEventDispatcher::instance()->processEvents(QEventLoop::AllEvents))
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 template <class Action>

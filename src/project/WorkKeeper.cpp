@@ -77,9 +77,7 @@ std::optional<std::chrono::milliseconds> WorkKeeper::Look(const Project& project
         FinishCopy();
     if (project.replacingContent)
         return soon;
-    if (IsUnsettled(project))
-        Settle(project);
-    NoticeEdit(project, now);
+    LookAtContent(project, now);
     if (seen == saved) {
         GiveUp();
         return std::nullopt;
@@ -92,6 +90,13 @@ std::optional<std::chrono::milliseconds> WorkKeeper::Look(const Project& project
         return soon;
     }
     return IsWriting() ? soon : wait;
+}
+
+void WorkKeeper::LookAtContent(const Project& project, CopySchedule::Clock::time_point now) {
+    if (IsUnsettled(project))
+        Settle(project);
+    else
+        NoticeEdit(project, now);
 }
 
 void WorkKeeper::NoticeEdit(const Project& project, CopySchedule::Clock::time_point now) {
@@ -133,9 +138,7 @@ void WorkKeeper::KeepNow(const Project& project) {
 void WorkKeeper::StartIfDue(const Project& project) {
     if (project.replacingContent)
         return;
-    if (IsUnsettled(project))
-        Settle(project);
-    NoticeEdit(project, CopySchedule::Clock::now());
+    LookAtContent(project, CopySchedule::Clock::now());
     FinishCopy();
     if (seen == saved)
         GiveUp();

@@ -59,6 +59,7 @@ public:
 
 private:
     void Settle(const Project& project);
+    void LookAtContent(const Project& project, CopySchedule::Clock::time_point now);
     void NoticeEdit(const Project& project, CopySchedule::Clock::time_point now);
     void StartIfDue(const Project& project);
     void StartCopy(const Project& project);

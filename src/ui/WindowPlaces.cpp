@@ -317,6 +317,7 @@ void WindowPlaces::LookAtTakenPlaces(const std::set<int>& exceptThose) {
     taken = {};
     takenPlaces.clear();
     sizeWithoutRoom = {};
+    sizeWithoutStep = {};
     for (const auto& [id, record] : records)
         if (!record.hidden && exceptThose.count(id) == 0)
             AddTaken(Geometry(record));
@@ -361,11 +362,12 @@ QPoint WindowPlaces::CascadePosition(int step, QSize window) const {
 
 /// Prefers a place that no other window has, so that no window is covered completely.
 QPoint WindowPlaces::NextOfCascade(QSize window) {
-    for (int tries = CascadeSteps(window); tries > 0; --tries) {
+    for (int tries = CascadeSteps(window); tries > 0 && window != sizeWithoutStep; --tries) {
         const QPoint position = CascadePosition(cascaded++, window);
         if (takenPlaces.count(PlaceOf({position, window})) == 0)
             return position;
     }
+    sizeWithoutStep = window;
     return CascadePosition(cascaded++, window);
 }
 

@@ -140,6 +140,7 @@ private:
     QRegion taken;               ///< the part of the area that windows and icons cover
     std::set<Place> takenPlaces; ///< each place once, however many windows share it
     QSize sizeWithoutRoom;       ///< for a window of this size there is no free place
+    QSize sizeWithoutStep;       ///< nor any place of the cascade
 };
 
 } // namespace strativo
