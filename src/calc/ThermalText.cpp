@@ -20,7 +20,7 @@ constexpr std::size_t columnWidth = 7;
 struct Fixed {
     double value;
     NumberPattern pattern;
-    std::size_t width = 0; ///< minimum, filled with blanks on the left
+    std::size_t width = 0; ///< of its column, filled with blanks on the left; 0 for no column
 };
 
 /// Text cut to the width or filled with blanks on the right.
@@ -55,6 +55,8 @@ public:
         std::string_view shown(digits.data(), static_cast<std::size_t>(end - digits.data()));
         if (shown[0] == '-' && shown.find_first_not_of("-0.") == std::string_view::npos)
             shown.remove_prefix(1);
+        if (number.width > 0 && shown.size() >= number.width)
+            text += ' '; // otherwise it would be one number with that of the column before
         return *this << Right{shown, number.width};
     }
 
@@ -154,15 +156,14 @@ private:
     void AddLayer(const ThermalLayer& layer, double temperature) {
         constexpr std::size_t slotWidth = 5;
         constexpr std::size_t nameWidth = 31;
-        constexpr std::size_t thicknessWidth = 6;
         constexpr std::size_t temperatureWidth = 9;
         TextLine line;
         line << Right{std::to_string(layer.slot), slotWidth} << " "
-             << Left{construction.layers[layer.slot].name, nameWidth} << " ";
+             << Left{construction.layers[layer.slot].name, nameWidth};
         if (layer.thickness)
-            line << Fixed{*layer.thickness, "0.0", thicknessWidth};
+            line << Fixed{*layer.thickness, "0.0", columnWidth};
         else
-            line << Right{notAvailable, thicknessWidth};
+            line << Right{notAvailable, columnWidth};
         line << Fixed{layer.resistance, "0.000", columnWidth}
              << Fixed{temperature, "0.0", temperatureWidth};
         Add(line);

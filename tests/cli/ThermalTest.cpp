@@ -60,6 +60,16 @@ TEST_F(ThermalCommand, ShowsAWallOfTheExampleHouseInColumns) {
                    "\nConstruction 2  "));
 }
 
+TEST_F(ThermalCommand, KeepsTheFiguresOfThickLayersApart) {
+    folder.Write("rock.con", WallFile({"_ 1 =       12      1000.000      0",
+                                       "_ 2 =       12      9.9990      0"}));
+    const RunResult result =
+        RunTool({"thermal", "--inside", "1000000", "--rsi", "1000", "rock.con"});
+    EXPECT_THAT(result.out, HasSubstr("  horizontal  1000.00   0.04 2202.420  0.000\n"));
+    EXPECT_THAT(result.out, HasSubstr("    1 FACE BRICK                      1000000.0 1190.476 "));
+    EXPECT_THAT(result.out, HasSubstr("    2 FACE BRICK                      9999.0 11.904"));
+}
+
 TEST_F(ThermalCommand, PrintsTheWorkedWallOfTheManual) {
     const std::string page = SourceFile("docs/manual/thermal.html");
     const std::string start = "<pre id=\"worked\">";
