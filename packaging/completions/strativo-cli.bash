@@ -56,7 +56,7 @@ _strativo_cli() {
     case $command in
     "") mapfile -t COMPREPLY < <(compgen -W "$commands" -- "$current") ;;
     materials) mapfile -t COMPREPLY < <(compgen -f -X '!*.[lL][bB][yY]' -- "$current"; compgen -d -- "$current") ;;
-    check) mapfile -t COMPREPLY < <(compgen -f -X '!*.@([cC][oO][nN]|[lL][bB][yY])' -- "$current"; compgen -d -- "$current") ;;
+    check) mapfile -t COMPREPLY < <(compgen -f -X '!*.[cC][oO][nN]' -- "$current"; compgen -f -X '!*.[lL][bB][yY]' -- "$current"; compgen -d -- "$current") ;;
     build) mapfile -t COMPREPLY < <(compgen -f -X '!*.[jJ][sS][oO][nN]' -- "$current"; compgen -f -X '!*.[cC][oO][nN]' -- "$current"; compgen -d -- "$current") ;;
     library) mapfile -t COMPREPLY < <(compgen -f -X '!*.[cC][sS][vV]' -- "$current"; compgen -f -X '!*.[lL][bB][yY]' -- "$current"; compgen -d -- "$current") ;;
     *) mapfile -t COMPREPLY < <(compgen -f -X '!*.[cC][oO][nN]' -- "$current"; compgen -d -- "$current") ;;

@@ -68,6 +68,11 @@ def completions():
               'COMP_CWORD=3; _strativo_cli; echo "${COMPREPLY[@]}"')
     expect(run("bash", "-c", script).split() == ["strativo.schema.json", "inside"],
            "bash completes files and sides")
+    script = (f'shopt -u extglob; source "{folder}/strativo-cli.bash"; '
+              f'cd "{folder.parent}/../data/examples"; COMP_WORDS=(strativo-cli check ""); '
+              'COMP_CWORD=2; _strativo_cli; echo "${COMPREPLY[@]}"')
+    expect(sorted(run("bash", "-c", script).split()) == ["house.con", "user.lby"],
+           "bash completes construction files and libraries, also without extended patterns")
     run("zsh", "-f", "-c", f'fpath=("{folder}" $fpath); autoload -Uz compinit && '
         f'compinit -u -d "{tempfile.gettempdir()}/zcompdump-strativo" && '
         '[[ ${_comps[strativo-cli]} == _strativo-cli ]] && autoload +X _strativo-cli')
@@ -110,6 +115,7 @@ def complete_descriptions():
     expect(len(commands) > 8 and len(options) > 20, general)
     page = run("mandoc", "-T", "ascii", packaging / "man" / "strativo-cli.1")
     page = re.sub(".\b", "", page)
+    expect("$ find . -name" in page, "man page: the folder that find looks into")
     zsh = (packaging / "completions" / "_strativo-cli").read_text()
     manual_text = "".join(file.read_text() for file in (source / "docs/manual").glob("*.html"))
     for command in commands:
