@@ -55,6 +55,8 @@ std::optional<std::string> FileNames::NextOfList() {
     for (;;) {
         const auto found = buffer.find(end, searched);
         const bool isLast = found == std::string::npos;
+        if (isLast)
+            buffer.erase(0, std::exchange(taken, 0)); // a list may go on for ever
         searched = buffer.size();
         if (isLast && ReadMore())
             continue;

@@ -1,4 +1,5 @@
 #include "cli/CommandRun.h"
+#include "cli/FileNames.h"
 #include "support/NoThreads.h"
 
 #include <csignal>
@@ -6,6 +7,7 @@
 #include <fcntl.h>
 #include <filesystem>
 #include <gmock/gmock.h>
+#include <malloc.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <thread>
@@ -103,6 +105,29 @@ TEST_F(ManyFiles, AreNamedByAListBehindTheOperands) {
         RunProgram({"show", "1.con", "--files-from", "-"}, {.standardInput = "list"});
     EXPECT_EQ(piped.out, expected);
     EXPECT_EQ(piped.status, 0);
+}
+
+/// Memory that this process has allocated; always 0 under the sanitizers.
+std::size_t BytesInUse() {
+    const struct mallinfo2 memory = mallinfo2();
+    return memory.uordblks + memory.hblkhd;
+}
+
+TEST_F(ManyFiles, AreNamedByALongListInLittleMemory) {
+    constexpr int count = 100000;
+    constexpr std::size_t mostBytes = 1 << 20;
+    std::string list;
+    for (int number = 0; number < count; ++number)
+        list += "folder/" + std::to_string(number) + "/a name of fifty characters or so.con\n";
+    Invocation call;
+    call.filesFrom = folder.Write("list", list);
+    FileNames names(call, [] { return false; });
+    const std::size_t before = BytesInUse();
+    int taken = 0;
+    while (names.Next())
+        ++taken;
+    EXPECT_EQ(taken, count);
+    EXPECT_LT(BytesInUse(), before + mostBytes);
 }
 
 TEST_F(ManyFiles, MayBeNone) {
