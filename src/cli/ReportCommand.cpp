@@ -115,6 +115,14 @@ Pages PlanPages(const Invocation& call, const std::vector<std::string>& files) {
     return pages;
 }
 
+/// Makes the folder of the pages; where that fails, so does the writing of each page, which is
+/// told.
+void MakeFolder(const std::string& output) {
+    std::error_code error;
+    if (output.ends_with('/'))
+        std::filesystem::create_directory(output, error);
+}
+
 } // namespace
 
 int WriteReport(const Invocation& call, std::ostream& out, std::ostream& err) {
@@ -127,6 +135,8 @@ int WriteReport(const Invocation& call, std::ostream& out, std::ostream& err) {
         err << UsageLine(FindCommand("report")) << '\n';
         return exitWrongUsage;
     }
+    if (!listed.operands.empty())
+        MakeFolder(call.output);
     const std::string date = DateInWords(); // the same for all pages, even past midnight
     std::mutex writing; // because the permissions of new files are set for the whole process
     const auto report = [&](const std::string& file, std::ostream& fileOut, std::ostream& fileErr) {

@@ -148,6 +148,16 @@ TEST_F(ManyFiles, AreReportedInAFolder) {
     EXPECT_TRUE(fs::exists("pages/2.html"));
 }
 
+TEST_F(ManyFiles, AreReportedInAFolderThatIsMadeForThem) {
+    EXPECT_EQ(RunTool({"report", "1.con", "2.con", "-o", "pages/"}).status, 0);
+    EXPECT_TRUE(fs::exists("pages/1.html"));
+    EXPECT_TRUE(fs::exists("pages/2.html"));
+    EXPECT_EQ(RunTool({"report", "1.con", "2.con", "-o", "missing/pages/"}).status, 3);
+    EXPECT_FALSE(fs::exists("missing"));
+    EXPECT_EQ(RunTool({"report", "1.con", "1.con", "-o", "unused/"}).status, 2);
+    EXPECT_FALSE(fs::exists("unused"));
+}
+
 TEST_F(ManyFiles, HaveTheSamePagesForEveryNumberOfJobs) {
     for (const std::string jobs : {"1", "7"}) {
         fs::create_directory("pages" + jobs);
