@@ -73,7 +73,7 @@ void WriteEpJson(std::ostream& out, const EpModel& model) {
 
 int Export(const Invocation& call, std::ostream& out, std::ostream& err) {
     Session session(call.operands[0], call, err);
-    session.Read();
+    session.ReadToWrite();
     if (session.Failed())
         return exitFailure;
     const std::string path = call.output.empty() ? standardStream : call.output;

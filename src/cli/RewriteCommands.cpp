@@ -1,5 +1,4 @@
 #include "cli/Commands.h"
-#include "cli/ExitStatus.h"
 #include "cli/Session.h"
 #include "files/GlassImport.h"
 #include "project/FileCommands.h"
@@ -33,18 +32,14 @@ void Import(Session& session, const std::string& from) {
 
 int Rewrite(const Invocation& call, std::ostream&, std::ostream& err) {
     Session session(call.operands[0], call, err);
-    session.Read();
-    if (session.IsForeign()) {
-        session.prompts.Report("No line is one of a construction file; nothing is written");
-        return exitFailure;
-    }
+    session.ReadToWrite();
     Save(session, call.operands[1]);
     return session.Status();
 }
 
 int ImportGlass(const Invocation& call, std::ostream&, std::ostream& err) {
     Session session(call.operands[0], call, err);
-    session.Read();
+    session.ReadToWrite();
     Import(session, call.operands[1]);
     Save(session, call.operands[2]);
     return session.Status();

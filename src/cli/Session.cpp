@@ -50,6 +50,14 @@ void Session::Read() {
     });
 }
 
+void Session::ReadToWrite() {
+    Read();
+    if (!foreign)
+        return;
+    prompts.Report("No line is one of a construction file; nothing is written");
+    failed = true;
+}
+
 bool Session::HasLibrary(const std::string& path) const {
     if (path == standardStream)
         return false;

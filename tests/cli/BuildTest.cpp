@@ -28,10 +28,6 @@ protected:
         folder.Write("in.json", RunTool(WithLibraries({"show", "--json", "in.con"})).out);
         const RunResult build = RunTool({"build", "in.json", "built.con"});
         written += build.status == 0 ? 1 : 0;
-        // A rewrite refuses what is no construction file, so that it is not replaced.
-        if (rewrite.err.ends_with("No line is one of a construction file; nothing is written\n"))
-            return fs::exists("rewritten.con") ? testing::AssertionFailure() << bytes
-                                               : testing::AssertionSuccess();
         if (rewrite.status != build.status)
             return testing::AssertionFailure() << rewrite.err << build.err << bytes;
         if (build.status == 0 && folder.Read("built.con") != folder.Read("rewritten.con"))
@@ -54,7 +50,7 @@ TEST_F(Build, GivesBackEveryInputKeptOfFuzzing) {
             EXPECT_TRUE(ComesBack(SourceFile(std::string("fuzz/corpus/") + target + "/"
                                              + entry.path().filename().string())))
                 << entry.path();
-    EXPECT_GT(written, 40);
+    EXPECT_GT(written, 30); // the others are no construction files
 }
 
 TEST_F(Build, GivesBackTheSampleFiles) {

@@ -151,5 +151,15 @@ TEST_F(Export, WritesNothingOfAFileNotReadToItsEnd) {
     EXPECT_FALSE(fs::exists("a.epJSON"));
 }
 
+TEST_F(Export, WritesNothingOfAFileWithoutALineOfTheFormat) {
+    folder.Write("letter.con", "Dear Sir,\r\nthe walls are wet!\r\n");
+    const RunResult result = RunTool(
+        {"export", "--format", "epjson", "--standard", "std.lby", "letter.con", "-o", "a.epJSON"});
+    EXPECT_EQ(result.status, 3);
+    EXPECT_THAT(result.err, testing::HasSubstr("letter.con: No line is one of a construction file; "
+                                               "nothing is written\n"));
+    EXPECT_FALSE(fs::exists("a.epJSON"));
+}
+
 } // namespace
 } // namespace strativo

@@ -177,6 +177,19 @@ TEST_F(ImportGlass, MayWriteOverEitherInput) {
     EXPECT_EQ(folder.Read("a.con"), folder.Read("b.con"));
 }
 
+TEST_F(ImportGlass, IntoAFileWithoutALineOfTheFormatReplacesNothingAndSaysSo) {
+    const std::string letter = "Dear Sir,\r\nthe walls are wet!\r\n";
+    folder.Write("letter.con", letter);
+    folder.Write("from.con", GlassFile("CLEAR"));
+    const RunResult result =
+        RunTool({"--standard", "std.lby", "import-glass", "letter.con", "from.con", "letter.con"});
+    EXPECT_EQ(result.status, 3);
+    EXPECT_THAT(result.err, testing::EndsWith("strativo-cli: letter.con: No line is one of a "
+                                              "construction file; nothing is written\n"));
+    EXPECT_EQ(folder.Read("letter.con"), letter);
+    EXPECT_EQ(QuietStatus({"import-glass", "a.con", "letter.con", "b.con"}), 0);
+}
+
 TEST_F(ImportGlass, WritesNothingWhenALibraryOfTheFirstFileCouldNotBeRead) {
     folder.Write("from.con", GlassFile("CLEAR"));
     folder.Write("folder/x", "");

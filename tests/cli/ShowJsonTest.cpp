@@ -64,6 +64,13 @@ TEST_F(ShowJson, SaysWhetherRewriteWouldWriteTheFile) {
     }
 }
 
+TEST_F(ShowJson, SaysThatRewriteWouldNotWriteAFileWithoutALineOfTheFormat) {
+    folder.Write("letter.con", "Dear Sir,\r\nthe walls are wet!\r\n");
+    const RunResult result = RunTool({"show", "--json", "--standard", "std.lby", "letter.con"});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(Document(result)[0]["readToEnd"], false);
+}
+
 TEST_F(ShowJson, TellsPathsApartThatPrintAlike) {
     for (const bool utf8 : {true, false}) {
         const std::string name = utf8 ? "\xC3\xA9.lby" : "\xE9.lby";
