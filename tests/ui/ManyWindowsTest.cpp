@@ -3,6 +3,9 @@
 #include "ui/UValue.h"
 #include "ui/WindowArea.h"
 
+#include <QScreen>
+
+#include <random>
 #include <set>
 
 namespace strativo {
@@ -68,6 +71,15 @@ protected:
     }
 };
 
+/// In grey levels.
+int LargestDifference(const QImage& a, const QImage& b) {
+    int largest = a.size() == b.size() ? 0 : 255;
+    for (int y = 0; y < a.height(); ++y)
+        for (int x = 0; x < a.width(); ++x)
+            largest = std::max(largest, std::abs(qGray(a.pixel(x, y)) - qGray(b.pixel(x, y))));
+    return largest;
+}
+
 TEST_F(ManyWindows, ExistOnlyWhereAPartOfThemCanBeSeen) {
     StartWithMany();
     EXPECT_LT(Area().ExistingWindows(), 20);
@@ -109,6 +121,35 @@ TEST_F(ManyWindows, ActivatingOnePaintsItAndTheListThatLosesTheFocus) {
                     testing::IsSubsetOf({last + " Construction", last + " qt_scrollarea_viewport",
                                          last + " UValue", std::string("0 UvalsDialog")}));
         last = std::to_string(number);
+    }
+}
+
+/// Windows are put in order without painting those that stay, so nothing may be left unpainted.
+TEST_F(ManyWindows, TheScreenShowsWhatPaintingAllAgainWouldShow) {
+    StartWithMany();
+    std::mt19937 random(7); // NOLINT(cert-msc51-cpp): the same steps each time
+    const auto anyOf = [&random](int count) {
+        return static_cast<int>(random() % unsigned(count));
+    };
+    for (int step = 0; step < 60; ++step) {
+        const int number = many - anyOf(40);
+        switch (anyOf(5)) {
+        case 0:
+            Area().SetMinimised(number, !Area().IsMinimised(number));
+            break;
+        case 1:
+            MoveWindow(Area().Active() > 0 ? Area().Active() : number, {anyOf(500), anyOf(300)});
+            break;
+        case 2:
+            Choose(anyOf(4) == 0 ? "Cascade" : "ArrangeIcons");
+            break;
+        default:
+            Area().Activate(number);
+        }
+        QTest::qWait(5);
+        constexpr int ofSigns = 8; // a sign that is clipped elsewhere is smoothed otherwise
+        const QImage shown = program->screen()->grabWindow(program->winId()).toImage();
+        ASSERT_LE(LargestDifference(shown, program->grab().toImage()), ofSigns) << "step " << step;
     }
 }
 
