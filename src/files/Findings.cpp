@@ -218,12 +218,12 @@ private:
     void CheckBalance(int number, const Glass& type) {
         CheckPlaces(type.transmission, type.absorption,
                     [&](const TablePlace& place, float transmission, float absorption) {
-                        // Added as 32-bit floats, so that 0.6 and 0.4 give exactly 1.
-                        const float sum = transmission + absorption;
+                        // Of the decimals, so that 0.6 and 0.4 give exactly 1.
+                        const double sum = AsDecimal(transmission) + AsDecimal(absorption);
                         if (sum > 1)
                             Add("glass-energy-balance", number,
                                 "transmission and absorption " + place.Text() + " add up to "
-                                    + FormatGeneral(AsDecimal(sum)));
+                                    + FormatNumber(sum, "0.0######"));
                         return sum <= 1;
                     });
     }

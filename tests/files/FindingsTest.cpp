@@ -4,6 +4,7 @@
 #include "support/TestProject.h"
 
 #include <gmock/gmock.h>
+#include <limits>
 
 namespace strativo {
 namespace {
@@ -198,6 +199,18 @@ TEST_F(Findings, EnergyBalanceOncePerGlassType) {
     }
     EXPECT_THAT(Texts(), ElementsAre("Glass type 1 \"G\": transmission and absorption "
                                      "at 10 degrees add up to 1.01"));
+}
+
+TEST_F(Findings, EnergyBalanceTellsTheSumOfTheDecimals) {
+    constexpr float largest = std::numeric_limits<float>::max();
+    AddGlass("G").transmission[2] = 0.5F;
+    project.glassTypes[1].absorption[2] = 0.501F;
+    AddGlass("H").transmission[2] = largest;
+    project.glassTypes[2].absorption[2] = largest;
+    const std::vector<std::string> texts = Texts();
+    EXPECT_THAT(texts, testing::Contains("Glass type 1 \"G\": transmission and absorption at 0 "
+                                         "degrees add up to 1.001"));
+    EXPECT_THAT(texts, testing::Contains(testing::HasSubstr("add up to 680564")));
 }
 
 TEST_F(Findings, DecimalsThatAddUpToOneKeepTheEnergyBalance) {
