@@ -9,7 +9,9 @@
 #include "cli/ThermalOptions.h"
 #include "files/FileAccess.h"
 
+#include <charconv>
 #include <cstdlib>
+#include <cstring>
 #include <ctime>
 #include <filesystem>
 #include <map>
@@ -25,16 +27,27 @@ namespace strativo {
 
 namespace {
 
-/// Today as "21 November 2026", or the day of SOURCE_DATE_EPOCH (seconds), so that a report can be
-/// made again byte for byte.
+/// The moment that SOURCE_DATE_EPOCH gives in seconds, so that a report can be made again byte for
+/// byte; nothing where it is no such number.
+std::optional<std::time_t> GivenMoment() {
+    const char* const text = std::getenv("SOURCE_DATE_EPOCH");
+    if (text == nullptr)
+        return std::nullopt;
+    const char* const end = text + std::strlen(text);
+    std::time_t seconds = 0;
+    const auto read = std::from_chars(text, end, seconds);
+    return read.ec == std::errc() && read.ptr == end ? std::optional(seconds) : std::nullopt;
+}
+
+/// The given day, otherwise today, as "21 November 2026".
 std::string DateInWords() {
     constexpr const char* months[] = {"January",   "February", "March",    "April",
                                       "May",       "June",     "July",     "August",
                                       "September", "October",  "November", "December"};
-    const char* const epoch = std::getenv("SOURCE_DATE_EPOCH");
-    const std::time_t now = epoch == nullptr ? std::time(nullptr) : std::atoll(epoch);
+    const std::optional<std::time_t> given = GivenMoment();
+    const std::time_t moment = given.value_or(std::time(nullptr));
     std::tm day{};
-    if ((epoch == nullptr ? localtime_r(&now, &day) : gmtime_r(&now, &day)) == nullptr)
+    if ((given ? gmtime_r(&moment, &day) : localtime_r(&moment, &day)) == nullptr)
         return "";
     return std::to_string(day.tm_mday) + ' ' + months[day.tm_mon] + ' '
            + std::to_string(day.tm_year + 1900);

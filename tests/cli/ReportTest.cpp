@@ -198,6 +198,15 @@ TEST_F(ReportCommand, HasFileDateAndProgramAtTheEdgesOfItsPages) {
                 HasSubstr("<td>" + (folder.Path() / "wall.con").string() + "</td></tr>"));
 }
 
+TEST_F(ReportCommand, IsOfTodayWhereTheGivenDateIsNoNumber) {
+    const std::string today = RunTool({"report", "wall.con"}).out;
+    for (const char* const seconds : {"", "today", "86400x", "99999999999999999999"}) {
+        setenv("SOURCE_DATE_EPOCH", seconds, 1);
+        EXPECT_TRUE(RunTool({"report", "wall.con"}).out == today) << seconds;
+    }
+    unsetenv("SOURCE_DATE_EPOCH");
+}
+
 TEST_F(ReportCommand, AFileNameCannotEndTheStyleSheet) {
     folder.Write("a\";} <script>.con", WallFile({standardLine}, {brickPart}));
     const RunResult result = RunTool({"report", "a\";} <script>.con"});
