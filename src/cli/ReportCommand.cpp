@@ -128,12 +128,16 @@ Pages PlanPages(const Invocation& call, const std::vector<std::string>& files) {
     return pages;
 }
 
-/// Makes the folder of the pages; where that fails, so does the writing of each page, which is
-/// told.
-void MakeFolder(const std::string& output) {
+/// Makes the folder of the pages unless there is one; false where that failed, which is told.
+bool MakeFolder(const std::string& output, std::ostream& err) {
     std::error_code error;
     if (output.ends_with('/'))
         std::filesystem::create_directory(output, error);
+    if (error == std::errc::file_exists) // and is none
+        error = std::make_error_code(std::errc::not_a_directory);
+    if (error)
+        PrintError(err, PathToUtf8(output) + ": " + error.message());
+    return !error;
 }
 
 } // namespace
@@ -148,8 +152,8 @@ int WriteReport(const Invocation& call, std::ostream& out, std::ostream& err) {
         err << UsageLine(FindCommand("report")) << '\n';
         return exitWrongUsage;
     }
-    if (!listed.operands.empty())
-        MakeFolder(call.output);
+    if (!listed.operands.empty() && !MakeFolder(call.output, err))
+        return exitFailure;
     const std::string date = DateInWords(); // the same for all pages, even past midnight
     std::mutex writing; // because the permissions of new files are set for the whole process
     const auto report = [&](const std::string& file, std::ostream& fileOut, std::ostream& fileErr) {

@@ -152,8 +152,11 @@ TEST_F(ManyFiles, AreReportedInAFolderThatIsMadeForThem) {
     EXPECT_EQ(RunTool({"report", "1.con", "2.con", "-o", "pages/"}).status, 0);
     EXPECT_TRUE(fs::exists("pages/1.html"));
     EXPECT_TRUE(fs::exists("pages/2.html"));
-    EXPECT_EQ(RunTool({"report", "1.con", "2.con", "-o", "missing/pages/"}).status, 3);
-    EXPECT_FALSE(fs::exists("missing"));
+    const RunResult result = RunTool({"report", "1.con", "2.con", "-o", "missing/pages/"});
+    EXPECT_EQ(result.status, 3);
+    EXPECT_EQ(result.err, "strativo-cli: missing/pages/: No such file or directory\n");
+    EXPECT_EQ(RunTool({"report", "1.con", "-o", "std.lby/"}).err,
+              "strativo-cli: std.lby/: Not a directory\n");
     EXPECT_EQ(RunTool({"report", "1.con", "1.con", "-o", "unused/"}).status, 2);
     EXPECT_FALSE(fs::exists("unused"));
 }
