@@ -17,6 +17,8 @@ namespace {
 constexpr double graphWidth = 8250; // twips
 constexpr double graphHeight = 4500;
 
+constexpr double lowestGraph = 1500;
+
 constexpr int gap = 6;
 constexpr int outerMargin = 10;
 
@@ -30,6 +32,13 @@ ProfileSheet::ProfileSheet(QWidget* parent) : QWidget(parent), graph(new Profile
     graph->setFixedSize(FromTwips(graphWidth, *this), FromTwips(graphHeight, *this));
     graph->move(left, top);
     setFixedSize(left + graph->width() + outerMargin + line / 2, top + graph->height() + below);
+}
+
+void ProfileSheet::LowerBy(int pixels) {
+    const int lowest = FromTwips(lowestGraph, *this);
+    const int less = std::min(pixels, graph->height() - lowest);
+    graph->setFixedHeight(graph->height() - less);
+    setFixedHeight(height() - less);
 }
 
 void ProfileSheet::Show(const AngularValues& values, const AngularValues& others,

@@ -19,6 +19,8 @@ public:
     ProfileGraph* Graph() const { return graph; }
     void Show(const AngularValues& values, const AngularValues& others, int selectedColumn,
               const QString& newValueName);
+    /// Makes the graph lower by so many pixels, as far as its points can still be dragged.
+    void LowerBy(int pixels);
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -251,7 +251,7 @@ void UValueMDI::OpenGlassTypes() {
         glass->resize(glass->sizeHint());
         view->Follow(glass);
         connect(glass, &WinForm::CloseRequested, this, [this] { ChildCloseRequested(glassId); });
-        area->Open(glassId, glass->windowTitle(), {.remade = false});
+        area->Open(glassId, glass->windowTitle(), {.remade = false, .leavesCornerInSight = false});
     }
     area->Activate(glassId);
 }

@@ -7,6 +7,7 @@
 #include "ui/EntryField.h"
 #include "ui/HistoryKeys.h"
 #include "ui/KeyRepeat.h"
+#include "ui/MainWindowPlace.h"
 #include "ui/ProfileGraph.h"
 #include "ui/ProfileSheet.h"
 #include "ui/Text.h"
@@ -69,6 +70,7 @@ Profile::Profile(Program& owner, QWidget* parent)
     BuildControls();
     BuildPropertyChoice();
     LayOut();
+    FitOnScreen();
     Describe();
     PrepareKeys();
     ConnectSignals();
@@ -143,6 +145,15 @@ void Profile::LayOut() {
     rows->addWidget(ui.sheet);
     rows->addLayout(valueRow);
     rows->addLayout(buttonRow);
+}
+
+/// On a small or magnified screen the buttons would lie below its edge, and nobody can resize this
+/// window.
+void Profile::FitOnScreen() {
+    const QSize whole = layout()->totalSizeHint();
+    const QWidget& onScreen = parentWidget() != nullptr ? *parentWidget()->window() : *this;
+    if (const int tooHigh = whole.height() - FittingSize(whole, onScreen).height(); tooHigh > 0)
+        ui.sheet->LowerBy(tooHigh);
 }
 
 void Profile::Describe() {

@@ -51,6 +51,7 @@ private:
     void BuildControls();
     void BuildPropertyChoice();
     void LayOut();
+    void FitOnScreen();
     void Describe();
     void PrepareKeys();
     std::array<QWidget*, 7> ControlsInTabOrder() const;

@@ -100,8 +100,10 @@ void WindowPlaces::Raise(int id) {
     if (!Has(id))
         return;
     Record& record = records.at(id);
-    const bool isNew = !std::exchange(record.raised, true) && !record.traits.inCorner;
-    const auto place = isNew && !IsTitleBelowCorner(record) ? BelowCorner() : order.end();
+    const bool isNew = !std::exchange(record.raised, true);
+    const WindowTraits& traits = record.traits;
+    const bool staysBelow = isNew && traits.leavesCornerInSight && !traits.inCorner;
+    const auto place = staysBelow && !IsTitleBelowCorner(record) ? BelowCorner() : order.end();
     const auto found = std::find(order.begin(), order.end(), id);
     if (found + 1 == place)
         return;

@@ -18,7 +18,8 @@ namespace strativo {
 struct WindowTraits {
     bool remade =
         true; ///< its content can be recreated, so its widgets may be released while unseen
-    bool inCorner = false; ///< lies in the bottom right corner, which others avoid
+    bool inCorner = false;           ///< lies in the bottom right corner, which others avoid
+    bool leavesCornerInSight = true; ///< as long as it is new, it lies below the one in the corner
 };
 
 /// Keeps where the windows of the main window's area lie and which of them can be seen: numbered
@@ -60,8 +61,8 @@ public:
     /// window in the corner if there is room.
     void SetMinimised(int id, bool minimised);
     bool IsMinimised(int id) const { return records.at(id).iconSlot.has_value(); }
-    /// On top of the others; a window not raised since it was opened, below the one in the corner,
-    /// unless that would cover its title.
+    /// On top of the others; a window not raised since it was opened, below the one in the corner
+    /// that it leaves in sight, unless that would cover its title.
     void Raise(int id);
     /// Moves a window or an icon there, or as near as keeps its title within reach.
     void Move(int id, QPoint position);

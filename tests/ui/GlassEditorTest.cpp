@@ -7,6 +7,23 @@ namespace {
 
 using testing::ElementsAre;
 
+TEST_F(GlassEditor, HasALowerGraphWhereTheScreenIsTooLowForIt) {
+    Open();
+    EXPECT_EQ(graph->height(), 300) << "where there is room";
+    const int screen = editor->screen()->availableGeometry().height();
+    const int others = editor->height() - graph->height();
+    // Higher controls stand for a lower screen.
+    qApp->setStyleSheet(
+        QStringLiteral("QLabel { min-height: %1px }").arg((screen - others) / 2 - 70));
+    Open();
+    qApp->setStyleSheet(QString());
+    EXPECT_LE(editor->height(), screen - 40);
+    EXPECT_LT(graph->height(), 300);
+    EXPECT_GE(graph->height(), 100);
+    const QRect place(Button("OkBut")->mapTo(editor.get(), QPoint()), Button("OkBut")->size());
+    EXPECT_TRUE(editor->rect().contains(place));
+}
+
 TEST_F(GlassEditor, HasItsCaptions) {
     Open();
     EXPECT_EQ(Bytes(editor->windowTitle()), "Glass Properties");

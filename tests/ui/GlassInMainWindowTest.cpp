@@ -48,6 +48,18 @@ TEST_F(GlassInMainWindow, OpensInFrontWithTheFocusInItsList) {
     EXPECT_EQ(Focus(), "WinList");
 }
 
+TEST_F(GlassInMainWindow, OpensInFrontOfSelectMaterialInASmallMainWindow) {
+    Start();
+    Choose("NewUValue");
+    program->resize(560, 420);
+    Choose("EditWin");
+    auto* close = Button("Closebut");
+    const QPoint middle = close->mapTo(program.get(), close->rect().center());
+    const QWidget* dialog = FindInDialog("UValueList")->parentWidget()->parentWidget();
+    ASSERT_TRUE(QRect(dialog->mapTo(program.get(), QPoint()), dialog->size()).contains(middle));
+    EXPECT_EQ(program->childAt(middle), close);
+}
+
 TEST_F(GlassInMainWindow, RemoveConstructionIsDisabledWhileItIsActive) {
     Start();
     Choose("NewUValue");

@@ -154,6 +154,13 @@ TEST_F(Places, NewWindowsLieBelowTheOneInTheCornerUntilTheyAreRaisedAgain) {
     EXPECT_THAT(places.Order(), ElementsAre(1, 3, 0, 2, 4)) << "the corner is covered already";
 }
 
+TEST_F(Places, NewWindowsThatNeedNotLeaveTheCornerInSightLieOnTopOfIt) {
+    places.Open(0, size, {.inCorner = true});
+    places.Open(1, size, {.leavesCornerInSight = false});
+    places.Raise(1);
+    EXPECT_THAT(places.Order(), ElementsAre(0, 1));
+}
+
 TEST_F(Places, NewWindowsLieOnTopOfTheOneInTheCornerWhereItWouldCoverTheirTitle) {
     places.Open(0, size, {.inCorner = true});
     OpenAt(1, places.Geometry(0).topLeft());
