@@ -4,8 +4,8 @@
 
 namespace strativo {
 
-ElidedLabel::ElidedLabel(int mostCharacters, QWidget* parent)
-    : QLabel(parent), longest(mostCharacters) {
+ElidedLabel::ElidedLabel(int mostCharacters, QWidget* parent, Qt::TextElideMode leftOut)
+    : QLabel(parent), longest(mostCharacters), mode(leftOut) {
     setTextFormat(Qt::PlainText);
 }
 
@@ -22,7 +22,7 @@ void ElidedLabel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setPen(palette().color(QPalette::WindowText));
     painter.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                     fontMetrics().elidedText(text(), Qt::ElideMiddle, width()));
+                     fontMetrics().elidedText(text(), mode, width()));
 }
 
 } // namespace strativo

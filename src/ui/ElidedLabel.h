@@ -4,14 +4,14 @@
 
 namespace strativo {
 
-/// A label that draws a text of one line with its middle left out where it has no room for all of
-/// it; the text itself stays whole.
+/// A label that draws a text of one line with its middle, or its end, left out where it has no room
+/// for all of it; the text itself stays whole.
 class ElidedLabel : public QLabel {
     Q_OBJECT
 
 public:
     /// It asks for room for so many characters at most.
-    ElidedLabel(int mostCharacters, QWidget* parent);
+    ElidedLabel(int mostCharacters, QWidget* parent, Qt::TextElideMode leftOut = Qt::ElideMiddle);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
@@ -21,6 +21,7 @@ protected:
 
 private:
     int longest;
+    Qt::TextElideMode mode;
 };
 
 } // namespace strativo

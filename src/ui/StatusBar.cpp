@@ -27,7 +27,8 @@ QString FileName(const std::string& path) {
 StatusBar::StatusBar(QWidget* parent) : QStatusBar(parent) {
     ui.FileStatus = AddLabel("FileStatus", 0, 40);
     ui.ChangedStatus = AddLabel("ChangedStatus", 0, 40);
-    ui.TargetStatus = AddLabel("TargetStatus", 0, 50);
+    // The construction's number stands before its name.
+    ui.TargetStatus = AddLabel("TargetStatus", 0, 70, Qt::ElideRight);
     ui.LayerStatus = AddLabel("LayerStatus", 1, 100);
     // Takes the remaining room without pushing anything aside; the tooltip shows all of it.
     ui.LayerStatus->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
@@ -46,8 +47,9 @@ StatusBar::StatusBar(QWidget* parent) : QStatusBar(parent) {
     connect(this, &QStatusBar::messageChanged, this, &StatusBar::SayAgain);
 }
 
-QLabel* StatusBar::AddLabel(const char* objectName, int stretch, int mostCharacters) {
-    auto* label = new ElidedLabel(mostCharacters, this);
+QLabel* StatusBar::AddLabel(const char* objectName, int stretch, int mostCharacters,
+                            Qt::TextElideMode leftOut) {
+    auto* label = new ElidedLabel(mostCharacters, this, leftOut);
     label->setObjectName(QLatin1String(objectName));
     addWidget(label, stretch);
     return label;

@@ -44,7 +44,8 @@ private:
         bool operator==(const FileState&) const = default;
     };
 
-    QLabel* AddLabel(const char* objectName, int stretch, int mostCharacters);
+    QLabel* AddLabel(const char* objectName, int stretch, int mostCharacters,
+                     Qt::TextElideMode leftOut = Qt::ElideMiddle);
     void ShowLibraries(const Project& project);
     void SayAgain(const QString& shown);
     void EndSaying();

@@ -172,9 +172,23 @@ void UvalsDialog::ShowMaterials() {
     const MaterialLibrary& library = Library(project, project.shownLibrary);
     if (library != shownMaterials) {
         shownMaterials = library;
-        ui.UValueList->SetLines(MaterialLines(project));
+        const std::vector<std::string> lines = MaterialLines(project);
+        ui.UValueList->SetLines(lines);
+        TellCutNames(lines);
     }
     ui.UValueList->SelectLine(project.selectedMaterial - 1);
+}
+
+/// The lines show only the first characters of long names.
+void UvalsDialog::TellCutNames(const std::vector<std::string>& lines) {
+    for (std::size_t line = 0; line < lines.size(); ++line) {
+        const int row = static_cast<int>(line);
+        const std::string& name = shownMaterials[row + 1].name;
+        const bool isWhole = lines[line].compare(0, name.size(), name) == 0;
+        const QString tip = isWhole ? QString() : AsToolTip(Elided(ToText(name)));
+        if (QListWidgetItem& item = *ui.UValueList->item(row); item.toolTip() != tip)
+            item.setToolTip(tip);
+    }
 }
 
 QString UvalsDialog::Caption() const {

@@ -49,6 +49,7 @@ private:
     void Insert();
     void ShowOptions();
     void ShowMaterials();
+    void TellCutNames(const std::vector<std::string>& lines);
     void BuildOptions();
     void BuildList();
     void BuildHeadings();

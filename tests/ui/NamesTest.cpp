@@ -2,6 +2,7 @@
 #include "edit/ConstructionSlots.h"
 #include "ui/ChildWindow.h"
 #include "ui/ElidedLabel.h"
+#include "ui/Text.h"
 #include "ui/UValue.h"
 #include "ui/UvalsDialog.h"
 #include "ui/WindowArea.h"
@@ -100,6 +101,35 @@ TEST_F(ShownNames, TheDialogTellsWhereMaterialsGo) {
     EXPECT_EQ(StatusText("TargetStatus"), "Materials go to Construction 1");
     Area().SetHidden(UValueMDI::dialogId, true);
     EXPECT_EQ(StatusText("TargetStatus"), "");
+}
+
+TEST_F(ShownNames, TheDialogTellsTheNumberThatMaterialsGoToAlsoWhenTheNameIsLong) {
+    Start();
+    Choose("NewUValue");
+    TheProject().constructions[1].name = "Flat roof " + std::string(300, 'x');
+    Area().Activate(UValueMDI::dialogId);
+    QTest::qWait(1);
+    QLabel* label = StatusLabel("TargetStatus");
+    const QString shown =
+        label->fontMetrics().elidedText(label->text(), Qt::ElideRight, label->width());
+    ASSERT_TRUE(shown.startsWith(QStringLiteral("Materials go to Construction 1: Flat roof")));
+    ElidedLabel same(1000, label->parentWidget());
+    same.setText(shown);
+    same.resize(label->size());
+    EXPECT_EQ(label->grab().toImage(), same.grab().toImage());
+}
+
+TEST_F(ShownNames, AMaterialWhoseNameIsCutOffTellsItInATooltip) {
+    const std::string name = "OAK <B>& " + std::string(40, 'X');
+    folder.Write("library/stdmat.lby",
+                 "1'" + name + "' 0.2 700 1600\n2'" + std::string(33, 'Y') + "' 0.2 700 1600\n");
+    Start();
+    Choose("NewUValue");
+    QListWidget* list = Materials();
+    const auto* cut = list->findItems(QStringLiteral("OAK"), Qt::MatchStartsWith).front();
+    EXPECT_EQ(cut->toolTip(), AsToolTip(QString::fromStdString(name)));
+    const auto* whole = list->findItems(QStringLiteral("YYY"), Qt::MatchStartsWith).front();
+    EXPECT_EQ(whole->toolTip(), QString()) << "the list's own is shown";
 }
 
 TEST_F(ShownNames, EnterInTheDialogBringsAMinimisedConstructionToSight) {
