@@ -1,5 +1,9 @@
 #include "files/FileMessages.h"
 
+#include "text/Windows1252.h"
+
+#include <filesystem>
+
 namespace strativo {
 
 const FileMessages standardLibraryMessages = {
@@ -35,6 +39,19 @@ std::string FileMessages::Text(ErrorNumber number) const {
     default:
         return beforeNumber + std::to_string(static_cast<int>(number)) + " occurred.";
     }
+}
+
+Message AboutFile(const std::string& path, const std::string& text) {
+    Message message{PathToUtf8(path) + "\n" + text, ""};
+    message.encoding = Encoding::utf8;
+    return message;
+}
+
+std::string NameAndFolder(const std::string& path) {
+    const std::filesystem::path file(path);
+    const std::string folder = file.parent_path().string();
+    return PathToUtf8(file.filename().string())
+           + (folder.empty() ? "" : " in " + PathToUtf8(folder));
 }
 
 } // namespace strativo

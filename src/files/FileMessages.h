@@ -1,5 +1,6 @@
 #pragma once
 
+#include "port/Message.h"
 #include "text/RuntimeError.h"
 
 #include <string>
@@ -28,5 +29,11 @@ inline constexpr char savedButNotSafe[] =
     "The file was saved, but is not yet safe against a loss of power: ";
 
 inline constexpr char incorrectFormat[] = "Construction file is incorrect format";
+
+/// The path above a text about that file.
+Message AboutFile(const std::string& path, const std::string& text);
+
+/// "house.con in /a/folder" in UTF-8: the name first, since the end may be cut off.
+std::string NameAndFolder(const std::string& path);
 
 } // namespace strativo

@@ -19,20 +19,6 @@ namespace strativo {
 
 namespace {
 
-Message AboutFile(const std::string& path, const std::string& text) {
-    Message message{PathToUtf8(path) + "\n" + text, ""};
-    message.encoding = Encoding::utf8;
-    return message;
-}
-
-/// The name first, since the end may be cut off.
-std::string NameAndFolder(const std::string& path) {
-    const std::filesystem::path file(path);
-    const std::string folder = file.parent_path().string();
-    return PathToUtf8(file.filename().string())
-           + (folder.empty() ? "" : " in " + PathToUtf8(folder));
-}
-
 /// Another program may have changed the file since it was read, so the user is asked first.
 bool MayOverwrite(const Project& project, Prompts& prompts) {
     const FileStamp now = StampOf(project.constructionFile);

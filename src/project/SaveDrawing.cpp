@@ -1,30 +1,31 @@
 #include "project/SaveDrawing.h"
 
+#include "edit/Saying.h"
 #include "files/FileAccess.h"
 #include "files/FileMessages.h"
-#include "text/Windows1252.h"
+#include "files/PromptFolders.h"
 
 namespace strativo {
 
-bool SaveDrawing(const std::string& svg, Prompts& prompts) {
+bool SaveDrawing(Project& project, const std::string& suggestedName, const std::string& svg,
+                 Prompts& prompts) {
+    const std::string folder = ConstructionFolder(project, project.constructionFile);
     const auto path =
-        prompts.AskSaveFile({"Save section", "SVG drawings (*.svg)|*.svg", "", "svg"});
+        Used(project, prompts.AskSaveFile({"Save section", "SVG drawings (*.svg)|*.svg",
+                                           suggestedName, "svg", folder}));
     if (!path || path->empty())
         return false;
-    const auto tell = [&](const std::string& what) {
-        Message message{PathToUtf8(*path) + "\n" + what, ""};
-        message.encoding = Encoding::utf8;
-        prompts.ShowMessage(message);
-    };
     try {
         FileStamp stamp;
         const std::string notSafe = ReplaceFile(
             *path, [&](const ByteSink& sink) { sink(svg); }, stamp);
+        Say(project, "Section saved as " + NameAndFolder(*path));
         if (!notSafe.empty())
-            tell(savedButNotSafe + notSafe);
+            prompts.ShowMessage(AboutFile(*path, savedButNotSafe + notSafe));
         return true;
     } catch (const WriteError& error) {
-        tell(std::string("The drawing was not saved: ") + error.what());
+        prompts.ShowMessage(
+            AboutFile(*path, std::string("The drawing was not saved: ") + error.what()));
         return false;
     }
 }

@@ -1,6 +1,9 @@
 #include "ui/Printing.h"
 
+#include "ui/Text.h"
+
 #include <QCoreApplication>
+#include <QFile>
 #include <QFileInfo>
 #include <QLibrary>
 
@@ -20,7 +23,11 @@ QString ModulePath() {
 } // namespace
 
 QString DocumentName(const QString& title) {
-    return title.simplified().replace(QLatin1Char('/'), QLatin1Char('-'));
+    constexpr qsizetype longest = 240; // bytes; with an ending at most the 255 of most disks
+    QString name = title.simplified().replace(QLatin1Char('/'), QLatin1Char('-'));
+    while (QFile::encodeName(name).size() > longest)
+        name = Elided(name, name.size() - 2);
+    return name;
 }
 
 QString PrintPage(QWidget* parent, const QString& title, const PagePainter& paint,

@@ -4,7 +4,8 @@
 
 namespace strativo {
 
-/// The title in a form that is also a file name: the print box offers it for printing to a file.
+/// The title in a form that is also a file name, with its middle left out where no file could have
+/// it: the print box offers it for printing to a file.
 QString DocumentName(const QString& title);
 
 /// Prints a page, or writes it to a PDF file if one is named. The printing library is loaded on

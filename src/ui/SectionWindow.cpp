@@ -8,6 +8,7 @@
 #include "text/Format.h"
 #include "ui/Appearance.h"
 #include "ui/DrawingView.h"
+#include "ui/ElidedLabel.h"
 #include "ui/KeyRepeat.h"
 #include "ui/Printing.h"
 #include "ui/Text.h"
@@ -23,6 +24,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QShortcut>
+#include <QTextOption>
 
 namespace strativo {
 
@@ -96,7 +98,7 @@ void SectionWindow::BuildConditions() {
 }
 
 void SectionWindow::BuildViews() {
-    ui.Heading = PlainLabel(QString(), this);
+    ui.Heading = new ElidedLabel(longestShownLine, this);
     ui.Heading->setObjectName(QStringLiteral("Heading"));
     ui.Heading->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     QFont bold = font();
@@ -237,7 +239,13 @@ void SectionWindow::ShowNothing() {
 }
 
 void SectionWindow::Save() {
-    program.perform([this] { SaveDrawing(SvgFile(ui.Section->Shown()), program.prompts); });
+    const int number = program.project.currentConstruction;
+    const QString name = DocumentName(
+        ToText(ConstructionTitle(number) + ' ' + program.project.constructions[number].name));
+    program.perform([&] {
+        SaveDrawing(program.project, PathBytes(name) + ".svg", SvgFile(ui.Section->Shown()),
+                    program.prompts);
+    });
 }
 
 void SectionWindow::Print(const QString& pdfFile) {
@@ -259,10 +267,13 @@ void SectionWindow::PaintPage(QPainter& painter, const QRectF& page) const {
     const double dotsPerUnit = painter.device()->logicalDpiX() / unitsPerInch;
     painter.setFont(QFont(font().family(), 11, QFont::Bold));
     const double line = painter.fontMetrics().lineSpacing();
-    painter.drawText(QRectF(page.x(), page.y(), page.width(), line), ui.Heading->text());
+    QTextOption wrapped;
+    wrapped.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    painter.drawText(page, ui.Heading->text(), wrapped);
+    const QRectF heading = painter.boundingRect(page, ui.Heading->text(), wrapped);
     const double height =
         std::min(drawing.height * dotsPerUnit, drawing.height * page.width() / drawing.width);
-    const QRectF place(page.x(), page.y() + 1.5 * line, page.width(), height);
+    const QRectF place(page.x(), heading.bottom() + line / 2, page.width(), height);
     painter.setFont(font());
     PaintDrawing(painter, drawing, place, dotsPerUnit);
     QFont fixed(ui.Figures->font().family());

@@ -35,18 +35,33 @@ namespace {
 
 TEST(SaveDrawing, WritesTheFileThatIsChosen) {
     const TemporaryFolder folder;
+    Project project;
     ScriptedPrompts prompts;
     prompts.SavesFile("wall.svg");
-    EXPECT_TRUE(SaveDrawing("<svg/>\n", prompts));
+    EXPECT_TRUE(SaveDrawing(project, "wall.svg", "<svg/>\n", prompts));
     EXPECT_EQ(folder.Read("wall.svg"), "<svg/>\n");
+    EXPECT_EQ(project.said, "Section saved as wall.svg");
+}
+
+TEST(SaveDrawing, SuggestsANameBesideTheConstructionFile) {
+    const TemporaryFolder folder;
+    Project project;
+    project.constructionFile = folder.Write("house/house.con", "");
+    ScriptedPrompts prompts;
+    prompts.SavesFile("");
+    SaveDrawing(project, "wall.svg", "<svg/>\n", prompts);
+    ASSERT_EQ(prompts.filePrompts.size(), 1U);
+    EXPECT_EQ(prompts.filePrompts[0].initialName, "wall.svg");
+    EXPECT_EQ(prompts.filePrompts[0].startFolder, (folder.Path() / "house").string());
 }
 
 TEST(SaveDrawing, SaysThatALossOfPowerMayUndoIt) {
     const TemporaryFolder folder;
+    Project project;
     ScriptedPrompts prompts;
     prompts.SavesFile("wall.svg");
     foldersFail = true;
-    EXPECT_TRUE(SaveDrawing("<svg/>\n", prompts));
+    EXPECT_TRUE(SaveDrawing(project, "wall.svg", "<svg/>\n", prompts));
     foldersFail = false;
     EXPECT_EQ(folder.Read("wall.svg"), "<svg/>\n");
     ASSERT_EQ(prompts.messages.size(), 1U);
@@ -56,17 +71,19 @@ TEST(SaveDrawing, SaysThatALossOfPowerMayUndoIt) {
 
 TEST(SaveDrawing, WritesNothingWhenThePromptIsCancelled) {
     const TemporaryFolder folder;
+    Project project;
     ScriptedPrompts prompts;
     prompts.SavesFile("");
-    EXPECT_FALSE(SaveDrawing("<svg/>\n", prompts));
+    EXPECT_FALSE(SaveDrawing(project, "wall.svg", "<svg/>\n", prompts));
     EXPECT_THAT(folder.Entries(), testing::IsEmpty());
 }
 
 TEST(SaveDrawing, SaysWhyItCouldNotBeWritten) {
     const TemporaryFolder folder;
+    Project project;
     ScriptedPrompts prompts;
     prompts.SavesFile("missing/wall.svg");
-    EXPECT_FALSE(SaveDrawing("<svg/>\n", prompts));
+    EXPECT_FALSE(SaveDrawing(project, "wall.svg", "<svg/>\n", prompts));
     ASSERT_EQ(prompts.messages.size(), 1U);
     EXPECT_THAT(prompts.messages[0].text,
                 testing::StartsWith("missing/wall.svg\nThe drawing was not saved: "));

@@ -3,13 +3,16 @@
 #include "MainWindowTest.h"
 #include "ui/Appearance.h"
 #include "ui/DrawingView.h"
+#include "ui/ElidedLabel.h"
 #include "ui/Printing.h"
+#include "ui/StatusBar.h"
 #include "ui/WindowArea.h"
 
 #include <QApplication>
 #include <QComboBox>
 #include <QDialog>
 #include <QFile>
+#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -247,6 +250,59 @@ TEST_F(Section, SaysThatTheFileOfThePrintersBoxCannotBeWritten) {
 TEST_F(Section, IsPrintedUnderANameThatIsNoPath) {
     EXPECT_EQ(DocumentName(QStringLiteral("Construction 1  Wall 1/2 brick  (Opaque)")),
               QStringLiteral("Construction 1 Wall 1-2 brick (Opaque)"));
+}
+
+TEST_F(Section, IsPrintedUnderANameThatAFileCanHave) {
+    const QString name = DocumentName(QString(200, QChar(0xC4)) + QStringLiteral(" wall"));
+    EXPECT_TRUE(name.startsWith(QString(60, QChar(0xC4)))) << name.toStdString();
+    EXPECT_TRUE(name.endsWith(QStringLiteral(" wall"))) << name.toStdString();
+    EXPECT_LE(QFile::encodeName(name + QStringLiteral(".pdf")).size(), 255);
+}
+
+TEST_F(Section, ShowsALongNameWithItsMiddleLeftOut) {
+    Open();
+    TheProject().constructions[1].name = std::string(300, 'x');
+    program->ShowProject();
+    auto* heading = In<QLabel>("Heading");
+    EXPECT_GT(Shown()->width(), heading->width());
+    ElidedLabel same(1000, Shown());
+    same.setFont(heading->font());
+    same.setText(heading->text());
+    same.resize(heading->size());
+    EXPECT_TRUE(heading->text().endsWith(QStringLiteral("outside to inside")));
+    EXPECT_EQ(heading->grab().toImage(), same.grab().toImage());
+}
+
+TEST_F(Section, PrintsALongNameInSeveralLines) {
+    Open();
+    const std::string pdf = (folder.Path() / "wall.pdf").string();
+    TheProject().constructions[1].name =
+        "Wall " + std::string(60, 'x') + ' ' + std::string(60, 'y') + " last";
+    program->ShowProject();
+    Shown()->Print(QString::fromStdString(pdf));
+    if (std::system("command -v pdftotext > which.txt 2>&1") != 0)
+        GTEST_SKIP() << "pdftotext is not installed";
+    ASSERT_EQ(std::system(("pdftotext -layout " + pdf + " wall.txt").c_str()), 0);
+    EXPECT_THAT(folder.Read("wall.txt"), HasSubstr("last (Opaque)"));
+}
+
+TEST_F(Section, IsSavedWhereTheConstructionFileIsUnderANameOfItsOwn) {
+    Open();
+    TheProject().constructions[1].name = "Wall 1/2";
+    std::filesystem::create_directory(folder.Path() / "house");
+    TheProject().constructionFile = (folder.Path() / "house/house.con").string();
+    program->ShowProject();
+    InBox([](QWidget& box) {
+        auto& prompt = dynamic_cast<QFileDialog&>(box);
+        EXPECT_EQ(prompt.directory().dirName(), QStringLiteral("house"));
+        EXPECT_EQ(prompt.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->text(),
+                  QStringLiteral("Construction 1 Wall 1-2.svg"));
+        static_cast<QDialog&>(prompt).accept();
+    });
+    In<QPushButton>("Save")->click();
+    EXPECT_TRUE(std::filesystem::exists(folder.Path() / "house/Construction 1 Wall 1-2.svg"));
+    auto* status = program->findChild<StatusBar*>();
+    EXPECT_THAT(status->currentMessage().toStdString(), HasSubstr("Construction 1 Wall 1-2.svg"));
 }
 
 TEST_F(Section, MarksAnUnusableNumberReadablyInADarkPaletteToo) {
