@@ -1,5 +1,7 @@
 #include "cli/Commands.h"
+#include "cli/ExitStatus.h"
 #include "cli/Session.h"
+#include "cli/TextOutput.h"
 #include "files/GlassImport.h"
 #include "project/FileCommands.h"
 
@@ -9,12 +11,17 @@ namespace strativo {
 
 namespace {
 
-/// Writes nothing if anything could not be read.
-void Save(Session& session, const std::string& path) {
+/// Writes nothing if anything could not be read; returns the exit status.
+int Save(Session& session, const std::string& path, std::ostream& err) {
     if (session.Failed())
-        return;
+        return session.Status();
+    if (session.HasLibrary(path)) {
+        PrintError(err, PathToUtf8(path) + outputIsInput);
+        return exitWrongUsage;
+    }
     session.project.constructionFile = CallersPath(path);
     session.Run([&] { return SaveProject(session.project, session.prompts); });
+    return session.Status();
 }
 
 void Import(Session& session, const std::string& from) {
@@ -33,16 +40,14 @@ void Import(Session& session, const std::string& from) {
 int Rewrite(const Invocation& call, std::ostream&, std::ostream& err) {
     Session session(call.operands[0], call, err);
     session.ReadToWrite();
-    Save(session, call.operands[1]);
-    return session.Status();
+    return Save(session, call.operands[1], err);
 }
 
 int ImportGlass(const Invocation& call, std::ostream&, std::ostream& err) {
     Session session(call.operands[0], call, err);
     session.ReadToWrite();
     Import(session, call.operands[1]);
-    Save(session, call.operands[2]);
-    return session.Status();
+    return Save(session, call.operands[2], err);
 }
 
 } // namespace strativo

@@ -51,6 +51,19 @@ TEST_F(Rewrite, MayWriteOverItsInput) {
     EXPECT_EQ(folder.Read("a.con"), folder.Read("b.con"));
 }
 
+TEST_F(Rewrite, NeverReplacesALibraryThatTheFileNames) {
+    folder.Write("glass.con", WallFile({brickPart}));
+    for (const std::vector<std::string>& arguments :
+         {std::vector<std::string>{"rewrite", "a.con", "std.lby"},
+          {"rewrite", "a.con", "./std.lby"},
+          {"import-glass", "a.con", "glass.con", "std.lby"}}) {
+        const RunResult result = RunTool(arguments);
+        EXPECT_EQ(result.status, 2) << result.err;
+        EXPECT_THAT(result.err, testing::HasSubstr("std.lby is one of the files that are read"));
+        EXPECT_EQ(folder.Read("std.lby"), standardLibraryBytes);
+    }
+}
+
 TEST_F(Rewrite, OfAFileWithoutALineOfTheFormatReplacesNothingAndSaysSo) {
     const std::string letter = "Dear Sir,\r\nthe walls are _ wet = bad!\r\n";
     folder.Write("letter.con", letter);
