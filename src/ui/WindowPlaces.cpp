@@ -19,7 +19,8 @@ void WindowPlaces::Open(int id, QSize size, WindowTraits traits) {
 }
 
 void WindowPlaces::Open(int id, QSize size, QPoint position, WindowTraits traits) {
-    records.insert_or_assign(id, Record{traits, position, size, {}, {}, false, false, false});
+    records.insert_or_assign(id,
+                             Record{traits, position, position, size, {}, {}, false, false, false});
     order.insert(traits.inCorner ? order.end() : BelowCorner(), id);
     remadeWindows += traits.remade ? 1 : 0;
     if (traits.inCorner)
@@ -51,9 +52,9 @@ void WindowPlaces::SetArea(QSize size) {
     area = size;
     for (auto& [id, record] : records) {
         if (record.traits.inCorner && !record.moved)
-            record.position = Corner(record.size);
-        else if (isSmaller)
-            record.position = Inside(record.position, record.size);
+            record.MoveTo(Corner(record.size));
+        else if (isSmaller || record.position != record.wanted)
+            record.position = Inside(record.wanted, record.size);
         record.movedIcon.reset();
     }
     if (followsArea)
@@ -71,7 +72,7 @@ void WindowPlaces::PlaceAgain() {
     LookAtTakenPlaces(placed);
     for (const int id : placed) {
         Record& record = records.at(id);
-        record.position = PlaceForNew(record.size);
+        record.MoveTo(PlaceForNew(record.size));
         AddTaken({record.position, record.size});
     }
 }
@@ -139,7 +140,7 @@ void WindowPlaces::Move(int id, QPoint position) {
     if (record.iconSlot) {
         record.movedIcon = place;
     } else {
-        record.position = place;
+        record.MoveTo(place);
         record.moved = true;
     }
     Changed();
@@ -148,8 +149,10 @@ void WindowPlaces::Move(int id, QPoint position) {
 void WindowPlaces::BringInside(int id) {
     Record& record = records.at(id);
     const QPoint place = Inside(record.position, record.size);
-    if (std::exchange(record.position, place) != place)
-        Changed();
+    if (place == record.position)
+        return;
+    record.MoveTo(place);
+    Changed();
 }
 
 void WindowPlaces::Cascade() {
@@ -157,7 +160,7 @@ void WindowPlaces::Cascade() {
     for (const int id : order) {
         Record& record = records.at(id);
         if (IsShown(record) && !record.traits.inCorner)
-            record.position = CascadePosition(cascaded++, record.size);
+            record.MoveTo(CascadePosition(cascaded++, record.size));
     }
     std::stable_partition(order.begin(), order.end(),
                           [this](int id) { return !records.at(id).traits.inCorner; });

@@ -49,8 +49,8 @@ public:
     bool Has(int id) const { return records.count(id) != 0; }
     bool MayLetGo(int id) const { return records.at(id).traits.remade; }
 
-    /// When the area shrinks, windows are brought inside; the one in the corner stays in the corner
-    /// until the user moves it.
+    /// When the area shrinks, windows are brought inside; when it grows again, they return as far
+    /// as they then lie inside. The one in the corner stays in the corner until the user moves it.
     void SetArea(QSize size);
     /// As long as it holds, a new size of the area gives windows the places that they would have
     /// been opened in, had it been so from the start.
@@ -87,8 +87,12 @@ public:
 
 private:
     struct Record {
+        /// Lets the window lie there, also once the area has shrunk and grown again.
+        void MoveTo(QPoint place) { position = wanted = place; }
+
         WindowTraits traits;
         QPoint position;
+        QPoint wanted; ///< the position, but for an area that became too small
         QSize size;
         std::optional<int> iconSlot;     ///< place among the icons, while minimised
         std::optional<QPoint> movedIcon; ///< where the icon was dragged to

@@ -323,6 +323,23 @@ TEST_F(Windows, ASmallerAreaHoldsAllWindowsThatFit) {
     EXPECT_TRUE(Area().rect().contains(program->Dialog().parentWidget()->geometry()));
 }
 
+TEST_F(Windows, ReturnWhenTheMainWindowHasItsSizeAgain) {
+    StartWith(5);
+    MoveWindow(1, {590, 330});
+    const auto before = Positions(5);
+    const QSize size = program->size();
+    for (const QSize& smaller : {QSize(700, 500), QSize(300, 200)}) {
+        program->resize(smaller);
+        QTest::qWait(1);
+        Area().Activate(2); // going through the windows leaves their places alone
+        Area().Activate(1);
+    }
+    EXPECT_NE(Positions(5), before);
+    program->resize(size);
+    QTest::qWait(1);
+    EXPECT_EQ(Positions(5), before);
+}
+
 TEST_F(Windows, AnActivatedWindowIsBroughtWhollyInside) {
     StartWith(2);
     MoveWindow(1, {900, 600});

@@ -333,6 +333,31 @@ TEST_F(Places, AWindowThatFitsIsBroughtWhollyIntoASmallerArea) {
     EXPECT_EQ(At(2), QPoint(30, 20));
 }
 
+TEST_F(Places, ReturnWhenTheAreaGrowsAgain) {
+    Open(2);
+    OpenAt(3, {290, 190});
+    places.SetArea({250, 150});
+    places.SetArea({150, 80});
+    EXPECT_EQ(At(3), QPoint(0, 0));
+    places.SetArea({400, 300});
+    EXPECT_EQ(At(3), QPoint(200, 190)) << "as far as they fit";
+    places.SetArea({500, 300});
+    EXPECT_EQ(At(2), QPoint(200, 0));
+    EXPECT_EQ(At(3), QPoint(290, 190));
+}
+
+TEST_F(Places, StayWhereTheyWereMovedMeanwhileWhenTheAreaGrowsAgain) {
+    OpenAt(1, {290, 190});
+    OpenAt(2, {290, 190});
+    places.SetArea({400, 300});
+    places.Move(1, {10, 20});
+    places.Move(2, {390, 290});
+    places.BringInside(2);
+    places.SetArea({500, 300});
+    EXPECT_EQ(At(1), QPoint(10, 20));
+    EXPECT_EQ(At(2), QPoint(200, 200));
+}
+
 TEST_F(Places, ALargerAreaLeavesWindowsWhereTheyWereMoved) {
     OpenAt(1, {450, 250});
     places.SetArea({600, 400});
