@@ -102,7 +102,7 @@ std::vector<Finding> FindingsInLibrary(std::string_view bytes, bool user) {
 /// linked.
 std::vector<Finding> FindingsInProject(Session& session) {
     session.Read();
-    return session.FileRead() ? FindingsOf(session.project) : std::vector<Finding>();
+    return session.WasRead() ? FindingsOf(session.project) : std::vector<Finding>();
 }
 
 std::vector<Finding> FindingsIn(Session& session, const Invocation& call) {

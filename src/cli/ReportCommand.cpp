@@ -159,7 +159,7 @@ int WriteReport(const Invocation& call, std::ostream& out, std::ostream& err) {
     const auto report = [&](const std::string& file, std::ostream& fileOut, std::ostream& fileErr) {
         Session session(file, call, fileErr);
         session.Read();
-        if (!session.FileRead())
+        if (!session.WasRead())
             return session.Status();
         const std::string& path = pages.paths.at(file);
         if (session.HasLibrary(path)) {

@@ -25,7 +25,7 @@ int Save(Session& session, const std::string& path, std::ostream& err) {
 }
 
 void Import(Session& session, const std::string& from) {
-    if (!session.FileRead())
+    if (!session.WasRead())
         return;
     session.prompts.AnswerConstructionFile(CallersPath(from));
     session.prompts.SetSubject(from);

@@ -25,12 +25,13 @@ public:
     /// Reads the file as a construction file.
     void Read();
     /// Whether the file was read to its end, with or without trouble about its libraries.
-    bool FileRead() const { return fileRead; }
+    bool WasRead() const { return fileRead; }
     /// Reads the file in order to write something made of it; one in which no line is one of a
     /// construction file is refused.
     void ReadToWrite();
-    /// Whether ReadToWrite() lets the file through.
-    bool ReadToEnd() const { return !failed && !foreign; }
+    /// Whether ReadToWrite() lets the file through: nothing failed, and some line is one of a
+    /// construction file.
+    bool MayBeRewritten() const { return !failed && !foreign; }
     /// Whether an action failed.
     bool Failed() const { return failed; }
     /// Whether an output of that name would replace a library that the file names.

@@ -88,7 +88,7 @@ const char* EncodingOf(const std::string& path) {
 
 void WriteState(JsonWriter& writer, const Session& session) {
     const Project& project = session.project;
-    writer.Member("readToEnd", session.ReadToEnd());
+    writer.Member("readToEnd", session.MayBeRewritten());
     writer.Member("standardLibraryFile", PathToUtf8(project.standardLibraryFile));
     writer.Member("standardLibraryFileEncoding", EncodingOf(project.standardLibraryFile));
     writer.Member("userLibraryFile", PathToUtf8(project.userLibraryFile));
