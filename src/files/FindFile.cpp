@@ -24,7 +24,8 @@ bool HasDriveLetter(const std::string& name) {
     return letter >= 'a' && letter <= 'z';
 }
 
-std::string LowerCase(std::string text) {
+/// Other bytes stay: names of the disk are in no certain encoding.
+std::string AsciiLowerCase(std::string text) {
     std::transform(text.begin(), text.end(), text.begin(), [](char c) {
         return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
     });
@@ -39,14 +40,14 @@ std::string Join(const std::string& folder, const std::string& name) {
 /// The folder's entry whose name differs at most in letter case; of several, the first in name
 /// order.
 std::optional<std::string> EntryIgnoringCase(const std::string& folder, const std::string& name) {
-    const std::string wanted = LowerCase(name);
+    const std::string wanted = AsciiLowerCase(name);
     std::vector<std::string> found;
     std::error_code error;
     for (fs::directory_iterator entry(Join(folder, "."), error), end; entry != end;
          entry.increment(error)) {
         const std::string_view path = entry->path().native();
         const std::string_view entryName = path.substr(path.rfind('/') + 1);
-        if (entryName.size() == wanted.size() && LowerCase(std::string(entryName)) == wanted)
+        if (entryName.size() == wanted.size() && AsciiLowerCase(std::string(entryName)) == wanted)
             found.emplace_back(entryName);
     }
     if (found.empty())
