@@ -1,5 +1,6 @@
 #include "files/FileAccess.h"
 #include "support/AsNobody.h"
+#include "support/Permissions.h"
 #include "support/TestProject.h"
 
 #include <acl/libacl.h>
@@ -25,12 +26,6 @@ std::string Failure(const std::string& path) {
     } catch (const WriteError& error) {
         return error.what();
     }
-}
-
-unsigned Permissions(const std::string& path) {
-    struct stat status {};
-    EXPECT_EQ(stat(path.c_str(), &status), 0);
-    return status.st_mode & 07777U;
 }
 
 bool SetAcl(const std::string& path, acl_type_t type, const std::string& text) {

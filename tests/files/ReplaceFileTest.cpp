@@ -1,5 +1,6 @@
 #include "files/FileAccess.h"
 #include "support/AsNobody.h"
+#include "support/Permissions.h"
 #include "support/TestProject.h"
 
 #include <csignal>
@@ -26,12 +27,6 @@ std::string Failure(const std::string& path, std::string_view bytes) {
     } catch (const WriteError& error) {
         return error.what();
     }
-}
-
-unsigned Permissions(const std::string& path) {
-    struct stat status {};
-    EXPECT_EQ(stat(path.c_str(), &status), 0);
-    return status.st_mode & 07777U;
 }
 
 TEST(ReplaceFile, KeepsTheOldFileWhereTheBytesEndEarly) {

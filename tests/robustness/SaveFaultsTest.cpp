@@ -1,5 +1,6 @@
 #include "files/FileMessages.h"
 #include "robustness/FaultyRun.h"
+#include "support/Permissions.h"
 #include "support/Samples.h"
 #include "support/TestProject.h"
 
@@ -180,12 +181,6 @@ protected:
 
     int CountOfAll() const { return static_cast<int>(calls.size()) - CountOf("made"); }
 
-    static mode_t PermissionsOf(const char* file) {
-        struct stat status {};
-        EXPECT_EQ(stat(file, &status), 0);
-        return status.st_mode & 07777U;
-    }
-
     const std::string oldBytes;
     TemporaryFolder folder;
     std::vector<LoggedCall> calls;
@@ -210,7 +205,7 @@ TEST_F(SaveFaults, WithoutAccessControlListsThePermissionsAreKept) {
     EXPECT_TRUE(run.Hit(noAcls));
     EXPECT_EQ(run.Value("saved"), "1");
     EXPECT_EQ(run.Count("fchmod"), 1);
-    EXPECT_EQ(PermissionsOf("house.con"), 0640U);
+    EXPECT_EQ(Permissions("house.con"), 0640U);
     Restore();
     SaveWith("acl_get_file:1:" + noAcls + ";fchmod:1:" + Errno(EIO).effect, Errno(EIO));
 }
@@ -221,7 +216,7 @@ TEST_F(SaveFaults, WhereListsAreShownButNotTakenThePermissionsAreKept) {
         const FaultyRun run =
             RunWithFaults("save", "house.con", "acl_set_fd:1:" + Errno(error).effect);
         ExpectSaved(run);
-        EXPECT_EQ(PermissionsOf("house.con"), 0640U) << std::strerror(error);
+        EXPECT_EQ(Permissions("house.con"), 0640U) << std::strerror(error);
     }
 }
 
@@ -231,7 +226,7 @@ TEST_F(SaveFaults, WherePermissionsAreRefusedTheFileIsPrivate) {
         const std::string faults = lists + (":1:" + noAcls) + ";fchmod:1:" + Errno(EPERM).effect;
         const FaultyRun run = RunWithFaults("save", "house.con", faults);
         ExpectSaved(run);
-        EXPECT_EQ(PermissionsOf("house.con"), 0600U);
+        EXPECT_EQ(Permissions("house.con"), 0600U);
     }
 }
 
