@@ -23,7 +23,7 @@ MAY_INCLUDE = {
     "files": ["model", "text", "port", "calc", "edit"],
     "exchange": ["model", "text", "port", "calc", "edit", "files"],
     "project": ["model", "text", "port", "calc", "edit", "files"],
-    "ui": CORE,
+    "ui": [room for room in CORE if room != "exchange"],
     "cli": CORE,
 }
 

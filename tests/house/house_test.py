@@ -46,6 +46,8 @@ class HouseTest(unittest.TestCase):
                             "room cli may not include room ui")
         self.assert_include("project", '#include "cli/Session.h"',
                             "room project may not include room cli")
+        self.assert_include("ui", '#include "exchange/Fault.h"',
+                            "room ui may not include room exchange")
 
     def test_includes_are_written_from_the_source_folder(self):
         for name in ('"Layer.h"', '"../model/Layer.h"'):
