@@ -28,11 +28,11 @@ struct DynamicCharacteristics {
     SideCharacteristics inside;
     SideCharacteristics outside;
     double periodicTransmittance = 0; ///< W/m2 K
-    std::optional<double>
-        periodicLag; ///< h, 0 to below one period; none where next to nothing passes
-    double decrementFactor = 0;
-    double surfaceFactor = 0; ///< of the admittance procedure
-    double surfaceLag = 0;    ///< h
+    /// h, 0 to below one period; none where next to nothing passes.
+    std::optional<double> periodicLag;
+    double decrementFactor = 0; ///< 1; periodic by steady transmittance
+    double surfaceFactor = 0;   ///< 1; of the admittance procedure
+    double surfaceLag = 0;      ///< h
     /// From the inside air to the outside air; not available if an element exceeds 1e300.
     std::optional<MatrixElements> matrix;
 };

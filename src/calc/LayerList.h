@@ -15,16 +15,17 @@ std::string FormatLayerLine(const Layer& layer);
 struct LayerListView {
     std::vector<std::string> lines;
     std::vector<bool> marks; ///< one per line
-    std::string editThick;
-    std::string absorpText;
-    std::string conName;
-    std::string result;
+    std::string editThick;   ///< the thickness field
+    std::string absorpText;  ///< the absorption field
+    std::string conName;     ///< name of the current layer
+    std::string result;      ///< the U-value
 };
 LayerListView ViewLayerList(const Construction& construction);
 
 /// A thickness (mm, or a resistance) as its entry field shows it: whole millimetres from 1 on,
 /// three decimals below, empty for 0.
 std::string ThicknessText(double thickness);
+/// A solar absorption (a fraction) as its entry field shows it, with two decimals.
 std::string AbsorptionText(double absorption);
 
 /// The events that make the thickness field show the current layer's thickness.

@@ -4,8 +4,8 @@
 
 namespace strativo {
 
-/// Runs the command line tool and returns its exit status: 0 all is well, 1 `check` found an error,
-/// 2 wrong usage, 3 a file could not be read or written.
+/// Runs the command line tool with these arguments, the program's name first, and returns one of
+/// the exit statuses of ExitStatus.h.
 int RunCommandLine(int argc, const char* const* argv, std::ostream& out, std::ostream& err);
 
 } // namespace strativo

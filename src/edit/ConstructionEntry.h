@@ -21,12 +21,15 @@ enum class EntryResult {
 /// marked.
 EntryResult EnterThickness(Project& project, int number, std::string_view text, Prompts& prompts);
 
-/// Stores a typed absorption in the current layer, without checking its range.
+/// Stores a typed absorption (a fraction) in the current layer, without checking its range.
 EntryResult EnterAbsorption(Project& project, int number, std::string_view text, Prompts& prompts);
 
 // Unlike thickness, name, type and absorption do not mark the project as changed. This is intended;
 // users rely on it.
+
+/// Stores a typed name, cleaned by CleanEntry. It may be empty and need not be unique.
 void EnterName(Project& project, int number, std::string_view text);
+/// Stores a type: 0 opaque, 1 transparent.
 void ChangeType(Project& project, int number, int typeIndex);
 
 /// Makes a line of the layer list (from 0; -1 for none) the current layer and stores the marks.

@@ -52,6 +52,7 @@ struct EpOptions {
     bool opaqueOnly = false; ///< transparent ones are not reported
 };
 
+/// The opaque constructions in use with their materials, each material once, and what is left out.
 EpModel MakeEpModel(const Project& project, EpOptions options);
 
 } // namespace strativo

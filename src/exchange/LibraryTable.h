@@ -13,8 +13,7 @@ namespace strativo {
 /// The library file made from a table, or the faults that prevent it.
 struct BuiltLibrary {
     std::string bytes;
-    std::vector<Fault>
-        faults; ///< in order of line and column; the bytes are valid if there is none
+    std::vector<Fault> faults;  ///< by line and column; the bytes are valid if there is none
     std::size_t moreFaults = 0; ///< number of those left out
     std::vector<Fault> notes;   ///< remarks that are not faults
 };

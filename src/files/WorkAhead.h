@@ -13,8 +13,8 @@
 
 namespace strativo {
 
-/// Threads beside the present one that are worth starting for work that takes milliseconds: as many
-/// as the program has processors, within reason.
+/// Threads beside the present one that are worth starting for work that takes milliseconds: one for
+/// each further processor that the program may use, 3 at the most; 0 where that is not known.
 unsigned HelpingThreads();
 
 /// Does numbered tasks on several processors, for one thread that takes their results in ascending

@@ -11,11 +11,10 @@ namespace strativo {
 /// The name of a construction file for display, in UTF-8; "Untitled.con" when there is none.
 std::string ShownFileName(const std::string& constructionFile);
 
-/// Completes the start, first: sorts the material list by name.
+/// The first of two steps that complete the start: sorts the material list by name.
 void OrderMaterialList(Project& project);
 
-/// Completes the start: if the command line is not empty, reads the construction file whose path it
-/// is.
+/// The second: if the command line is not empty, reads the construction file whose path it is.
 void OpenCommandLine(Project& project, const std::string& commandLine, Prompts& prompts);
 
 /// Asks for a construction file and reads it into a new project.
@@ -28,10 +27,10 @@ void OpenDroppedFiles(Project& project, const std::vector<std::string>& paths, P
 /// Runs the save checks and writes the project; false when nothing was written.
 bool SaveProject(Project& project, Prompts& prompts);
 
-/// The same by its key: where the menu would not offer it, only says why.
+/// SaveProject as its key does it: where the menu would not offer the command, only says why.
 void SaveProjectByKey(Project& project, Prompts& prompts);
 
-/// The same after asking for a name; the old name is kept when nothing was written.
+/// SaveProject after asking for a name; the old name is kept when nothing was written.
 bool SaveProjectAs(Project& project, Prompts& prompts);
 
 /// Writes the project to its file, asking for a name when it has none. A failure is reported with

@@ -56,6 +56,7 @@ public:
     /// Brings all windows up to date with the project.
     void ShowProject();
 
+    // Numbers in the window area of what is no construction: Select Material and the glass types.
     static constexpr int dialogId = 0;
     static constexpr int glassId = -1;
 

@@ -11,8 +11,9 @@ class QProgressBar;
 
 namespace strativo {
 
-/// The status bar of the main window: the file and whether it has unsaved changes, anything
-/// implausible about the current layer, the libraries, and the progress of a long read.
+/// The status bar of the main window: the file and whether it has unsaved changes, the construction
+/// that a material would go to, anything implausible about the current layer, the libraries, the
+/// progress of a long read, and for some seconds what was just done.
 class StatusBar : public QStatusBar {
     Q_OBJECT
 
@@ -63,7 +64,7 @@ private:
     Ui ui{};
     QString said; ///< while it is being told
     QTimer telling{this};
-    FileState before; ///< at the begin of the action
+    FileState before; ///< when the action began
     bool saidByAction = false;
     QElapsedTimer reading;    ///< runs while a file is read
     bool busyPointer = false; ///< shown when reading takes long

@@ -29,8 +29,8 @@ private:
     std::filesystem::path before;
 };
 
-/// Opens a construction with one layer for each name, 100 mm thick with conductivity 0.5 and
-/// material codes 1, 2, ... of the standard library; layer 1 is current.
+/// Opens a construction with one layer for each name, 100 mm thick with conductivity 0.5 W/m C and
+/// material codes 1, 2, ... of the standard library; layer 1 is current. Returns its number.
 int AddConstruction(Project& project, const std::vector<std::string>& layerNames);
 
 /// Names of the layers of a construction, in slot order, joined without separator.
