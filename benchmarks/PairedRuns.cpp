@@ -1,6 +1,5 @@
 #include <algorithm>
 #include <array>
-#include <cstdio>
 #include <cstdlib>
 #include <ctime>
 #include <fcntl.h>

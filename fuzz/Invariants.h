@@ -4,7 +4,6 @@
 #include "text/RuntimeError.h"
 
 #include <stdexcept>
-#include <string>
 
 namespace strativo::fuzz {
 

@@ -3,7 +3,6 @@
 #include "cli/TextOutput.h"
 #include "files/FileMessages.h"
 
-#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstring>

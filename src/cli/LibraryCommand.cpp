@@ -1,5 +1,4 @@
 #include "cli/Commands.h"
-#include "cli/ExitStatus.h"
 #include "cli/FaultOutput.h"
 #include "cli/InputOutput.h"
 #include "exchange/CsvText.h"

@@ -4,7 +4,6 @@
 #include "cli/FileNames.h"
 #include "cli/FilePrinter.h"
 #include "cli/Interruption.h"
-#include "cli/TextOutput.h"
 #include "cli/UsageRules.h"
 
 #include <condition_variable>

@@ -1,7 +1,6 @@
 #include "calc/CavityTypes.h"
 #include "calc/DynamicCharacteristics.h"
 #include "calc/LayerList.h"
-#include "calc/ThermalText.h"
 #include "calc/UValue.h"
 #include "cli/ReportParts.h"
 #include "draw/Section.h"

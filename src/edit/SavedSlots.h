@@ -4,7 +4,6 @@
 #include "model/StateBefore.h"
 
 #include <map>
-#include <utility>
 
 namespace strativo {
 

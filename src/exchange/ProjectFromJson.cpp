@@ -4,7 +4,6 @@
 #include "exchange/GlassFromJson.h"
 #include "exchange/JsonReader.h"
 #include "exchange/StorableText.h"
-#include "text/Windows1252.h"
 
 #include <utility>
 

@@ -1,7 +1,5 @@
 #include "exchange/StorableText.h"
 
-#include <string_view>
-
 namespace strativo {
 
 namespace {

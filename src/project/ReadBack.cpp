@@ -5,8 +5,6 @@
 #include "files/ConstructionWriter.h"
 #include "text/RuntimeError.h"
 
-#include <algorithm>
-
 namespace strativo {
 
 namespace {

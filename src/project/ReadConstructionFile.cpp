@@ -12,7 +12,6 @@
 #include "files/LibraryLoading.h"
 #include "files/PromptFolders.h"
 
-#include <optional>
 #include <utility>
 
 namespace strativo {

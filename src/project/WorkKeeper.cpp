@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <ctime>
 #include <filesystem>
-#include <memory>
 #include <new>
 #include <system_error>
 #include <utility>

@@ -9,8 +9,6 @@
 #include "project/Recovery.h"
 #include "project/Settings.h"
 #include "text/RuntimeError.h"
-#include "ui/About_Strativo.h"
-#include "ui/AccessKeys.h"
 #include "ui/ButtonKeys.h"
 #include "ui/ChildWindow.h"
 #include "ui/HelpViewer.h"

@@ -1,6 +1,5 @@
 #include "cli/CommandRun.h"
 
-#include <algorithm>
 #include <cstdlib>
 #include <gmock/gmock.h>
 

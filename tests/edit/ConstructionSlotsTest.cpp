@@ -1,7 +1,6 @@
 #include "edit/ConstructionSlots.h"
 
 #include "edit/EditTest.h"
-#include "edit/LayerClipboard.h"
 #include "project/NewProject.h"
 
 namespace strativo {

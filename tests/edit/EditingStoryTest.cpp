@@ -1,5 +1,4 @@
 #include "calc/LayerList.h"
-#include "edit/ConstructionSlots.h"
 #include "edit/EditTest.h"
 #include "edit/LayerClipboard.h"
 #include "edit/LayerDrag.h"

@@ -1,7 +1,7 @@
 #include "edit/GlassCells.h"
 
 #include "edit/GlassTypes.h"
-#include "support/TestProject.h"
+#include "support/ScriptedPrompts.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 #include "edit/GlassProfile.h"
 
 #include "edit/GlassTypes.h"
-#include "support/TestProject.h"
+#include "support/ScriptedPrompts.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "edit/GlassTypes.h"
 
-#include "support/TestProject.h"
+#include "support/ScriptedPrompts.h"
 
 #include <gtest/gtest.h>
 

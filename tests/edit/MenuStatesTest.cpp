@@ -1,7 +1,6 @@
 #include "edit/MenuStates.h"
 
 #include "calc/Relink.h"
-#include "edit/ConstructionSlots.h"
 #include "edit/EditTest.h"
 #include "edit/LayerClipboard.h"
 

@@ -1,7 +1,6 @@
 #include "edit/ProfileHistory.h"
 
 #include "edit/GlassTypes.h"
-#include "support/TestProject.h"
 
 #include <gtest/gtest.h>
 #include <random>

@@ -6,7 +6,6 @@
 #include "text/RuntimeError.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <gmock/gmock.h>
 
 namespace strativo {

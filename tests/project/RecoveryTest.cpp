@@ -2,7 +2,6 @@
 
 #include "files/FileAccess.h"
 #include "project/FileCommands.h"
-#include "project/NewProject.h"
 #include "project/ReadConstructionFile.h"
 #include "support/TestProject.h"
 

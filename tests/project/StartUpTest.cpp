@@ -1,4 +1,3 @@
-#include "edit/LayerClipboard.h"
 #include "project/FileCommands.h"
 #include "project/NewProject.h"
 #include "support/Samples.h"

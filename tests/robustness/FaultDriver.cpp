@@ -10,7 +10,6 @@
 
 #include "edit/ConstructionEntry.h"
 #include "edit/LayerClipboard.h"
-#include "edit/MaterialList.h"
 #include "project/FileCommands.h"
 #include "project/NewProject.h"
 #include "project/ReadConstructionFile.h"

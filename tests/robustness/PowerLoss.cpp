@@ -1,6 +1,5 @@
 #include "robustness/PowerLoss.h"
 
-#include <algorithm>
 #include <filesystem>
 
 namespace strativo {

@@ -3,7 +3,6 @@
 #include "robustness/FaultyRun.h"
 
 #include <map>
-#include <optional>
 #include <string>
 #include <vector>
 

@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <cstring>
 #include <gtest/gtest.h>
-#include <limits>
 #include <random>
 
 namespace strativo {

@@ -2,7 +2,6 @@
 
 #include "text/RuntimeError.h"
 
-#include <cmath>
 #include <cstdlib>
 #include <gtest/gtest.h>
 #include <limits>
