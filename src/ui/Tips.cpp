@@ -2,9 +2,10 @@
 
 #include "ui/Text.h"
 
+#include <QAbstractItemView>
 #include <QCoreApplication>
-#include <QEvent>
 #include <QFontMetrics>
+#include <QHelpEvent>
 #include <QScreen>
 #include <QToolTip>
 #include <QWidget>
@@ -39,6 +40,20 @@ QPoint PlaceOfTip(const QWidget& control, const QString& lines) {
     return {place.left(), place.top() - height - pointerHeight};
 }
 
+/// Shows what there is to tell about the line of a list at that place; false for nothing.
+bool ShowTipOfLine(const QAbstractItemView& list, QPoint place) {
+    const QModelIndex index = list.indexAt(place);
+    if (!index.isValid())
+        return false;
+    const QRect line = list.visualRect(index).intersected(list.viewport()->rect());
+    QString text = index.data(Qt::ToolTipRole).toString();
+    if (text.isEmpty() && list.sizeHintForIndex(index).width() > line.width())
+        text = index.data().toString();
+    if (!text.isEmpty())
+        ShowTip(*list.viewport(), text, line);
+    return !text.isEmpty();
+}
+
 } // namespace
 
 QString InLines(const QString& text, int longest) {
@@ -51,9 +66,10 @@ QString InLines(const QString& text, int longest) {
     return lines;
 }
 
-void ShowTip(QWidget& control, const QString& text) {
+void ShowTip(QWidget& control, const QString& text, QRect part) {
     const QString lines = InLines(text, longestLine);
-    QToolTip::showText(PlaceOfTip(control, lines), AsToolTip(lines), &control, control.rect());
+    QToolTip::showText(PlaceOfTip(control, lines), AsToolTip(lines), &control,
+                       part.isEmpty() ? control.rect() : part);
 }
 
 Tips::Tips(QObject* parent) : QObject(parent) {
@@ -64,6 +80,9 @@ bool Tips::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() != QEvent::ToolTip || !watched->isWidgetType())
         return false;
     auto* control = static_cast<QWidget*>(watched);
+    const auto* list = qobject_cast<QAbstractItemView*>(control->parentWidget());
+    if (list != nullptr && list->viewport() == control)
+        return ShowTipOfLine(*list, static_cast<QHelpEvent*>(event)->pos());
     if (control->toolTip().isEmpty())
         return false; // a part of a control, which is asked next
     ShowTip(*control, PlainToolTip(*control));

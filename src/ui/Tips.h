@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QRect>
 #include <QString>
 
 class QWidget;
@@ -10,12 +11,13 @@ namespace strativo {
 /// The text in lines of at most that many characters, broken at blanks where possible.
 QString InLines(const QString& text, int longest);
 
-/// Shows the tip beside the control, in lines of at most 60 characters.
-void ShowTip(QWidget& control, const QString& text);
+/// Shows the tip beside the control, in lines of at most 60 characters, as long as the pointer
+/// rests on that part of it; on any part for an empty rectangle.
+void ShowTip(QWidget& control, const QString& text, QRect part = {});
 
 /// Shows the tooltips of all windows in lines of at most 60 characters. They appear below the whole
 /// control (or above it at the end of the screen), so that none covers the row or point it
-/// describes.
+/// describes. Those of a list's lines are plain text; a line that is cut off tells all of it.
 class Tips : public QObject {
 public:
     explicit Tips(QObject* parent);

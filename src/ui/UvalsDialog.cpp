@@ -185,7 +185,7 @@ void UvalsDialog::TellCutNames(const std::vector<std::string>& lines) {
         const int row = static_cast<int>(line);
         const std::string& name = shownMaterials[row + 1].name;
         const bool isWhole = lines[line].compare(0, name.size(), name) == 0;
-        const QString tip = isWhole ? QString() : AsToolTip(Elided(ToText(name)));
+        const QString tip = isWhole ? QString() : Elided(ToText(name));
         if (QListWidgetItem& item = *ui.UValueList->item(row); item.toolTip() != tip)
             item.setToolTip(tip);
     }

@@ -2,7 +2,6 @@
 #include "edit/ConstructionSlots.h"
 #include "ui/ChildWindow.h"
 #include "ui/ElidedLabel.h"
-#include "ui/Text.h"
 #include "ui/UValue.h"
 #include "ui/UvalsDialog.h"
 #include "ui/WindowArea.h"
@@ -127,7 +126,7 @@ TEST_F(ShownNames, AMaterialWhoseNameIsCutOffTellsItInATooltip) {
     Choose("NewUValue");
     QListWidget* list = Materials();
     const auto* cut = list->findItems(QStringLiteral("OAK"), Qt::MatchStartsWith).front();
-    EXPECT_EQ(cut->toolTip(), AsToolTip(QString::fromStdString(name)));
+    EXPECT_EQ(cut->toolTip().toStdString(), name);
     const auto* whole = list->findItems(QStringLiteral("YYY"), Qt::MatchStartsWith).front();
     EXPECT_EQ(whole->toolTip(), QString()) << "the list's own is shown";
 }

@@ -1,6 +1,7 @@
 #include "ui/Tips.h"
 
 #include "MainWindowTest.h"
+#include "edit/GlassTypes.h"
 #include "ui/Text.h"
 #include "ui/UValue.h"
 #include "ui/UvalsDialog.h"
@@ -61,6 +62,42 @@ protected:
         EXPECT_FALSE(place.intersects(tip->geometry())) << name;
     }
 };
+
+TEST_F(ToolTips, OfALineThatIsCutOffTellAllOfIt) {
+    Start();
+    Choose("NewUValue");
+    const std::string name = "<b>LOW</b>&HIGH" + std::string(60, 'x') + std::string(50, 'y');
+    for (const std::string& each : {name, std::string("CLEAR")})
+        AddGlassType(TheProject(), each);
+    Choose("EditWin");
+    auto* list = program->findChild<QListWidget*>(QStringLiteral("WinList"));
+    const auto tipOfLine = [&](int line) {
+        return TipOf(list->viewport(), list->visualItemRect(list->item(line)).center());
+    };
+    const QLabel* whole = tipOfLine(0);
+    ASSERT_NE(whole, nullptr);
+    EXPECT_TRUE(Qt::mightBeRichText(whole->text()));
+    QTextDocument shown;
+    shown.setHtml(whole->text());
+    EXPECT_EQ(shown.toPlainText().remove(QLatin1Char('\n')).toStdString(), name);
+    EXPECT_FALSE(
+        QRect(list->mapToGlobal(QPoint(0, 0)), list->size()).intersects(whole->geometry()));
+    EXPECT_TRUE(tipOfLine(1)->text().startsWith(QStringLiteral("Glass types of")));
+}
+
+TEST_F(ToolTips, OfAMaterialWhoseNameIsCutOffTellItsName) {
+    folder.Write("library/stdmat.lby", "1'<B>OAK " + std::string(40, 'X') + "' 0.2 700 1600\n");
+    Start();
+    Choose("NewUValue");
+    auto* list = Materials();
+    const int line = list->row(list->findItems(QStringLiteral("<B>"), Qt::MatchStartsWith).front());
+    list->scrollToItem(list->item(line));
+    const QLabel* tip = TipOf(list->viewport(), list->visualItemRect(list->item(line)).center());
+    ASSERT_NE(tip, nullptr);
+    QTextDocument shown;
+    shown.setHtml(tip->text());
+    EXPECT_EQ(shown.toPlainText().toStdString(), "<B>OAK " + std::string(40, 'X'));
+}
 
 TEST_F(ToolTips, AreNarrowAndCoverNothingOfTheirControl) {
     Start();
