@@ -48,8 +48,9 @@ EntryField::EntryField(Kind kind, const QString& objectName, QWidget* parent) : 
     setObjectName(objectName);
     setValidator(new EntryCorrector(kind, this));
     setAcceptDrops(false);
-    // A text longer than the field shows its beginning unless somebody is at its end.
-    connect(this, &QLineEdit::textChanged, this, [this] {
+    // A text longer than the field shows its beginning unless somebody is at its end. Qt moves the
+    // caret to the end of a text that is set again, too, which is no change of the text.
+    connect(this, &QLineEdit::cursorPositionChanged, this, [this] {
         if (window()->focusWidget() != this)
             setCursorPosition(0);
     });

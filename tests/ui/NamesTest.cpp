@@ -41,6 +41,20 @@ TEST_F(ShownNames, LongerThanTheFieldShowTheirBeginning) {
     EXPECT_EQ(field->cursorPosition(), 0);
 }
 
+TEST_F(ShownNames, LongerThanTheFieldGoOnShowingTheirBeginningWhileLayersAreChosen) {
+    Start();
+    Choose("NewUValue");
+    for (const char* material : {"PLASTER", "FACE BRICK"})
+        Insert(material);
+    TheProject().constructions[1].name = "Flat roof " + std::string(200, 'x');
+    Area().Activate(1);
+    auto* field = Find<QLineEdit>(1, "NameText");
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Up, Qt::Key_Down}) {
+        Press(key);
+        EXPECT_EQ(field->cursorPosition(), 0);
+    }
+}
+
 TEST_F(ShownNames, AreElidedInTheMiddleByLabelsWithoutRoom) {
     ElidedLabel label(20, nullptr);
     label.setText(QStringLiteral("Select Material : /a/folder/of/libraries/stdmat.lby"));
