@@ -46,7 +46,7 @@ bool ShowTipOfLine(const QAbstractItemView& list, QPoint place) {
     if (!index.isValid())
         return false;
     const QRect line = list.visualRect(index).intersected(list.viewport()->rect());
-    QString text = index.data(Qt::ToolTipRole).toString();
+    QString text = index.data(toldRole).toString();
     if (text.isEmpty() && list.sizeHintForIndex(index).width() > line.width())
         text = index.data().toString();
     if (!text.isEmpty())

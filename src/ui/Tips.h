@@ -8,6 +8,10 @@ class QWidget;
 
 namespace strativo {
 
+/// Under this role a list's line keeps the plain text that it tells in its tooltip, if that is not
+/// the line itself.
+inline constexpr int toldRole = Qt::UserRole;
+
 /// The text in lines of at most that many characters, broken at blanks where possible.
 QString InLines(const QString& text, int longest);
 
@@ -17,7 +21,7 @@ void ShowTip(QWidget& control, const QString& text, QRect part = {});
 
 /// Shows the tooltips of all windows in lines of at most 60 characters. They appear below the whole
 /// control (or above it at the end of the screen), so that none covers the row or point it
-/// describes. Those of a list's lines are plain text; a line that is cut off tells all of it.
+/// describes. A list's line that is cut off tells all of it.
 class Tips : public QObject {
 public:
     explicit Tips(QObject* parent);

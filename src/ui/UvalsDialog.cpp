@@ -10,6 +10,7 @@
 #include "ui/ListLabels.h"
 #include "ui/MaterialList.h"
 #include "ui/Text.h"
+#include "ui/Tips.h"
 #include "ui/Twips.h"
 
 #include <QButtonGroup>
@@ -185,9 +186,9 @@ void UvalsDialog::TellCutNames(const std::vector<std::string>& lines) {
         const int row = static_cast<int>(line);
         const std::string& name = shownMaterials[row + 1].name;
         const bool isWhole = lines[line].compare(0, name.size(), name) == 0;
-        const QString tip = isWhole ? QString() : Elided(ToText(name));
-        if (QListWidgetItem& item = *ui.UValueList->item(row); item.toolTip() != tip)
-            item.setToolTip(tip);
+        const QVariant told = isWhole ? QVariant() : Elided(ToText(name));
+        if (QListWidgetItem& item = *ui.UValueList->item(row); item.data(toldRole) != told)
+            item.setData(toldRole, told);
     }
 }
 

@@ -2,6 +2,7 @@
 #include "edit/ConstructionSlots.h"
 #include "ui/ChildWindow.h"
 #include "ui/ElidedLabel.h"
+#include "ui/Tips.h"
 #include "ui/UValue.h"
 #include "ui/UvalsDialog.h"
 #include "ui/WindowArea.h"
@@ -140,9 +141,9 @@ TEST_F(ShownNames, AMaterialWhoseNameIsCutOffTellsItInATooltip) {
     Choose("NewUValue");
     QListWidget* list = Materials();
     const auto* cut = list->findItems(QStringLiteral("OAK"), Qt::MatchStartsWith).front();
-    EXPECT_EQ(cut->toolTip().toStdString(), name);
+    EXPECT_EQ(cut->data(toldRole).toString().toStdString(), name);
     const auto* whole = list->findItems(QStringLiteral("YYY"), Qt::MatchStartsWith).front();
-    EXPECT_EQ(whole->toolTip(), QString()) << "the list's own is shown";
+    EXPECT_EQ(whole->data(toldRole), QVariant()) << "the list's own is shown";
 }
 
 TEST_F(ShownNames, EnterInTheDialogBringsAMinimisedConstructionToSight) {
