@@ -47,13 +47,50 @@ TEST_F(GlassStory, ACurveIsDrawnWithMouseKeysAndTypedValues) {
                      "!END", ""}));
 }
 
+namespace {
+
+std::string FileWithTwoTypes() {
+    return Lines(
+        {"!WINDOW = 'TINTED'",
+         "!TRANSMISSION =", "0.05, 0.8, 0.79, 0.78, 0.77, 0.75, 0.71, 0.64, 0.5, 0.28, 0.0",
+         "!ABSORPTION =", "0.1, 0.1, 0.1, 0.1, 0.1, 0.1, 0.1, 0.1, 0.1, 0.1, 0.1",
+         "!DIFFUSION =", "0.2, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0", "!END", "!WINDOW = 'THIRD'", "!END"});
+}
+
+/// What saving gives once its types were imported beside a new one.
+std::string FileWithThreeTypes() {
+    const std::string nothing = "0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0";
+    return Lines({"!MATERIALS FILE = ' '",
+                  "",
+                  "!WINDOW = 'TINTED'",
+                  "!TRANSMISSION =",
+                  "0.05, 0.8, 0.79, 0.78, 0.77, 0.75, 0.71, 0.64, 0.5, 0.28, 0.0",
+                  "!ABSORPTION =",
+                  "0.1, 0.1, 0.1, 0.1, 0.1, 0.1, 0.1, 0.1, 0.1, 0.1, 0.1",
+                  "!DIFFUSION =",
+                  "0.2, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0",
+                  "!END",
+                  "",
+                  "!WINDOW = 'SECOND'",
+                  "!TRANSMISSION =",
+                  nothing,
+                  "!ABSORPTION =",
+                  nothing,
+                  "!END",
+                  "",
+                  "!WINDOW = 'THIRD'",
+                  "!TRANSMISSION =",
+                  nothing,
+                  "!ABSORPTION =",
+                  nothing,
+                  "!END",
+                  ""});
+}
+
+} // namespace
+
 TEST_F(GlassStory, NamesAreCheckedTypesDeletedAndImported) {
-    Write("other.con",
-          Lines({"!WINDOW = 'TINTED'",
-                 "!TRANSMISSION =", "0.05, 0.8, 0.79, 0.78, 0.77, 0.75, 0.71, 0.64, 0.5, 0.28, 0.0",
-                 "!ABSORPTION =", "0.1, 0.1, 0.1, 0.1, 0.1, 0.1, 0.1, 0.1, 0.1, 0.1, 0.1",
-                 "!DIFFUSION =", "0.2, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0", "!END", "!WINDOW = 'THIRD'",
-                 "!END"}));
+    Write("other.con", FileWithTwoTypes());
     OpenGlassTypes();
     AddType();
     Enter("CLEAR");
@@ -90,35 +127,9 @@ TEST_F(GlassStory, NamesAreCheckedTypesDeletedAndImported) {
     ChooseFile("Open Construction file", PathOf("other.con"));
     EXPECT_THAT(Names(), ElementsAre("TINTED", "SECOND", "THIRD"));
 
-    const std::string nothing = "0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0";
     ChooseMenu("Filemenu", "SaveProject");
     ChooseFile("Save Construction file as ", PathOf("glass.con"));
-    EXPECT_EQ(Read("glass.con"),
-              Lines({"!MATERIALS FILE = ' '",
-                     "",
-                     "!WINDOW = 'TINTED'",
-                     "!TRANSMISSION =",
-                     "0.05, 0.8, 0.79, 0.78, 0.77, 0.75, 0.71, 0.64, 0.5, 0.28, 0.0",
-                     "!ABSORPTION =",
-                     "0.1, 0.1, 0.1, 0.1, 0.1, 0.1, 0.1, 0.1, 0.1, 0.1, 0.1",
-                     "!DIFFUSION =",
-                     "0.2, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0",
-                     "!END",
-                     "",
-                     "!WINDOW = 'SECOND'",
-                     "!TRANSMISSION =",
-                     nothing,
-                     "!ABSORPTION =",
-                     nothing,
-                     "!END",
-                     "",
-                     "!WINDOW = 'THIRD'",
-                     "!TRANSMISSION =",
-                     nothing,
-                     "!ABSORPTION =",
-                     nothing,
-                     "!END",
-                     ""}));
+    EXPECT_EQ(Read("glass.con"), FileWithThreeTypes());
 }
 
 } // namespace strativo
