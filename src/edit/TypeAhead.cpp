@@ -1,24 +1,11 @@
 #include "edit/TypeAhead.h"
 
 #include "text/Lines.h"
+#include "text/Windows1252.h"
 
 namespace strativo {
 
 namespace {
-
-/// The text in capitals; letters that have no capital in Windows-1252 stay.
-std::string Capitals(std::string_view text) {
-    std::string capitals(text);
-    for (char& c : capitals) {
-        const auto code = static_cast<unsigned char>(c);
-        const bool ascii = code >= 'a' && code <= 'z';
-        constexpr unsigned char divisionSign = 0xf7;
-        const bool accented = code >= 0xe0 && code <= 0xfe && code != divisionSign;
-        if (ascii || accented)
-            c = static_cast<char>(code - ('a' - 'A'));
-    }
-    return capitals;
-}
 
 template <class Matches>
 int NextLine(const std::vector<std::string>& names, int from, Matches matches) {
@@ -26,7 +13,7 @@ int NextLine(const std::vector<std::string>& names, int from, Matches matches) {
     const int start = from >= 0 && from < count ? from : 0;
     for (int step = 0; step < count; ++step) {
         const int line = (start + step) % count;
-        if (matches(Capitals(names[static_cast<std::size_t>(line)])))
+        if (matches(LowerCase(names[static_cast<std::size_t>(line)])))
             return line;
     }
     return -1;
@@ -37,7 +24,7 @@ int NextLine(const std::vector<std::string>& names, int from, Matches matches) {
 int LineOfTyped(const std::vector<std::string>& names, std::string_view typed, int from) {
     if (typed.empty())
         return -1;
-    const std::string wanted = Capitals(typed);
+    const std::string wanted = LowerCase(typed);
     const auto begins = [&](const std::string& name) { return name.starts_with(wanted); };
     const auto contains = [&](const std::string& name) { return Contains(name, wanted); };
     const int line = NextLine(names, from, begins);

@@ -15,7 +15,6 @@
 #include "ui/KeyRepeat.h"
 #include "ui/LayerList.h"
 #include "ui/Text.h"
-#include "ui/Twips.h"
 
 #include <QComboBox>
 #include <QDrag>

@@ -33,7 +33,7 @@ public:
     /// Shows name, number, type, layers and U-value.
     void ShowConstruction();
     void RefreshLayerList();
-    /// "Uvalue" windows are distinguished by their number; an empty window has none.
+    /// Whether there is no construction with the window's number.
     bool IsEmpty() const;
     /// Moves the focus to the layer list.
     void FocusList();

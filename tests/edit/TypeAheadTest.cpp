@@ -5,8 +5,8 @@
 namespace strativo {
 namespace {
 
-const std::vector<std::string> names = {"AIR GAP",          "BLOCK",   "BRICK", "BRICK INNER",
-                                        "GLASS INSULATION", "\xC4RMEL"};
+const std::vector<std::string> names = {"AIR GAP",          "BLOCK",    "BRICK",    "BRICK INNER",
+                                        "GLASS INSULATION", "\xC4RMEL", "\x8AKVARA"};
 
 struct TypedRow {
     const char* name;
@@ -31,6 +31,7 @@ constexpr TypedRow rows[] = {
     {"AWordBehindABlank", "K INN", 0, 3},
     {"AnyLetterCase", "aIr", 2, 0},
     {"LettersBeyondAscii", "\xE4r", 0, 5},
+    {"LettersWhoseCapitalsLieElsewhere", "\x9Ak", 0, 6},
     {"NothingTyped", "", 0, -1},
     {"NothingFound", "zinc", 0, -1},
     {"OneLetterAgainGoesOn", "bb", 1, 2},
