@@ -23,12 +23,16 @@ double TypedValue(std::string_view text) {
 }
 
 void StoreValue(Project& project, GlassProfile& profile, double value) {
-    const auto limited = static_cast<float>(std::clamp(value, 0.0, 1.0));
+    const auto rounded = static_cast<float>(value);
     float& stored = profile.Shown()[project.selectedProfileColumn];
-    if (stored == limited)
+    if (stored == rounded)
         return;
-    stored = limited;
+    stored = rounded;
     project.changed = true;
+}
+
+double WithinGraph(double value) {
+    return std::clamp(value, 0.0, 1.0);
 }
 
 double KeyStep(ProfileKey key) {
@@ -114,7 +118,7 @@ void PressGraph(Project& project, GlassProfile& profile, const GraphGeometry& gr
 void DragGraph(Project& project, GlassProfile& profile, const GraphGeometry& graph, double y) {
     if (project.selectedProfileColumn == 0)
         return;
-    StoreValue(project, profile, graph.ValueAt(y + profile.dragOffset));
+    StoreValue(project, profile, WithinGraph(graph.ValueAt(y + profile.dragOffset)));
     project.changed = true;
 }
 
@@ -124,14 +128,18 @@ void PressProfileKey(Project& project, GlassProfile& profile, ProfileKey key) {
         column = 1;
         return;
     }
-    if (const double step = KeyStep(key); step != 0)
-        StoreValue(project, profile, profile.Shown()[column] + step);
+    // A value that a file left outside the graph comes back in steps too.
+    const double value = profile.Shown()[column] + KeyStep(key);
+    if (KeyStep(key) > 0)
+        StoreValue(project, profile, std::min(value, 1.0));
+    else if (KeyStep(key) < 0)
+        StoreValue(project, profile, std::max(value, 0.0));
     column = ColumnAfterKey(column, key);
 }
 
 void TypeValue(Project& project, GlassProfile& profile, std::string_view text) {
     if (project.selectedProfileColumn > 0)
-        StoreValue(project, profile, TypedValue(text));
+        StoreValue(project, profile, WithinGraph(TypedValue(text)));
 }
 
 void SelectNextColumn(Project& project) {

@@ -1,6 +1,7 @@
 #include "ui/QtPrompts.h"
 
 #include "files/FileAccess.h"
+#include "ui/MainWindowPlace.h"
 #include "ui/MessageBox.h"
 #include "ui/STRATVMD.h"
 #include "ui/Text.h"
@@ -92,6 +93,7 @@ std::optional<std::string> QtPrompts::AskFile(const FilePrompt& prompt, bool sav
         box.selectFile(PathText(prompt.initialName));
     ShowColumnsWhole(box);
     box.installEventFilter(new PlainQuestions(&box));
+    box.resize(FittingSize(box.sizeHint(), window));
     if (box.exec() != QDialog::Accepted || box.selectedFiles().isEmpty())
         return std::nullopt;
     return PathBytes(box.selectedFiles().front());

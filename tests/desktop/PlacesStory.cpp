@@ -4,6 +4,8 @@
 #include "ui/UvalsDialog.h"
 #include "ui/WindowArea.h"
 
+#include <QAction>
+#include <QApplication>
 #include <QScreen>
 #include <QStatusBar>
 
@@ -110,6 +112,26 @@ TEST_F(SmallScreen, AMaximisedWindowHasSelectMaterialInItsCorner) {
         EXPECT_LT(area.bottom() - frame.bottom(), 20);
     });
     EXPECT_NO_THROW(PlaceOf(dialog, "UValueList"));
+}
+
+/// As much room as the small screen has at 200 %.
+class MagnifiedScreen : public PlacesStory {};
+
+TEST_F(MagnifiedScreen, AFilePromptLiesOnItWithItsButtons) {
+    Start();
+    InGui([this] {
+        QMetaObject::invokeMethod(window->findChild<QAction*>(QStringLiteral("OpenProject")),
+                                  "trigger", Qt::QueuedConnection);
+    });
+    WaitFor("the prompt", [] { return QApplication::activeModalWidget() != nullptr; });
+    WaitForInput();
+    const auto [screen, prompt] = InGui([] {
+        const QWidget* front = QApplication::activeModalWidget();
+        return std::pair(front->screen()->availableGeometry(), front->frameGeometry());
+    });
+    EXPECT_LE(screen.width(), 640);
+    EXPECT_TRUE(screen.contains(prompt)) << prompt.height();
+    CancelPrompt("Open Construction file");
 }
 
 TEST_F(SmallScreen, AWindowThatWasMaximisedIsSoAgainAndHasItsSizeBefore) {

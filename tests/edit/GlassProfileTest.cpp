@@ -48,6 +48,25 @@ TEST_F(GlassProfileTest, KeepsTheSelectedColumnWhenOpenedAgain) {
     EXPECT_EQ(ColumnText(project, profile), "Transmission at 50 degrees");
 }
 
+TEST_F(GlassProfileTest, TakesAValueOutsideTheGraphBackInSteps) {
+    project.glassTypes[1].transmission[2] = 1.25F;
+    profile = OpenProfile(project);
+    Column() = 2;
+    Press(ProfileKey::down);
+    EXPECT_FLOAT_EQ(Value(2), 1.24F);
+    Press(ProfileKey::pageDown);
+    EXPECT_FLOAT_EQ(Value(2), 1.14F);
+    Press(ProfileKey::up);
+    EXPECT_EQ(Value(2), 1) << "limited on this side";
+    project.glassTypes[1].transmission[2] = -0.2F;
+    profile = OpenProfile(project);
+    Column() = 2;
+    Press(ProfileKey::up);
+    EXPECT_FLOAT_EQ(Value(2), -0.19F);
+    Press(ProfileKey::down);
+    EXPECT_EQ(Value(2), 0) << "limited on this side";
+}
+
 TEST_F(GlassProfileTest, KeepsAValueOutsideTheGraphWhenAnotherIsSelected) {
     project.glassTypes[1].transmission[2] = 1.25F;
     profile = OpenProfile(project);
