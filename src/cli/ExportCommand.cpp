@@ -77,10 +77,8 @@ int Export(const Invocation& call, std::ostream& out, std::ostream& err) {
     if (session.Failed())
         return exitFailure;
     const std::string path = call.output.empty() ? standardStream : call.output;
-    if (session.HasLibrary(path)) {
-        PrintError(err, PathToUtf8(path) + outputIsInput);
+    if (session.WouldLoseLibrary(path, err))
         return exitWrongUsage;
-    }
     const EpModel model =
         MakeEpModel(session.project, {call.firstLayer == "inside", call.opaqueOnly});
     for (const LeftOut& leftOut : model.leftOut)

@@ -162,10 +162,8 @@ int WriteReport(const Invocation& call, std::ostream& out, std::ostream& err) {
         if (!session.WasRead())
             return session.Status();
         const std::string& path = pages.paths.at(file);
-        if (session.HasLibrary(path)) {
-            PrintError(fileErr, PathToUtf8(path) + outputIsInput);
+        if (session.WouldLoseLibrary(path, fileErr))
             return exitWrongUsage;
-        }
         std::ostringstream page;
         WriteHtmlReport(page, session.project, DetailsOf(call, file, date));
         const std::lock_guard oneAtATime(writing);

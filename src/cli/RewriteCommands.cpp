@@ -1,7 +1,6 @@
 #include "cli/Commands.h"
 #include "cli/ExitStatus.h"
 #include "cli/Session.h"
-#include "cli/TextOutput.h"
 #include "files/GlassImport.h"
 #include "project/FileCommands.h"
 
@@ -15,10 +14,8 @@ namespace {
 int Save(Session& session, const std::string& path, std::ostream& err) {
     if (session.Failed())
         return session.Status();
-    if (session.HasLibrary(path)) {
-        PrintError(err, PathToUtf8(path) + outputIsInput);
+    if (session.WouldLoseLibrary(path, err))
         return exitWrongUsage;
-    }
     session.project.constructionFile = CallersPath(path);
     session.Run([&] { return SaveProject(session.project, session.prompts); });
     return session.Status();

@@ -2,6 +2,7 @@
 
 #include "cli/ExitStatus.h"
 #include "cli/InputOutput.h"
+#include "cli/TextOutput.h"
 #include "files/FileAccess.h"
 #include "project/NewProject.h"
 #include "project/ReadConstructionFile.h"
@@ -67,6 +68,13 @@ bool Session::HasLibrary(const std::string& path) const {
     };
     return (project.standardLoaded && isAt(project.standardLibraryFile))
            || (project.userLoaded && isAt(project.userLibraryFile));
+}
+
+bool Session::WouldLoseLibrary(const std::string& path, std::ostream& err) const {
+    const bool wouldLose = HasLibrary(path);
+    if (wouldLose)
+        PrintError(err, PathToUtf8(path) + outputIsInput);
+    return wouldLose;
 }
 
 int Session::Status() const {

@@ -34,8 +34,8 @@ public:
     bool MayBeRewritten() const { return !failed && !foreign; }
     /// Whether an action failed.
     bool Failed() const { return failed; }
-    /// Whether an output of that name would replace a library that the file names.
-    bool HasLibrary(const std::string& path) const;
+    /// Whether an output of that name would replace a library that the file names, which is told.
+    bool WouldLoseLibrary(const std::string& path, std::ostream& err) const;
     /// 0, or 3 if an action failed.
     int Status() const;
 
@@ -44,6 +44,8 @@ public:
     Project project;
 
 private:
+    bool HasLibrary(const std::string& path) const;
+
     bool fileRead = false;
     bool foreign = false;
     bool failed = false;

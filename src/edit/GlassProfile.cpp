@@ -128,12 +128,11 @@ void PressProfileKey(Project& project, GlassProfile& profile, ProfileKey key) {
         column = 1;
         return;
     }
-    // A value that a file left outside the graph comes back in steps too.
-    const double value = profile.Shown()[column] + KeyStep(key);
-    if (KeyStep(key) > 0)
-        StoreValue(project, profile, std::min(value, 1.0));
-    else if (KeyStep(key) < 0)
-        StoreValue(project, profile, std::max(value, 0.0));
+    if (const double step = KeyStep(key); step != 0) {
+        // Limited on one side: a value that a file left outside the graph comes back in steps too.
+        const double value = profile.Shown()[column] + step;
+        StoreValue(project, profile, step > 0 ? std::min(value, 1.0) : std::max(value, 0.0));
+    }
     column = ColumnAfterKey(column, key);
 }
 

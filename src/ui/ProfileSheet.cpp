@@ -16,7 +16,6 @@ namespace {
 // inch.
 constexpr double graphWidth = 8250; // twips
 constexpr double graphHeight = 4500;
-
 constexpr double lowestGraph = 1500;
 
 constexpr int gap = 6;
